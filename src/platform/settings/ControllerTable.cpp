@@ -1,0 +1,91 @@
+#include <platform/settings/ControllerTable.h>
+#include <platform/settings/NameList.h>
+
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+constexpr int kLastCipherSuite = 17;
+
+// FreeIPMI's names of its workarounds, by protocol.
+const std::vector<std::string>& WorkaroundNames(const std::string& protocol) {
+    static const std::vector<std::string> k15 = {
+        "authcap",         "endianseq",       "forcepermsg",   "idzero",
+        "noauthcodecheck", "nochecksumcheck", "unexpectedauth"};
+    static const std::vector<std::string> k20 = {
+        "authcap", "integritycheckvalue", "intel20", "nochecksumcheck", "opensesspriv",
+        "sun20",   "supermicro20"};
+    return protocol == "1.5" ? k15 : k20;
+}
+
+template <class T>
+T Required(const TomlTable& table, std::string_view key, std::optional<T> value,
+           const std::string& allowed) {
+    if (!value) table.Reject(key, "nothing", allowed + "; add this key");
+    return *std::move(value);
+}
+
+std::string RequiredText(TomlTable& table, std::string_view key, const std::string& allowed) {
+    return Required(table, key, table.NonEmptyText(key), allowed);
+}
+
+void ReadLan(TomlTable& table, const std::filesystem::path& folder, ControllerSettings& lan) {
+    lan.host = RequiredText(table, "host", "is the name or the address of the controller");
+    lan.port = table.Integer<std::uint16_t>("port", 1, 65535).value_or(lan.port);
+    lan.user = table.Text("user").value_or(lan.user);
+    if (const auto file = table.NonEmptyText("password_file")) lan.passwordFile = folder / *file;
+    lan.protocol = table.Choice("protocol", {"2.0", "1.5"}).value_or(lan.protocol);
+    lan.cipherSuite = table.Integer("cipher_suite", 0, kLastCipherSuite).value_or(lan.cipherSuite);
+    lan.workarounds =
+        table.Choices("workarounds", WorkaroundNames(lan.protocol)).value_or(lan.workarounds);
+    lan.privilegeLevel = table.Choice("privilege_level", {"user", "operator", "administrator"})
+                             .value_or(lan.privilegeLevel);
+}
+
+ControllerSettings ReadSimulated(TomlTable& table, std::size_t position,
+                                 const std::filesystem::path& folder) {
+    const std::string file =
+        RequiredText(table, "profile", "is the path of a simulated machine's profile");
+    const SimulatedProfile profile = ReadSimulatedProfile(folder / file);
+    if (position >= profile.nodes.size())
+        table.Reject("profile",
+                     "a profile with this number of [[node]] tables: " +
+                         std::to_string(profile.nodes.size()),
+                     "is a profile with one for this controller, the number of which is " +
+                         std::to_string(position) + ", counted from 0");
+    return SimulatedController(profile, position);
+}
+
+}  // namespace
+
+ControllerSettings ReadController(TomlTable& table, std::size_t position,
+                                  const std::filesystem::path& folder) {
+    const std::vector<std::string> transports = {"inband", "lan", "simulated"};
+    const std::string transport = Required(
+        table, "transport", table.Choice("transport", transports), QuotedNames(transports));
+    ControllerSettings controller;
+    if (transport == "simulated") {
+        controller = ReadSimulated(table, position, folder);
+    } else if (transport == "lan") {
+        controller.transport = TransportKind::Lan;
+        ReadLan(table, folder, controller);
+    } else {
+        controller.device =
+            folder /
+            RequiredText(table, "device", R"(is the path of a device, such as "/dev/ipmi0")");
+    }
+    table.RejectOtherKeys();
+    return controller;
+}
+
+ControllerSettings SimulatedController(const SimulatedProfile& profile, std::size_t position) {
+    ControllerSettings controller;
+    controller.transport = TransportKind::Simulated;
+    controller.simulated = std::make_shared<const SimulatedNode>(profile.nodes.at(position));
+    controller.simulatedGeneration = profile.generation;
+    return controller;
+}
+
+}  // namespace platform

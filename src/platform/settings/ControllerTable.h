@@ -1,0 +1,20 @@
+// How one controller is reached, from a [[controller]] table or from a simulated machine.
+#pragma once
+
+#include <platform/settings/Settings.h>
+#include <platform/settings/TomlTable.h>
+
+#include <cstddef>
+#include <filesystem>
+
+namespace platform {
+
+// Reads the [[controller]] table at `position` (from 0). Relative paths start at `folder`. Only
+// the keys of the table's transport are allowed. Throws SettingsError.
+ControllerSettings ReadController(TomlTable& table, std::size_t position,
+                                  const std::filesystem::path& folder);
+
+// The controller that plays the node at `position`, which the profile must have.
+ControllerSettings SimulatedController(const SimulatedProfile& profile, std::size_t position);
+
+}  // namespace platform

@@ -1,0 +1,21 @@
+// The variables that the settings come from.
+#pragma once
+
+#include <platform/settings/Settings.h>
+
+#include <optional>
+#include <string>
+
+namespace platform {
+
+// The value of a variable; nothing when it is not set or empty.
+std::optional<std::string> EnvironmentText(const char* variable);
+
+// Applies BMCI2C_ROOT, BMCI2C_LOG, BMCI2C_LOG_LEVEL and BMCI2C_LOG_CAPTURE. Throws SettingsError,
+// whose text begins with the variable's name.
+void ApplyEnvironment(Settings& settings);
+
+// The same, but a variable that is wrong is passed over.
+void ApplyValidEnvironment(Settings& settings);
+
+}  // namespace platform

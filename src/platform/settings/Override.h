@@ -1,0 +1,17 @@
+// How a source of settings goes before another.
+#pragma once
+
+#include <platform/settings/Settings.h>
+
+#include <optional>
+#include <utility>
+
+namespace platform {
+
+// Puts the value, when there is one, in the place of what the setting holds.
+template <class T, class Value>
+void Override(Setting<T>& setting, std::optional<Value> value, Origin origin) {
+    if (value) setting = {*std::move(value), origin};
+}
+
+}  // namespace platform

@@ -1,0 +1,80 @@
+// The settings in force: one TOML file (platform.toml), a simulated-machine profile, and the
+// environment (BMCI2C_CONFIG, BMCI2C_ROOT, BMCI2C_SIMULATE, BMCI2C_LOG, BMCI2C_LOG_LEVEL and
+// BMCI2C_LOG_CAPTURE; an empty variable counts as unset).
+//
+// The environment goes before the file, the file before the defaults. A profile that
+// BMCI2C_SIMULATE names is the whole machine: what it says of machine type, BIOS identifier, OXC
+// family, OEM build and controllers goes before the file.
+//
+// A relative path in the settings file starts at that file's folder, one in the environment at the
+// working directory.
+#pragma once
+
+#include <platform/settings/SimulatedProfile.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace platform {
+
+enum class Origin { Default, File, Environment, Profile };
+
+// A value and where it came from.
+template <class T>
+struct Setting {
+    T value{};
+    Origin origin = Origin::Default;
+};
+
+enum class TransportKind { InBand, Lan, Simulated };
+
+// How one controller is reached.
+struct ControllerSettings {
+    TransportKind transport = TransportKind::InBand;
+    std::string device;                              // in-band: "/dev/ipmi0"
+    std::string host;                                // LAN: name or address
+    std::uint16_t port = 623;                        // LAN: UDP port (RMCP)
+    std::string user;                                // LAN
+    std::string passwordFile;                        // LAN: its first line is the password
+    std::string protocol = "2.0";                    // LAN: "2.0" (RMCP+) or "1.5"
+    int cipherSuite = 3;                             // LAN 2.0: 0 to 17
+    std::vector<std::string> workarounds;            // LAN: FreeIPMI's names of this protocol
+    std::string privilegeLevel = "administrator";    // LAN: "user", "operator", "administrator"
+    std::shared_ptr<const SimulatedNode> simulated;  // simulated: how it answers
+    int simulatedGeneration = 1;                     // simulated: answer of the generation query
+};
+
+struct Settings {
+    Setting<std::string> configFile;   // the file read; empty when there is none
+    Setting<std::string> profileFile;  // the profile in force; empty when there is none
+    Setting<std::optional<std::string>> machineType;  // replaces what SMBIOS says
+    Setting<std::optional<std::string>> biosId;
+    Setting<std::string> smbiosDir{"/sys/class/dmi/id"};  // holds product_name and bios_version
+    Setting<std::string> root;                            // diagnostics root directory
+    Setting<bool> oemBuild;
+    Setting<bool> oxc;          // the controllers are of the OXC family
+    Setting<int> timeLimit{4};  // seconds, per controller and command
+    // Unset: every /dev/ipmiN is a controller, in numeric order.
+    Setting<std::optional<std::vector<ControllerSettings>>> controllers;
+    Setting<std::string> log{"syslog"};  // as in LogTarget.h
+    Setting<int> logLevel{2};            // lines of this severity and graver are written
+    Setting<std::optional<std::string>> logCapture;  // a JSON file that gets every line as well
+    std::string problem;  // why the settings could not be read; else empty
+};
+
+// Reads what the environment names. Throws SettingsError.
+Settings ReadSettings();
+
+// What holds while the settings cannot be read: the defaults, what is right among BMCI2C_ROOT and
+// the log variables (they do not depend on a file), no controller at all, and `problem`.
+Settings SettingsInTrouble(const std::string& problem);
+
+// The settings that the module works with: read once. While they cannot be read, every call tries
+// again and gives SettingsInTrouble, so that a broken file never lets the test talk to the wrong
+// controllers.
+std::shared_ptr<const Settings> CurrentSettings();
+
+}  // namespace platform

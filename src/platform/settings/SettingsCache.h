@@ -1,0 +1,22 @@
+// The settings as long as a process lives.
+#pragma once
+
+#include <platform/settings/Settings.h>
+
+#include <memory>
+#include <mutex>
+
+namespace platform {
+
+class SettingsCache {
+public:
+    // Reads the settings until that succeeds once, then gives the same object again and again;
+    // until then gives SettingsInTrouble. Safe from any thread.
+    std::shared_ptr<const Settings> Get();
+
+private:
+    std::mutex mutex;  // guards `settings`
+    std::shared_ptr<const Settings> settings;
+};
+
+}  // namespace platform

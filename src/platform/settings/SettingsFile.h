@@ -1,0 +1,12 @@
+// The settings file, platform.toml.
+#pragma once
+
+#include <platform/settings/Settings.h>
+
+namespace platform {
+
+// Applies the file that BMCI2C_CONFIG names, which must be there, or else the default file, which
+// need not. Throws SettingsError.
+void ApplySettingsFile(Settings& settings);
+
+}  // namespace platform

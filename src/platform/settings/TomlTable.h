@@ -1,0 +1,82 @@
+// A table of a TOML file, read key by key; says exactly what is wrong with it.
+//
+//     platform::TomlTable file = platform::TomlTable::Read("/etc/bmci2c/platform.toml");
+//     if (std::optional<platform::TomlTable> machine = file.Table("machine")) {
+//         std::optional<std::string> type = machine->Text("type");
+//         machine->RejectOtherKeys();
+//     }
+//     file.RejectOtherKeys();
+//
+// The keys that are asked for are the keys that are allowed, so they are written down once. A key
+// that is not in the table gives no value. Every operation throws SettingsError, whose text reads
+// "file:line:column: key 'machine.type': found ..., allowed ....".
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace platform {
+
+class TomlTable {
+public:
+    // Reads a file; a file that cannot be read is an error.
+    static TomlTable Read(const std::string& path);
+
+    std::optional<bool> Boolean(std::string_view key);
+    std::optional<std::string> Text(std::string_view key);
+    std::optional<std::string> NonEmptyText(std::string_view key);
+
+    // One of the names, or an array of some of them.
+    std::optional<std::string> Choice(std::string_view key, const std::vector<std::string>& names);
+    std::optional<std::vector<std::string>> Choices(std::string_view key,
+                                                    const std::vector<std::string>& names);
+
+    // A number from `least` to `most`, or an array of such.
+    template <class Number>
+    std::optional<Number> Integer(std::string_view key, Number least, Number most);
+    template <class Number>
+    std::optional<std::vector<Number>> Integers(std::string_view key, Number least, Number most);
+
+    std::optional<TomlTable> Table(std::string_view key);
+    std::optional<std::vector<TomlTable>> Tables(std::string_view key);
+
+    // Throws when the table holds a key that was not asked for; names the first of them.
+    void RejectOtherKeys() const;
+
+    // Throws: the key's value, or its absence, is wrong.
+    [[noreturn]] void Reject(std::string_view key, const std::string& found,
+                             const std::string& allowed) const;
+
+private:
+    struct Content;
+
+    explicit TomlTable(std::shared_ptr<Content> tableContent);
+    std::optional<std::int64_t> WideInteger(std::string_view key, std::int64_t least,
+                                            std::int64_t most);
+    std::optional<std::vector<std::int64_t>> WideIntegers(std::string_view key, std::int64_t least,
+                                                          std::int64_t most);
+
+    std::shared_ptr<Content> content;
+};
+
+template <class Number>
+std::optional<Number> TomlTable::Integer(std::string_view key, Number least, Number most) {
+    const std::optional<std::int64_t> wide = WideInteger(key, least, most);
+    return wide ? std::optional(static_cast<Number>(*wide)) : std::nullopt;
+}
+
+template <class Number>
+std::optional<std::vector<Number>> TomlTable::Integers(std::string_view key, Number least,
+                                                       Number most) {
+    const std::optional<std::vector<std::int64_t>> wide = WideIntegers(key, least, most);
+    if (!wide) return std::nullopt;
+    std::vector<Number> numbers;
+    for (const std::int64_t number : *wide) numbers.push_back(static_cast<Number>(number));
+    return numbers;
+}
+
+}  // namespace platform

@@ -1,0 +1,25 @@
+// How a line of the core logger is written, and how its severity passes through spdlog.
+#pragma once
+
+#include <spdlog/common.h>
+#include <spdlog/formatter.h>
+
+#include <memory>
+
+namespace NQUVZDX20 {
+
+// spdlog's levels grow with the gravity, severities shrink with it. A number that is no severity is
+// taken as the nearest one.
+spdlog::level::level_enum LevelOf(int severity);
+int SeverityOf(spdlog::level::level_enum level);
+
+// "2024-05-31 12:00:00.123 bmci2c[4711] 2: text" and a line break.
+std::unique_ptr<spdlog::formatter> MakeTextFormat();
+
+// {"severity":2,"text":"text"} and a line break. Bytes that are not UTF-8 become U+FFFD.
+std::unique_ptr<spdlog::formatter> MakeJsonFormat();
+
+// "<27>May 31 12:00:00 bmci2c[4711]: text", as syslog's socket takes it.
+std::unique_ptr<spdlog::formatter> MakeSyslogFormat();
+
+}  // namespace NQUVZDX20

@@ -1,0 +1,37 @@
+#include <gmock/gmock.h>
+#include <platform/diagnostics/TOSSpecific.h>
+#include <platform/diagnostics/TRootObject.h>
+
+#include "SettingsEnvironment.h"
+#include "TemporaryFolder.h"
+
+namespace {
+
+using NQUVZDX20::TRootObject;
+
+// The settings and the logger of a process are made once, so this is the program's only test.
+TEST(LogEnvironment, LogAndLevelAndCapture_AreFollowedAlsoWhileTheFileIsBroken) {
+    const TemporaryFolder folder;
+    const SettingsEnvironment environment;
+    const std::string config = folder.Write("platform.toml", "[machine]\nkind = \"7000\"\n");
+    environment.Set("BMCI2C_CONFIG", config);
+    environment.Set("BMCI2C_LOG", "json:" + folder.File("log"));
+    environment.Set("BMCI2C_LOG_LEVEL", "3");
+    environment.Set("BMCI2C_LOG_CAPTURE", folder.File("capture"));
+
+    EXPECT_FALSE(NQUVZDX20::TOSSpecific::isOEMBuild());
+    folder.Write("platform.toml", "[machine]\ntype = \"7000\"\n");
+    EXPECT_EQ(NQUVZDX20::TOSSpecific::GetMachineTypeFromID(), "7000");
+    TRootObject::GetCoreLogger()->Log(NQUVZDX20::kLogTrace, "three");
+    TRootObject::GetCoreLogger()->Log(NQUVZDX20::kLogFinest, "four");
+
+    const std::string problem = R"({"severity":0,"text":"Settings: )" + config +
+                                ":2:1: key 'machine.kind': found an unknown key, allowed are "
+                                R"(bios_id, smbios_dir and type."})";
+    const std::string three = R"({"severity":3,"text":"three"})";
+    const std::string four = R"({"severity":4,"text":"four"})";
+    EXPECT_THAT(LinesOf(folder.File("log")), testing::ElementsAre(problem, three));
+    EXPECT_THAT(LinesOf(folder.File("capture")), testing::ElementsAre(problem, three, four));
+}
+
+}  // namespace

@@ -1,0 +1,60 @@
+#include <platform/diagnostics/TRootObject.h>
+#include <platform/service_processor/ExchangeLog.h>
+#include <platform/service_processor/Hexadecimal.h>
+
+namespace platform {
+
+namespace {
+
+void Log(NQUVZDX20::EZDXLogSeverity severity, const std::string& text) {
+    NQUVZDX20::TRootObject::GetCoreLogger()->Log(severity, "SP: " + text);
+}
+
+std::string Counted(std::size_t count, const std::string& noun) {
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+std::string Beginning(const ExchangeFacts& facts) {
+    return "node " + std::to_string(facts.node) + " (" + facts.way + "): network function " +
+           Hexadecimal(facts.request.netFn) + ", command " + Hexadecimal(facts.request.command) +
+           ": ";
+}
+
+std::string Effort(int attempts, std::chrono::milliseconds elapsed) {
+    return Counted(static_cast<std::size_t>(attempts), "attempt") + ", " +
+           std::to_string(elapsed.count()) + " ms";
+}
+
+std::string Meaning(std::uint8_t completionCode) {
+    switch (completionCode) {
+        case kCompleted:
+            return "";
+        case kNodeBusy:
+        case kControllerBusy:
+            return " (the controller is busy)";
+        case kInvalidCommand:
+            return " (the controller does not know the command)";
+        case kInsufficientPrivilege:
+            return " (the user's privilege level is too low for the command)";
+        default:
+            return " (the controller could not carry out the command)";
+    }
+}
+
+}  // namespace
+
+void LogAnswer(const ExchangeFacts& facts, const IpmiAnswer& answer) {
+    Log(answer.completionCode == kCompleted ? NQUVZDX20::kLogFinest : NQUVZDX20::kLogError,
+        Beginning(facts) + "completion code " + Hexadecimal(answer.completionCode) +
+            Meaning(answer.completionCode) + ", " + Counted(answer.data.size(), "data byte") +
+            ", " + Effort(answer.attempts, facts.elapsed));
+}
+
+void LogTrouble(const ExchangeFacts& facts, const TransportError& error) {
+    Log(NQUVZDX20::kLogError, Beginning(facts) + error.what() + " (no completion code, " +
+                                  Effort(error.Attempts(), facts.elapsed) + ")");
+}
+
+void LogTrouble(const std::string& text) { Log(NQUVZDX20::kLogError, text); }
+
+}  // namespace platform

@@ -1,0 +1,132 @@
+#include <freeipmi/freeipmi.h>
+#include <platform/service_processor/LanTrouble.h>
+
+namespace platform {
+
+namespace {
+
+// "4 s", "1.5 s".
+std::string InSeconds(std::chrono::milliseconds time) {
+    const auto tenths = (time.count() + 50) / 100;
+    std::string text = std::to_string(tenths / 10);
+    if (tenths % 10 != 0) text += "." + std::to_string(tenths % 10);
+    return text + " s";
+}
+
+std::string ControllerAt(const LanCircumstances& circumstances) {
+    return "The controller at " + circumstances.address;
+}
+
+std::string User(const LanCircumstances& circumstances) {
+    return "the user '" + circumstances.controller.user + "'";
+}
+
+Trouble KindOfOpenTrouble(int error) {
+    switch (error) {
+        case IPMI_ERR_CONNECTION_TIMEOUT:
+        case IPMI_ERR_SESSION_TIMEOUT:
+            return Trouble::NoAnswer;
+        case IPMI_ERR_HOSTNAME_INVALID:
+            return Trouble::UnknownHost;
+        case IPMI_ERR_USERNAME_INVALID:
+            return Trouble::UnknownUser;
+        case IPMI_ERR_PASSWORD_INVALID:
+        case IPMI_ERR_PASSWORD_VERIFICATION_TIMEOUT:
+            return Trouble::WrongPassword;
+        case IPMI_ERR_PRIVILEGE_LEVEL_INSUFFICIENT:
+        case IPMI_ERR_PRIVILEGE_LEVEL_CANNOT_BE_OBTAINED:
+            return Trouble::PrivilegeRefused;
+        case IPMI_ERR_IPMI_2_0_UNAVAILABLE:
+        case IPMI_ERR_AUTHENTICATION_TYPE_UNAVAILABLE:
+        case IPMI_ERR_CIPHER_SUITE_ID_UNAVAILABLE:
+        case IPMI_ERR_BAD_RMCPPLUS_STATUS_CODE:
+        case IPMI_ERR_IPMI_ERROR:
+            return Trouble::AuthenticationRefused;
+        case IPMI_ERR_BMC_BUSY:
+            return Trouble::Busy;
+        default:
+            return Trouble::Other;
+    }
+}
+
+std::string SilenceText(const LanCircumstances& at) {
+    const std::string time = InSeconds(at.silence);
+    if (at.error == IPMI_ERR_CONNECTION_TIMEOUT) {
+        return ControllerAt(at) + " did not answer within " + time +
+               ". Check the address, the port, and that IPMI over LAN is switched on.";
+    }
+    return ControllerAt(at) + " stopped answering for " + time + " while a session was opened.";
+}
+
+std::string PasswordText(const LanCircumstances& at) {
+    if (at.error == IPMI_ERR_PASSWORD_INVALID) {
+        return ControllerAt(at) + " has another password for " + User(at) + ".";
+    }
+    return ControllerAt(at) + " did not answer the log-in of " + User(at) + " within " +
+           InSeconds(at.silence) + "; the password is probably wrong.";
+}
+
+std::string AuthenticationText(const LanCircumstances& at) {
+    switch (at.error) {
+        case IPMI_ERR_IPMI_2_0_UNAVAILABLE:
+            return ControllerAt(at) + " does not offer IPMI 2.0. Set protocol = \"1.5\".";
+        case IPMI_ERR_AUTHENTICATION_TYPE_UNAVAILABLE:
+            return ControllerAt(at) + " does not offer IPMI 1.5 with MD5. Set protocol = \"2.0\".";
+        default:
+            return ControllerAt(at) + " opened no session by cipher suite " +
+                   std::to_string(at.controller.cipherSuite) + ": " + at.errorText +
+                   ". Try another cipher_suite.";
+    }
+}
+
+std::string OpenText(Trouble kind, const LanCircumstances& at) {
+    switch (kind) {
+        case Trouble::NoAnswer:
+            return SilenceText(at);
+        case Trouble::UnknownHost:
+            return "The host name '" + at.controller.host + "' has no address.";
+        case Trouble::UnknownUser:
+            return ControllerAt(at) + " does not know " + User(at) + ".";
+        case Trouble::WrongPassword:
+            return PasswordText(at);
+        case Trouble::PrivilegeRefused:
+            return ControllerAt(at) + " does not let " + User(at) +
+                   " work at the privilege level " + at.controller.privilegeLevel + ".";
+        case Trouble::AuthenticationRefused:
+            return AuthenticationText(at);
+        case Trouble::Busy:
+            return ControllerAt(at) + " has no session free.";
+        default:
+            return ControllerAt(at) + " opened no session: " + at.errorText + ".";
+    }
+}
+
+}  // namespace
+
+TransportError OpenTrouble(const LanCircumstances& circumstances) {
+    const Trouble kind = KindOfOpenTrouble(circumstances.error);
+    return {kind, OpenText(kind, circumstances), circumstances.attempts};
+}
+
+TransportError TooSlowToOpen(const LanCircumstances& circumstances) {
+    return {Trouble::NoAnswer,
+            ControllerAt(circumstances) +
+                " took so long to open a session that the command was not sent.",
+            circumstances.attempts};
+}
+
+TransportError ExchangeTrouble(const LanCircumstances& circumstances) {
+    if (circumstances.error == IPMI_ERR_SESSION_TIMEOUT) {
+        return {Trouble::NoAnswer,
+                ControllerAt(circumstances) +
+                    " opened a session, but did not answer the command within " +
+                    InSeconds(circumstances.silence) + ".",
+                circumstances.attempts};
+    }
+    return {Trouble::Other,
+            "The request to the controller at " + circumstances.address +
+                " failed: " + circumstances.errorText + ".",
+            circumstances.attempts};
+}
+
+}  // namespace platform

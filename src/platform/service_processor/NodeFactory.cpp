@@ -1,0 +1,34 @@
+#include <platform/service_processor/ExchangeLog.h>
+#include <platform/service_processor/NodeFactory.h>
+#include <platform/service_processor/TransportFactory.h>
+
+namespace platform {
+
+namespace {
+
+bool IsAbsent(const ControllerSettings& controller) {
+    return controller.transport == TransportKind::Simulated && !controller.simulated->present;
+}
+
+}  // namespace
+
+std::unique_ptr<ControllerNode> MakeNode(const Settings& settings, int node,
+                                         const std::string& deviceFolder) {
+    const std::vector<ControllerSettings> nodes = NodeList(settings, deviceFolder);
+    if (node == 0 && nodes.empty() && !settings.controllers.value) {
+        LogTrouble(NoDeviceText(deviceFolder));
+    }
+    const int count = static_cast<int>(nodes.size());
+    if (node < 0 || node >= count) return nullptr;
+
+    const ControllerSettings& controller = nodes[static_cast<std::size_t>(node)];
+    if (IsAbsent(controller)) return nullptr;
+    return std::make_unique<ControllerNode>(
+        NodeFacts{.node = node,
+                  .nodeCount = count,
+                  .isOxc = settings.oxc.value,
+                  .timeLimit = std::chrono::seconds(settings.timeLimit.value)},
+        MakeTransport(controller, node));
+}
+
+}  // namespace platform

@@ -1,0 +1,23 @@
+// Which controllers this machine has.
+#pragma once
+
+#include <platform/settings/Settings.h>
+
+#include <string>
+#include <vector>
+
+namespace platform {
+
+// Where the kernel shows its devices.
+constexpr char kDeviceFolder[] = "/dev";
+
+// The controllers of the settings, in their order; without any, one in-band controller for each
+// IPMI device of the folder (ipmiN, ipmi/N, ipmidev/N), in numeric order.
+std::vector<ControllerSettings> NodeList(const Settings& settings,
+                                         const std::string& deviceFolder = kDeviceFolder);
+
+// Why there is no device in the folder: every path of device 0, each with its own reason, and what
+// to do.
+std::string NoDeviceText(const std::string& deviceFolder = kDeviceFolder);
+
+}  // namespace platform

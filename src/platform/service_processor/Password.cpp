@@ -1,0 +1,85 @@
+#include <fcntl.h>
+#include <platform/service_processor/Password.h>
+#include <platform/service_processor/TransportError.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <system_error>
+
+namespace platform {
+
+namespace {
+
+constexpr std::array kLineEnds = {'\r', '\n', '\0'};
+
+[[noreturn]] void Refuse(const std::string& file, const std::string& why) {
+    throw TransportError(Trouble::PasswordFile, "The password file " + file + " " + why);
+}
+
+class OpenFile {
+public:
+    // Without waiting, so that a pipe without a writer is refused and not waited for.
+    explicit OpenFile(const std::string& path)
+        : descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+    ~OpenFile() {
+        if (descriptor >= 0) close(descriptor);
+    }
+
+    int Descriptor() const { return descriptor; }
+
+private:
+    int descriptor;
+};
+
+std::string OctalMode(mode_t mode) {
+    std::string digits = "0";
+    for (const unsigned shift : {6U, 3U, 0U}) {
+        digits += static_cast<char>('0' + ((mode >> shift) & 7U));
+    }
+    return digits;
+}
+
+void CheckOwnersOnly(int descriptor, const std::string& file) {
+    struct stat status {};
+    if (fstat(descriptor, &status) != 0) {
+        Refuse(file, "cannot be read: " + std::generic_category().message(errno) + ".");
+    }
+    if (!S_ISREG(status.st_mode)) Refuse(file, "is not a regular file.");
+    if ((status.st_mode & (S_IRGRP | S_IROTH)) != 0) {
+        Refuse(file, "may be read by others than its owner (mode " + OctalMode(status.st_mode) +
+                         "). Take that away with: chmod 600 " + file);
+    }
+}
+
+}  // namespace
+
+// Delegates, so that the destructor wipes what was read when the constructor throws.
+Password::Password(const std::string& file, std::size_t longest) : Password() {
+    const OpenFile opened(file);
+    if (opened.Descriptor() < 0) {
+        Refuse(file, "cannot be read: " + std::generic_category().message(errno) + ".");
+    }
+    CheckOwnersOnly(opened.Descriptor(), file);
+
+    if (read(opened.Descriptor(), text.data(), text.size() - 1) < 0) {
+        Refuse(file, "cannot be read: " + std::generic_category().message(errno) + ".");
+    }
+    const auto end =
+        std::find_first_of(text.begin(), text.end(), kLineEnds.begin(), kLineEnds.end());
+    const auto length = static_cast<std::size_t>(end - text.begin());
+    std::fill(end, text.end(), '\0');
+    if (length == 0) Refuse(file, "has no password in its first line.");
+    if (length > longest) {
+        Refuse(file, "has more than " + std::to_string(longest) +
+                         " bytes in its first line, which is longer than a password can be.");
+    }
+}
+
+Password::~Password() { explicit_bzero(text.data(), text.size()); }
+
+}  // namespace platform

@@ -1,0 +1,28 @@
+// One way to one controller.
+#pragma once
+
+#include <platform/service_processor/IpmiMessage.h>
+#include <platform/service_processor/TransportError.h>
+
+#include <chrono>
+#include <string>
+
+namespace platform {
+
+class Transport {
+public:
+    Transport() = default;
+    Transport(const Transport&) = delete;
+    Transport& operator=(const Transport&) = delete;
+    virtual ~Transport() = default;
+
+    // Sends the request and returns the controller's answer, whatever its completion code. Nothing
+    // stays open afterwards. Throws TransportError when no answer came; `limit` is how long a
+    // silent controller is waited for.
+    virtual IpmiAnswer Send(const IpmiRequest& request, std::chrono::milliseconds limit) = 0;
+
+    // The way in a few words for a log line: "inband /dev/ipmi0", "lan 192.0.2.1:623".
+    virtual std::string Describe() const = 0;
+};
+
+}  // namespace platform

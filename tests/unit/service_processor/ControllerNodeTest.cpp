@@ -1,0 +1,213 @@
+#include <fakes/FakeDiagnostics.h>
+#include <gmock/gmock.h>
+#include <platform/service_processor/ControllerNode.h>
+#include <platform/service_processor/LiveObjects.h>
+
+#include <array>
+#include <functional>
+#include <new>
+#include <thread>
+
+namespace platform {
+namespace {
+
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::Field;
+using testing::MatchesRegex;
+
+class ScriptedTransport final : public Transport {
+public:
+    using Script = std::function<IpmiAnswer(const IpmiRequest&, std::chrono::milliseconds)>;
+
+    explicit ScriptedTransport(Script answerScript) : script(std::move(answerScript)) {}
+
+    IpmiAnswer Send(const IpmiRequest& request, std::chrono::milliseconds limit) override {
+        return script(request, limit);
+    }
+
+    std::string Describe() const override { return "scripted"; }
+
+private:
+    Script script;
+};
+
+class ControllerNodeTest : public testing::Test {
+protected:
+    void SetUp() override { FakeDiagnostics::Reset(); }
+
+    std::unique_ptr<ControllerNode> Node(ScriptedTransport::Script script) {
+        return std::make_unique<ControllerNode>(
+            NodeFacts{
+                .node = 3, .nodeCount = 5, .isOxc = true, .timeLimit = std::chrono::seconds(4)},
+            std::make_unique<ScriptedTransport>(std::move(script)));
+    }
+
+    bool Send(ScriptedTransport::Script script) {
+        return Node(std::move(script))->sendIPMICommand(buffer.data(), &length, 256, true);
+    }
+
+    static auto Line(NQUVZDX20::EZDXLogSeverity severity, const std::string& pattern) {
+        return AllOf(Field(&LogLine::severity, severity),
+                     Field(&LogLine::text, MatchesRegex(pattern)));
+    }
+
+    std::array<unsigned char, 256> buffer = {0x01, 0x20, 0x3A, 0x00, 0x09};
+    int length = 250;
+};
+
+TEST_F(ControllerNodeTest, Facts_AreTheAnswersThatNeedNoController) {
+    const auto node = Node(nullptr);
+    EXPECT_EQ(node->GetNumberBMCNode(), 5);
+    EXPECT_TRUE(node->IsOxcControllerMachine());
+}
+
+TEST_F(ControllerNodeTest, Request_ReachesTheTransportWithTheTimeLimit) {
+    IpmiRequest sent;
+    std::chrono::milliseconds given{0};
+    Send([&](const IpmiRequest& request, std::chrono::milliseconds limit) {
+        sent = request;
+        given = limit;
+        return IpmiAnswer{};
+    });
+
+    EXPECT_EQ(sent.netFn, 0x3A);
+    EXPECT_EQ(sent.command, 0x09);
+    EXPECT_EQ(given, std::chrono::seconds(4));
+}
+
+TEST_F(ControllerNodeTest, Answer_IsWrittenAndLoggedAtSeverityFour) {
+    EXPECT_TRUE(Send([](const auto&, auto) {
+        return IpmiAnswer{.completionCode = 0x00, .data = {0x01, 0x02}};
+    }));
+
+    EXPECT_EQ(length, 3);
+    EXPECT_EQ(buffer[8], 0x00);
+    EXPECT_EQ(buffer[9], 0x01);
+    EXPECT_THAT(FakeDiagnostics::Lines(),
+                ElementsAre(Line(NQUVZDX20::kLogFinest,
+                                 "SP: node 3 \\(scripted\\): network function 0x3a, command 0x09: "
+                                 "completion code 0x00, 2 data bytes, 1 attempt, [0-9]+ ms")));
+}
+
+TEST_F(ControllerNodeTest, SecondAttempt_IsCountedInTheLog) {
+    Send([](const auto&, auto) {
+        return IpmiAnswer{.completionCode = 0x00, .data = {0x01}, .attempts = 2};
+    });
+
+    EXPECT_THAT(FakeDiagnostics::Lines(),
+                ElementsAre(Line(NQUVZDX20::kLogFinest,
+                                 ".*: completion code 0x00, 1 data byte, 2 attempts, [0-9]+ ms")));
+}
+
+struct CodeCase {
+    std::uint8_t code;
+    std::string meaning;
+};
+
+class CompletionCodeTest : public ControllerNodeTest,
+                           public testing::WithParamInterface<CodeCase> {};
+
+TEST_P(CompletionCodeTest, OtherThanZero_IsDeliveredAndLoggedAtSeverityTwo) {
+    EXPECT_TRUE(
+        Send([](const auto&, auto) { return IpmiAnswer{.completionCode = GetParam().code}; }));
+
+    EXPECT_EQ(length, 2);
+    EXPECT_EQ(buffer[8], GetParam().code);
+    EXPECT_THAT(
+        FakeDiagnostics::Lines(),
+        ElementsAre(Line(NQUVZDX20::kLogError, ".*: completion code " + GetParam().meaning +
+                                                   ", 0 data bytes, 1 attempt, [0-9]+ ms")));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Codes, CompletionCodeTest,
+    testing::Values(CodeCase{0xFF, "0xff \\(the controller is busy\\)"},
+                    CodeCase{0xC0, "0xc0 \\(the controller is busy\\)"},
+                    CodeCase{0xC1, "0xc1 \\(the controller does not know the command\\)"},
+                    CodeCase{0xD4,
+                             "0xd4 \\(the user's privilege level is too low for the command\\)"},
+                    CodeCase{0xD5, "0xd5 \\(the controller could not carry out the command\\)"}));
+
+TEST_F(ControllerNodeTest, Trouble_LeavesBufferAndLengthAndIsLoggedAtSeverityTwo) {
+    const auto before = buffer;
+
+    EXPECT_FALSE(Send([](const auto&, auto) -> IpmiAnswer {
+        throw TransportError(Trouble::NoAnswer, "The controller sleeps.", 2);
+    }));
+
+    EXPECT_EQ(buffer, before);
+    EXPECT_EQ(length, 250);
+    EXPECT_THAT(FakeDiagnostics::Lines(),
+                ElementsAre(Line(NQUVZDX20::kLogError,
+                                 "SP: node 3 \\(scripted\\): network function 0x3a, command 0x09: "
+                                 "The controller sleeps. \\(no completion code, 2 attempts, "
+                                 "[0-9]+ ms\\)")));
+}
+
+TEST_F(ControllerNodeTest, OtherException_IsLoggedAndNotDelivered) {
+    EXPECT_FALSE(Send(
+        [](const auto&, auto) -> IpmiAnswer { throw std::runtime_error("a lock is broken"); }));
+
+    EXPECT_EQ(length, 250);
+    EXPECT_THAT(FakeDiagnostics::Lines(),
+                ElementsAre(Line(NQUVZDX20::kLogError,
+                                 ".*: The request could not be sent: a lock is broken. \\(no "
+                                 "completion code, 1 attempt, [0-9]+ ms\\)")));
+}
+
+TEST_F(ControllerNodeTest, LackOfMemory_ReachesTheCaller) {
+    EXPECT_THROW(Send([](const auto&, auto) -> IpmiAnswer { throw std::bad_alloc(); }),
+                 std::bad_alloc);
+}
+
+class BufferSizeTest : public ControllerNodeTest, public testing::WithParamInterface<int> {};
+
+TEST_P(BufferSizeTest, TooSmall_IsRefusedWithoutSending) {
+    bool sent = false;
+    const auto node = Node([&](const auto&, auto) {
+        sent = true;
+        return IpmiAnswer{};
+    });
+
+    EXPECT_FALSE(node->sendIPMICommand(buffer.data(), &length, GetParam(), true));
+
+    EXPECT_FALSE(sent);
+    EXPECT_EQ(FakeDiagnostics::Lines().size(), 1U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Sizes, BufferSizeTest, testing::Values(-1, 0, 5, 8));
+
+TEST_F(ControllerNodeTest, ObjectsAlive_AreCountedUntilTheyAreDeleted) {
+    const std::size_t before = LiveObjects::Count();
+    auto first = Node(nullptr);
+    const auto second = Node(nullptr);
+    EXPECT_EQ(LiveObjects::Count(), before + 2);
+
+    first.reset();
+
+    EXPECT_EQ(LiveObjects::Count(), before + 1);
+}
+
+TEST_F(ControllerNodeTest, ObjectThatIsNeverDeleted_StaysReachable) {
+    // Nobody holds the address; a leak checker finds the object through the registry only.
+    const std::size_t before = LiveObjects::Count();
+    static_cast<void>(Node(nullptr).release());
+    EXPECT_EQ(LiveObjects::Count(), before + 1);
+}
+
+TEST_F(ControllerNodeTest, ObjectsOfSeveralThreads_AreCountedRight) {
+    const std::size_t before = LiveObjects::Count();
+    {
+        std::vector<std::jthread> threads;
+        for (int thread = 0; thread < 4; ++thread) {
+            threads.emplace_back([this] {
+                for (int object = 0; object < 200; ++object) Node(nullptr);
+            });
+        }
+    }
+    EXPECT_EQ(LiveObjects::Count(), before);
+}
+
+}  // namespace
+}  // namespace platform

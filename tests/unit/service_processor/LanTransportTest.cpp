@@ -1,0 +1,82 @@
+#include <platform/service_processor/LanTransport.h>
+
+#include "TemporaryFolder.h"
+#include "TroubleOf.h"
+
+namespace platform {
+namespace {
+
+// What needs no controller; the exchanges themselves are tested against a real simulator.
+
+std::optional<ThrownTrouble> TroubleWith(const ControllerSettings& controller) {
+    return TroubleOf([&] {
+        LanTransport(controller)
+            .Send({.netFn = 0x3A, .lun = 0, .command = 0x09}, std::chrono::milliseconds(1000));
+    });
+}
+
+std::string DescriptionOf(const std::string& host) {
+    ControllerSettings controller;
+    controller.host = host;
+    return LanTransport(controller).Describe();
+}
+
+TEST(LanTransport, Describe_NamesHostAndPort) {
+    EXPECT_EQ(DescriptionOf("bmc.example"), "lan bmc.example:623");
+    EXPECT_EQ(DescriptionOf("192.0.2.1"), "lan 192.0.2.1:623");
+    EXPECT_EQ(DescriptionOf("2001:db8::1"), "lan [2001:db8::1]:623");
+    EXPECT_EQ(DescriptionOf("[2001:db8::1]"), "lan [2001:db8::1]:623");
+}
+
+TEST(LanTransport, UserNameThatIsTooLong_IsRefused) {
+    ControllerSettings controller;
+    controller.host = "127.0.0.1";
+    controller.user = "seventeen-letters";
+    EXPECT_EQ(TroubleWith(controller),
+              (ThrownTrouble{Trouble::Settings,
+                             "The user name 'seventeen-letters' is longer than the 16 bytes that "
+                             "IPMI takes."}));
+}
+
+TEST(LanTransport, PasswordOfTwentyBytes_IsTooLongForProtocol15) {
+    const TemporaryFolder folder;
+    ControllerSettings controller;
+    controller.host = "127.0.0.1";
+    controller.protocol = "1.5";
+    controller.passwordFile = folder.Write("p", std::string(20, 'x'));
+    EXPECT_EQ(TroubleWith(controller),
+              (ThrownTrouble{Trouble::PasswordFile,
+                             "The password file " + controller.passwordFile +
+                                 " has more than 16 bytes in its first line, which is longer than "
+                                 "a password can be."}));
+}
+
+TEST(LanTransport, MissingPasswordFile_SendsNothing) {
+    ControllerSettings controller;
+    controller.host = "127.0.0.1";
+    controller.passwordFile = "/nonexistent/password";
+    EXPECT_EQ(TroubleWith(controller),
+              (ThrownTrouble{Trouble::PasswordFile,
+                             "The password file /nonexistent/password cannot be read: No such file "
+                             "or directory."}));
+}
+
+TEST(LanTransport, HostNameWithoutAddress_IsNamed) {
+    ControllerSettings controller;
+    controller.host = "no host";
+    EXPECT_EQ(TroubleWith(controller),
+              (ThrownTrouble{Trouble::UnknownHost, "The host name 'no host' has no address."}));
+}
+
+TEST(LanTransport, CipherSuiteThatFreeIpmiLacks_IsRefused) {
+    ControllerSettings controller;
+    controller.host = "127.0.0.1";
+    controller.cipherSuite = 4;
+    EXPECT_EQ(TroubleWith(controller),
+              (ThrownTrouble{Trouble::Settings,
+                             "FreeIPMI does not support cipher suite 4. Most controllers offer "
+                             "cipher suite 3 or 17."}));
+}
+
+}  // namespace
+}  // namespace platform

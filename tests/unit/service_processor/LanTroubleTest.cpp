@@ -1,0 +1,114 @@
+#include <freeipmi/freeipmi.h>
+#include <gtest/gtest.h>
+#include <platform/service_processor/LanTrouble.h>
+
+namespace platform {
+namespace {
+
+using std::chrono::milliseconds;
+
+struct Case {
+    int error;
+    Trouble kind;
+    std::string text;
+};
+
+const ControllerSettings& Controller() {
+    static const ControllerSettings controller = [] {
+        ControllerSettings settings;
+        settings.host = "bmc.example";
+        settings.user = "tester";
+        return settings;
+    }();
+    return controller;
+}
+
+LanCircumstances Circumstances(int error) {
+    return {.controller = Controller(),
+            .address = "bmc.example:623",
+            .silence = milliseconds(4000),
+            .attempts = 2,
+            .error = error,
+            .errorText = "reason of FreeIPMI"};
+}
+
+class OpenTroubleTest : public testing::TestWithParam<Case> {};
+
+TEST_P(OpenTroubleTest, ErrorOfFreeIpmi_IsPutIntoWords) {
+    const TransportError error = OpenTrouble(Circumstances(GetParam().error));
+
+    EXPECT_EQ(error.Kind(), GetParam().kind);
+    EXPECT_EQ(error.what(), GetParam().text);
+    EXPECT_EQ(error.Attempts(), 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Errors, OpenTroubleTest,
+    testing::Values(
+        Case{IPMI_ERR_CONNECTION_TIMEOUT, Trouble::NoAnswer,
+             "The controller at bmc.example:623 did not answer within 4 s. Check the address, the "
+             "port, and that IPMI over LAN is switched on."},
+        Case{IPMI_ERR_SESSION_TIMEOUT, Trouble::NoAnswer,
+             "The controller at bmc.example:623 stopped answering for 4 s while a session was "
+             "opened."},
+        Case{IPMI_ERR_HOSTNAME_INVALID, Trouble::UnknownHost,
+             "The host name 'bmc.example' has no address."},
+        Case{IPMI_ERR_USERNAME_INVALID, Trouble::UnknownUser,
+             "The controller at bmc.example:623 does not know the user 'tester'."},
+        Case{IPMI_ERR_PASSWORD_INVALID, Trouble::WrongPassword,
+             "The controller at bmc.example:623 has another password for the user 'tester'."},
+        Case{IPMI_ERR_PASSWORD_VERIFICATION_TIMEOUT, Trouble::WrongPassword,
+             "The controller at bmc.example:623 did not answer the log-in of the user 'tester' "
+             "within 4 s; the password is probably wrong."},
+        Case{IPMI_ERR_PRIVILEGE_LEVEL_INSUFFICIENT, Trouble::PrivilegeRefused,
+             "The controller at bmc.example:623 does not let the user 'tester' work at the "
+             "privilege level administrator."},
+        Case{IPMI_ERR_PRIVILEGE_LEVEL_CANNOT_BE_OBTAINED, Trouble::PrivilegeRefused,
+             "The controller at bmc.example:623 does not let the user 'tester' work at the "
+             "privilege level administrator."},
+        Case{IPMI_ERR_IPMI_2_0_UNAVAILABLE, Trouble::AuthenticationRefused,
+             "The controller at bmc.example:623 does not offer IPMI 2.0. Set protocol = \"1.5\"."},
+        Case{IPMI_ERR_AUTHENTICATION_TYPE_UNAVAILABLE, Trouble::AuthenticationRefused,
+             "The controller at bmc.example:623 does not offer IPMI 1.5 with MD5. Set protocol = "
+             "\"2.0\"."},
+        Case{IPMI_ERR_CIPHER_SUITE_ID_UNAVAILABLE, Trouble::AuthenticationRefused,
+             "The controller at bmc.example:623 opened no session by cipher suite 3: reason of "
+             "FreeIPMI. Try another cipher_suite."},
+        Case{IPMI_ERR_BMC_BUSY, Trouble::Busy,
+             "The controller at bmc.example:623 has no session free."},
+        Case{IPMI_ERR_SYSTEM_ERROR, Trouble::Other,
+             "The controller at bmc.example:623 opened no session: reason of FreeIPMI."}));
+
+TEST(TooSlowToOpen, NoTimeLeft_SaysThatNothingWasSent) {
+    const TransportError error = TooSlowToOpen(Circumstances(IPMI_ERR_SUCCESS));
+
+    EXPECT_EQ(error.Kind(), Trouble::NoAnswer);
+    EXPECT_STREQ(error.what(),
+                 "The controller at bmc.example:623 took so long to open a session that the "
+                 "command was not sent.");
+    EXPECT_EQ(error.Attempts(), 2);
+}
+
+TEST(ExchangeTrouble, SilenceInTheSession_IsNoAnswer) {
+    LanCircumstances circumstances = Circumstances(IPMI_ERR_SESSION_TIMEOUT);
+    circumstances.silence = milliseconds(1500);
+
+    const TransportError error = ExchangeTrouble(circumstances);
+
+    EXPECT_EQ(error.Kind(), Trouble::NoAnswer);
+    EXPECT_STREQ(error.what(),
+                 "The controller at bmc.example:623 opened a session, but did not answer the "
+                 "command within 1.5 s.");
+    EXPECT_EQ(error.Attempts(), 2);
+}
+
+TEST(ExchangeTrouble, AnotherError_KeepsTheTextOfFreeIpmi) {
+    const TransportError error = ExchangeTrouble(Circumstances(IPMI_ERR_SYSTEM_ERROR));
+
+    EXPECT_EQ(error.Kind(), Trouble::Other);
+    EXPECT_STREQ(error.what(),
+                 "The request to the controller at bmc.example:623 failed: reason of FreeIPMI.");
+}
+
+}  // namespace
+}  // namespace platform

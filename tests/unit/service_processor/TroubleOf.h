@@ -1,0 +1,30 @@
+// What a call throws, to be compared as a whole.
+#pragma once
+
+#include <platform/service_processor/TransportError.h>
+
+#include <optional>
+#include <ostream>
+#include <string>
+
+struct ThrownTrouble {
+    platform::Trouble kind;
+    std::string text;
+
+    bool operator==(const ThrownTrouble&) const = default;
+};
+
+inline std::ostream& operator<<(std::ostream& output, const ThrownTrouble& thrown) {
+    return output << "kind " << static_cast<int>(thrown.kind) << ": " << thrown.text;
+}
+
+// The trouble that `call` throws; nothing when it throws none.
+template <class Call>
+std::optional<ThrownTrouble> TroubleOf(Call call) {
+    try {
+        call();
+    } catch (const platform::TransportError& error) {
+        return ThrownTrouble{error.Kind(), error.what()};
+    }
+    return std::nullopt;
+}

@@ -1,0 +1,109 @@
+#include <platform/diagnostics/TOSSpecific.h>
+#include <platform/diagnostics/TZDXException.h>
+#include <test/BMCI2C_Test_Impl.h>
+#include <test/CoreLog.h>
+#include <test/MachineTypes.h>
+#include <test/MessageNumbers.h>
+
+#include <cstdio>
+#include <memory>
+#include <new>
+
+using NQUVZDX20::kLogError;
+using NQUVZDX20::kLogTrace;
+using NQUVZDX20::TOSSpecific;
+
+namespace {
+
+constexpr char kCatalogBelowRoot[] = "/bmci2c/bmci2c.msg.xml";
+constexpr char kUnsetBiosId[] = "00";
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
+};
+
+}  // namespace
+
+bool BMCI2C_Test_Impl::SupportedMachineType() {
+    const std::lock_guard<std::mutex> noRun(runLock);
+    ReadMachineType();
+    ParseXML();
+    return IsMachineSupported();
+}
+
+void BMCI2C_Test_Impl::ReadMachineType() {
+    RunRecord record(*this, testName);
+    const std::int32_t status = GetMachineType(&machineType);
+    record.Update(
+        [this](BMCI2C_Test_DiagnosticRecord& result) { result.MachineType = machineType; });
+    if (status != 0) {
+        KeepMachineTypeFailure(record, kUnableReadMT, kMachineTypeUnreadable);
+    } else if (machineType.empty()) {
+        KeepMachineTypeFailure(record, kMTEmpty, kMachineTypeEmpty);
+    }
+}
+
+void BMCI2C_Test_Impl::KeepMachineTypeFailure(RunRecord& record, std::string_view reason,
+                                              unsigned short number) {
+    WriteCoreLog(kLogError, std::string(reason));
+    record.SetResult(GetMessageString(kNotCompletedMessage, number), kCompletionCriticalError);
+    record.Keep();
+}
+
+void BMCI2C_Test_Impl::ParseXML() {
+    WriteLocation(LocationLine::ParseCatalog);
+    if (machineType.empty() || parser.IsDataCollected()) {
+        return;
+    }
+    parser.SetDataCollected(true);
+    ReadCatalog(TOSSpecific::GetZDXRootPath() + kCatalogBelowRoot);
+}
+
+void BMCI2C_Test_Impl::ReadCatalog(const std::string& path) {
+    const unsigned long size = TOSSpecific::GetFileSize(path);
+    const std::unique_ptr<char[]> text(new (std::nothrow) char[size]);
+    if (text == nullptr) {
+        throw NQUVZDX20::TZDXException(NQUVZDX20::TZDXStatusCode::kOutOfMemory);
+    }
+    std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "r"));
+    if (file == nullptr) {
+        return;
+    }
+    const std::size_t length = std::fread(text.get(), 1, size, file.get());
+    file.reset();
+    parser.Parse(text.get(), length);
+}
+
+// Once an entry of this machine and a generic one are found, later entries are still looked at, but
+// by their first machine type only.
+bool BMCI2C_Test_Impl::IsMachineSupported() {
+    WriteLocation(LocationLine::SupportCheckBegin);
+    const auto entries = parser.GetMachineList();
+    const std::string biosId = TOSSpecific::GetBiosID();
+    if (biosId.empty() || biosId == kUnsetBiosId) {
+        WriteOutput(kLogError, "Fail to read BiosID!");
+    }
+    const std::string_view genericType = isOxcMachine ? GEN_MACHINE_TYPE_OXC : GEN_MACHINE_TYPE;
+    bool found = false;
+    bool generic = false;
+    for (const boost::shared_ptr<TMachine>& entry : entries) {
+        for (const std::string& type : entry->GetMachineTypes()) {
+            if (type == machineType || type == biosId) {
+                machine = entry;
+                found = true;
+            }
+            if (type == genericType) {
+                genericMachine = entry;
+                generic = true;
+            }
+            if (found && generic) {
+                break;
+            }
+        }
+    }
+    if (!found || !generic) {
+        WriteOutput(kLogError, "Neither Machine type nor Bios ID is supported.");
+    }
+    WriteLocation(LocationLine::SupportCheckEnd);
+    return found;
+}

@@ -1,0 +1,98 @@
+#include <test/BMCI2C_Test_Impl.h>
+#include <test/CoreLog.h>
+#include <test/MessageNumbers.h>
+
+#include <iomanip>
+#include <sstream>
+#include <vector>
+
+using NQUVZDX20::EZDXLogSeverity;
+using NQUVZDX20::kLogTrace;
+
+namespace {
+
+// The IPMI completion codes that have a message of their own.
+constexpr unsigned char kFirstNamedCode = 0xC0;
+constexpr unsigned char kLastNamedCode = 0xD5;
+
+unsigned short HeadingOf(int kind) {
+    switch (kind) {
+        case kBusFaultMessage:
+            return kBusFaultHeading;
+        case kNotCompletedMessage:
+            return kNotCompletedHeading;
+        default:
+            return kPassHeading;
+    }
+}
+
+}  // namespace
+
+void BMCI2C_Test_Impl::WriteOutput(EZDXLogSeverity severity, const std::string& text) {
+    WriteCoreLog(severity, "BMCI2C: " + text);
+}
+
+void BMCI2C_Test_Impl::WriteOutputLocation(EZDXLogSeverity severity, const char* file, int line,
+                                           const std::string& text) {
+    std::ostringstream output;
+    output << "BMCI2C At " << file << ": " << line << ": " << text;
+    WriteCoreLog(severity, output.str());
+}
+
+void BMCI2C_Test_Impl::WriteLocation(LocationLine line) {
+    WriteOutputLocation(kLogTrace, "BMCI2C_Test_Impl.cpp", static_cast<int>(line), "");
+}
+
+std::string BMCI2C_Test_Impl::ProcessCompletionCode(unsigned char code) {
+    WriteLocation(LocationLine::CompletionCode);
+    const bool named = code >= kFirstNamedCode && code <= kLastNamedCode;
+    const int number =
+        named ? kFirstCompletionCode + (code - kFirstNamedCode) : kUnknownCompletionCode;
+    return GetMessageString(kNotCompletedMessage, static_cast<unsigned short>(number));
+}
+
+std::string BMCI2C_Test_Impl::GetMessageString(int kind, unsigned short number) {
+    WriteLocation(LocationLine::MessageBegin);
+    if (!IsMachineSupported() || machine == nullptr || genericMachine == nullptr) {
+        return "";
+    }
+    WriteLocation(LocationLine::MessageHeading);
+    std::string message = MessageLine(kind, number);
+    if (kind != kPassMessage) {
+        message += Recommendations(number);
+    }
+    WriteLocation(LocationLine::MessageEnd);
+    return message;
+}
+
+// "166-NUMBER-NODE HEADING TEXT", number and node with at least three digits.
+std::string BMCI2C_Test_Impl::MessageLine(int kind, unsigned short number) {
+    const TXMessage generic = genericMachine->GetMessege();
+    std::string text = machine->GetMessege().GetValueFromMap(number);
+    if (text.empty()) {
+        text = generic.GetValueFromMap(number);
+    }
+    if (text.empty()) {
+        text = generic.GetValueFromMap(kFallbackText) + ": message num: " + std::to_string(number);
+    }
+    std::ostringstream line;
+    line << "166-" << std::setfill('0') << std::setw(3) << number << '-' << std::setw(3)
+         << nodeCount << ' ' << generic.GetValueFromMap(HeadingOf(kind)) << text;
+    return line.str();
+}
+
+// The block below a message; empty when neither entry recommends anything.
+std::string BMCI2C_Test_Impl::Recommendations(unsigned short number) {
+    std::vector<std::string> texts = machine->GetMessege().GetRecommendations(number);
+    if (texts.empty()) {
+        texts = genericMachine->GetMessege().GetRecommendations(number);
+    }
+    if (texts.empty()) {
+        return "";
+    }
+    std::string block = "\nRecommendations:\n";
+    for (const std::string& text : texts) {
+        block += '\n' + text;
+    }
+    return block;
+}

@@ -1,0 +1,32 @@
+#include <providers/ParkedInstances.h>
+
+#include <mutex>
+#include <vector>
+
+namespace {
+
+struct Parked {
+    std::mutex lock;  // guards `instances`
+    std::vector<cimple::Instance*> instances;
+};
+
+// Never destroyed: providers may still be torn down while the process ends.
+Parked& TheParked() {
+    static auto* parked = new Parked;
+    return *parked;
+}
+
+}  // namespace
+
+void ParkInstance(cimple::Instance* instance) {
+    if (instance == nullptr) return;
+    Parked& parked = TheParked();
+    const std::lock_guard guard(parked.lock);
+    parked.instances.push_back(instance);
+}
+
+std::size_t ParkedInstanceCount() {
+    Parked& parked = TheParked();
+    const std::lock_guard guard(parked.lock);
+    return parked.instances.size();
+}

@@ -1,0 +1,16 @@
+// Endpoint instances that association providers have let go of.
+//
+// An association that was delivered may still be in use when its provider refills its lists, so
+// dropped endpoints stay allocated: parked in one process-wide list, where leak checkers see them
+// and their growth can be measured.
+#pragma once
+
+#include <framework/Instance.h>
+
+#include <cstddef>
+
+// Takes over the caller's count of an instance; null is parked, too, and counts as none.
+void ParkInstance(cimple::Instance* instance);
+
+// The number of instances parked since the process began.
+std::size_t ParkedInstanceCount();

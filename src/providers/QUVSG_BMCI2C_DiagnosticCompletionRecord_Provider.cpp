@@ -1,0 +1,86 @@
+#include <framework/Status.h>
+#include <providers/QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider.h>
+#include <test/Globals_BMCI2C_Test.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace {
+
+// Whether every step passed; no steps are no failure.
+bool AllPassed(const cimple::Array<bool>& results) {
+    bool passed = true;
+    for (std::size_t i = 0; i < results.size(); ++i) passed = passed && results[i];
+    return passed;
+}
+
+// One instance per kept record. They are built while the records are locked and delivered after,
+// because delivery may wait for the client.
+std::vector<QUVSG_BMCI2C_DiagnosticCompletionRecord*> BuildRecords(DiagService& test) {
+    std::vector<QUVSG_BMCI2C_DiagnosticCompletionRecord*> instances;
+    test.ForEachRecord([&](const DiagnosticRecord& record) {
+        const auto* details = dynamic_cast<const BMCI2C_Test_DiagnosticRecord*>(&record);
+        const auto index = static_cast<std::uint32_t>(instances.size());
+        instances.push_back(QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::BuildRecord(
+            record, index, test.GetElementName(),
+            details != nullptr ? details->ResultArray : cimple::Array<bool>(),
+            details != nullptr ? details->LogArray : cimple::Array<cimple::String>()));
+    });
+    return instances;
+}
+
+}  // namespace
+
+int QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::enum_instances(
+    const QUVSG_BMCI2C_DiagnosticCompletionRecord* /*model*/,
+    cimple::Enum_Instances_Handler<QUVSG_BMCI2C_DiagnosticCompletionRecord>* handler) {
+    for (DiagService* test : Globals_BMCI2C_Test::Instance()->tests) {
+        for (QUVSG_BMCI2C_DiagnosticCompletionRecord* instance : BuildRecords(*test)) {
+            handler->handle(instance);
+        }
+    }
+    return cimple::STATUS_OK;
+}
+
+QUVSG_BMCI2C_DiagnosticCompletionRecord*
+QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::BuildRecord(
+    const DiagnosticRecord& record, std::uint32_t /*index*/, const cimple::String& elementName,
+    cimple::Array<bool> resultArray, cimple::Array<cimple::String> logArray) {
+    auto* instance = cimple::create<QUVSG_BMCI2C_DiagnosticCompletionRecord>();
+    instance->Caption = "DiagnosticRecord";
+    instance->Description = "Diagnostics results record";
+    instance->ElementName = std::string("Result for ") + elementName.c_str();
+    instance->RecordFormat = "";
+    instance->RecordData = record.RecordData;
+    instance->Locale = "en";
+    instance->InstanceID = Globals_BMCI2C_Test::Instance()->GetInstanceID();
+    instance->ServiceName = elementName;
+    instance->ManagedElementName = record.Name;
+    instance->RecordType = 2;  // results
+    instance->CreationTimeStamp = record.CreationTimeStamp;
+    if (record.Passed) {
+        instance->ErrorCount = {0};
+    } else {
+        instance->ErrorCode = {record.ErrorCode};
+        instance->ErrorCount = {1};
+    }
+    // Both loop counters read 0 for every record, passed or failed: clients rely on it.
+    instance->LoopsFailed = 0;
+    instance->LoopsPassed = 0;
+    instance->CompletionState = static_cast<std::uint16_t>(record.GetCompletionState());
+    instance->OtherCompletionStateDescription = "No other Completion State Description";
+    instance->OverallResult = AllPassed(resultArray);
+    instance->ResultArray = resultArray;
+    instance->LogArray = logArray;
+    return instance;
+}
+
+void QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::PrintLog(
+    const BMCI2C_Test_DiagnosticRecord* record) {
+    for (std::size_t i = 0; i < record->ResponseLog.size(); ++i) {
+        std::printf(
+            "\nIn QUVSG_BMCI2C_DiagnosticCompletionRecord, the %d item of  LogArray is : %s",
+            static_cast<int>(i), record->ResponseLog[i].c_str());
+    }
+}

@@ -1,0 +1,33 @@
+#include <providers/OneInstance.h>
+#include <providers/QUVSG_BMCI2C_HelpService_Provider.h>
+
+int QUVSG_BMCI2C_HelpService_Provider::enum_instances(
+    const QUVSG_BMCI2C_HelpService* /*model*/,
+    cimple::Enum_Instances_Handler<QUVSG_BMCI2C_HelpService>* handler) {
+    return EnumerateOne({"QUVSG_BMCI2C_HelpService_Provider", " OK"}, handler, BuildHelpService);
+}
+
+QUVSG_BMCI2C_HelpService* QUVSG_BMCI2C_HelpService_Provider::BuildHelpService() {
+    auto* service = cimple::create<QUVSG_BMCI2C_HelpService>();
+    service->Caption = "QUVSG_BMCI2C_HelpService";
+    service->Description = "QUVSG_BMCI2C_HelpService";
+    service->ElementName = "QUVSG_BMCI2C_HelpService";
+    service->Name = "QUVSG_BMCI2C_HelpService";
+    service->OperationalStatus = {2};  // OK
+    service->StatusDescriptions = {"Status OK"};
+    service->Status = "OK";
+    service->EnabledState = 2;  // enabled
+    service->OtherEnabledState = "Enabled";
+    service->RequestedState = 2;
+    service->EnabledDefault = 2;
+    service->TimeOfLastStateChange = cimple::Datetime(0);
+    service->StartMode = "Automatic";
+    service->Started = true;
+    service->DeliveryOptions = {1};
+    service->OtherDeliveryOptionDescription = "No Other Delivery Option Description";
+    service->DocumentsAvailable = {"No Document Available"};
+    service->DocumentDescriptions = {"No Document Description"};
+    service->DocumentFormat = {0};
+    service->OtherDocumentFormatDescription = "No Other Document Format Description";
+    return service;
+}

@@ -1,0 +1,36 @@
+// A provider module: a shared library with factories, loaded as a CIMOM loads it.
+#pragma once
+
+#include <cmpi/cmpi.h>
+#include <host/loading/LoadError.h>
+
+#include <string>
+
+namespace host {
+
+class Module {
+public:
+    // Loads the file. Throws LoadError.
+    explicit Module(const std::string& path);
+
+    // Unloads it, unless KeepLoaded was called.
+    ~Module();
+
+    Module(const Module&) = delete;
+    Module& operator=(const Module&) = delete;
+
+    const std::string& Path() const { return path; }
+
+    // The function of that name, or null.
+    void* Find(const std::string& function) const;
+
+    // From now on the module stays in the process, because one of its interfaces asks for it.
+    void KeepLoaded() { mayUnload = false; }
+
+private:
+    const std::string path;
+    void* library = nullptr;
+    bool mayUnload = true;
+};
+
+}  // namespace host

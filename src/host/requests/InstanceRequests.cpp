@@ -1,0 +1,138 @@
+#include <host/objects/Objects.h>
+#include <host/requests/InstanceRequests.h>
+#include <mof/Names.h>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace host {
+
+namespace {
+
+CMPIObjectPath* PathObject(const Target& target) { return Make<CMPIObjectPath>({target.path}); }
+
+// The object of an instance that a request carries, under the target's class.
+CMPIInstance* InstanceObject(const ClassRepository& classes, const Target& target,
+                             Instance instance) {
+    instance.path = target.path;
+    return Make<CMPIInstance>(Imported(classes, instance));
+}
+
+template <class Object>
+void Append(std::vector<Object>& all, std::vector<Object> part) {
+    all.insert(all.end(), std::make_move_iterator(part.begin()),
+               std::make_move_iterator(part.end()));
+}
+
+}  // namespace
+
+void KeepListed(std::vector<Instance>& instances, PropertyList properties) {
+    if (!properties) return;
+    for (Instance& instance : instances)
+        std::erase_if(instance.properties, [&](const NamedValue& property) {
+            return std::none_of(
+                properties->begin(), properties->end(),
+                [&](const std::string& wanted) { return mof::SameName(wanted, property.name); });
+        });
+}
+
+ProviderCall InstanceRequests::Call(const ContextEntries& context, const Target& target,
+                                    CMPIType accepted) const {
+    return {router.Classes(), context, target.registration->provider, accepted};
+}
+
+std::vector<Instance> InstanceRequests::EnumerateOne(const ContextEntries& context,
+                                                     const Target& target,
+                                                     PropertyList properties) {
+    auto& mi = providers.Get<CMPIInstanceMI>(target.registration->provider);
+    const ProviderCall call = Call(context, target, CMPI_instance);
+    NameList names(properties);
+    call.Run([&] {
+        return Implemented(mi.ft->enumerateInstances)(&mi, call.Context(), call.Result(),
+                                                      PathObject(target), names.Get());
+    });
+    auto instances = call.Instances(target.path.nameSpace);
+    KeepListed(instances, properties);
+    return instances;
+}
+
+std::vector<Instance> InstanceRequests::Enumerate(const ContextEntries& context,
+                                                  const ObjectPath& classPath,
+                                                  PropertyList properties) {
+    std::vector<Instance> all;
+    AskEach(router.WithSubclasses(classPath), sink,
+            [&](const Target& target) { Append(all, EnumerateOne(context, target, properties)); });
+    return all;
+}
+
+std::vector<ObjectPath> InstanceRequests::EnumerateNames(const ContextEntries& context,
+                                                         const ObjectPath& classPath) {
+    std::vector<ObjectPath> all;
+    AskEach(router.WithSubclasses(classPath), sink, [&](const Target& target) {
+        auto& mi = providers.Get<CMPIInstanceMI>(target.registration->provider);
+        const ProviderCall call = Call(context, target, CMPI_ref);
+        call.Run([&] {
+            return Implemented(mi.ft->enumerateInstanceNames)(&mi, call.Context(), call.Result(),
+                                                              PathObject(target));
+        });
+        Append(all, call.Paths(target.path.nameSpace));
+    });
+    return all;
+}
+
+Instance InstanceRequests::Get(const ContextEntries& context, const ObjectPath& path,
+                               PropertyList properties) {
+    const Target target = router.One(path, kInstanceType);
+    auto& mi = providers.Get<CMPIInstanceMI>(target.registration->provider);
+    const ProviderCall call = Call(context, target, CMPI_instance);
+    NameList names(properties);
+    call.Run([&] {
+        return Implemented(mi.ft->getInstance)(&mi, call.Context(), call.Result(),
+                                               PathObject(target), names.Get());
+    });
+    auto instances = call.Instances(target.path.nameSpace);
+    if (instances.empty())
+        throw Failure(CMPI_RC_ERR_NOT_FOUND, "There is no instance '" + path.ToString() + "'.");
+    KeepListed(instances, properties);
+    return std::move(instances.front());
+}
+
+ObjectPath InstanceRequests::Create(const ContextEntries& context, const ObjectPath& classPath,
+                                    const Instance& instance) {
+    const Target target = router.One(classPath, kInstanceType);
+    auto& mi = providers.Get<CMPIInstanceMI>(target.registration->provider);
+    const ProviderCall call = Call(context, target, CMPI_ref);
+    CMPIInstance* const object = InstanceObject(router.Classes(), target, instance);
+    call.Run([&] {
+        return Implemented(mi.ft->createInstance)(&mi, call.Context(), call.Result(),
+                                                  PathObject(target), object);
+    });
+    auto paths = call.Paths(target.path.nameSpace);
+    return paths.empty() ? PathOf(Data(object)) : std::move(paths.front());
+}
+
+void InstanceRequests::Modify(const ContextEntries& context, const ObjectPath& path,
+                              const Instance& instance, PropertyList properties) {
+    const Target target = router.One(path, kInstanceType);
+    auto& mi = providers.Get<CMPIInstanceMI>(target.registration->provider);
+    const ProviderCall call = Call(context, target, CMPI_null);
+    CMPIInstance* const object = InstanceObject(router.Classes(), target, instance);
+    NameList names(properties);
+    call.Run([&] {
+        return Implemented(mi.ft->modifyInstance)(&mi, call.Context(), call.Result(),
+                                                  PathObject(target), object, names.Get());
+    });
+}
+
+void InstanceRequests::Delete(const ContextEntries& context, const ObjectPath& path) {
+    const Target target = router.One(path, kInstanceType);
+    auto& mi = providers.Get<CMPIInstanceMI>(target.registration->provider);
+    const ProviderCall call = Call(context, target, CMPI_null);
+    call.Run([&] {
+        return Implemented(mi.ft->deleteInstance)(&mi, call.Context(), call.Result(),
+                                                  PathObject(target));
+    });
+}
+
+}  // namespace host

@@ -1,0 +1,80 @@
+#include <cli/CommandLine.h>
+#include <cli/Errors.h>
+#include <cli/ExitCodes.h>
+#include <cli/Session.h>
+#include <cli/commands/Commands.h>
+#include <platform/settings/SettingsError.h>
+
+#include <CLI/CLI.hpp>
+#include <exception>
+#include <iostream>
+#include <string>
+
+namespace cli {
+
+namespace {
+
+constexpr auto kCommands = {AddRun, AddEnumerate, AddNames, AddInvoke, AddInfo};
+
+void AddFileOption(CLI::App& app, const std::string& name, std::string& value,
+                   const std::string& form, const std::string& description) {
+    app.add_option(name, value, description)->type_name(form)->check([](const std::string& text) {
+        return text.empty() ? "a name is missing" : "";
+    });
+}
+
+void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
+    AddFileOption(app, "--config", options.config, "FILE",
+                  "Settings file (BMCI2C_CONFIG; else /etc/bmci2c/platform.toml)");
+    AddFileOption(app, "--module", options.module, "FILE",
+                  "Provider module (else the one installed beside this program)");
+    AddFileOption(app, "--root", options.root, "DIR",
+                  "Diagnostics root directory, which holds bmci2c/bmci2c.msg.xml (BMCI2C_ROOT)");
+    AddFileOption(app, "--simulate", options.profile, "PROFILE",
+                  "Profile of a simulated machine (BMCI2C_SIMULATE)");
+}
+
+int Report(const std::exception& error, int exitCode) {
+    std::cerr << "bmci2c: " << error.what() << '\n';
+    return exitCode;
+}
+
+int CarryOut(const Command& command, const GlobalOptions& options) {
+    try {
+        const int exitCode = command(OpenSession(options));
+        std::cout.flush();
+        if (std::cout) return exitCode;
+        std::cerr << "bmci2c: The standard output cannot be written.\n";
+        return kCallFailed;
+    } catch (const platform::SettingsError& error) {
+        return Report(error, kWrongUsage);
+    } catch (const UsageError& error) {
+        return Report(error, kWrongUsage);
+    } catch (const std::exception& error) {
+        return Report(error, kCallFailed);
+    }
+}
+
+}  // namespace
+
+int Main(int argc, const char* const* argv) {
+    CLI::App app("Tests the I2C busses of this server's management controllers.", "bmci2c");
+    GlobalOptions options;
+    Command chosen;
+    AddGlobalOptions(app, options);
+    app.set_version_flag("--version", "bmci2c " BMCI2C_VERSION);
+    app.fallthrough();  // options of the program may stand behind the command, too
+    app.require_subcommand(1);
+    app.footer(
+        "Exit codes of run: 0 passed, 1 a bus has failed, 2 not completed, 3 the module could not\n"
+        "be loaded or the call failed, 64 wrong usage or settings.");
+    for (const auto add : kCommands) add(app, chosen);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? kSuccess : kWrongUsage;
+    }
+    return CarryOut(chosen, options);
+}
+
+}  // namespace cli

@@ -1,0 +1,27 @@
+// What ends a command early; what() is a full sentence for the user.
+#pragma once
+
+#include <host/Status.h>
+
+#include <stdexcept>
+#include <string>
+
+namespace cli {
+
+// The command line asks for something that cannot be meant.
+class UsageError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// A provider or the host refused a request.
+class CallError : public std::runtime_error {
+public:
+    // `request` says what was asked for: "Enumerating X".
+    CallError(const std::string& request, const host::Status& status);
+};
+
+// "CIM status 5, invalid class: There is no class X.": the number, its meaning and the text.
+std::string StatusText(const host::Status& status);
+
+}  // namespace cli

@@ -1,0 +1,12 @@
+// How the command ends. Scripts rely on these numbers.
+#pragma once
+
+namespace cli {
+
+inline constexpr int kSuccess = 0;
+inline constexpr int kTestFailed = 1;        // run: a bus has failed
+inline constexpr int kTestNotCompleted = 2;  // run: not every bus could be judged
+inline constexpr int kCallFailed = 3;        // the module could not be loaded, or a call failed
+inline constexpr int kWrongUsage = 64;       // wrong usage or settings
+
+}  // namespace cli

@@ -1,0 +1,54 @@
+#include <cli/Installation.h>
+#include <platform/settings/Environment.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kModuleName = "libbmci2c.cmpi.so";
+
+bool Exists(const fs::path& path) {
+    std::error_code ignored;
+    return fs::exists(path, ignored);
+}
+
+// Beside the build folder's programs, and where CIM servers look for providers.
+std::vector<fs::path> ModulePlaces(const fs::path& prefix) {
+    return {prefix / "lib", prefix / "lib" / BMCI2C_MULTIARCH / "cmpi", prefix / "lib/cmpi",
+            prefix / "lib64/cmpi"};
+}
+
+fs::path FindModule(const fs::path& prefix) {
+    const std::vector<fs::path> places = ModulePlaces(prefix);
+    const auto found = std::find_if(places.begin(), places.end(), [](const fs::path& folder) {
+        return Exists(folder / kModuleName);
+    });
+    return (found == places.end() ? places.front() : *found) / kModuleName;
+}
+
+}  // namespace
+
+fs::path Executable() { return fs::read_symlink("/proc/self/exe"); }
+
+host::HostFiles FindFiles(const fs::path& binFolder, const std::string& module) {
+    const fs::path prefix = binFolder.parent_path();
+    const fs::path schema =
+        platform::EnvironmentText("BMCI2C_SCHEMA").value_or(prefix / "share/bmci2c/schema");
+    return {.module = module.empty() ? FindModule(prefix).string() : fs::absolute(module).string(),
+            .schema = schema / "bmci2c.mof",
+            .registrations = schema / "bmci2c.reg"};
+}
+
+fs::path FindRoot(const fs::path& binFolder) {
+    const fs::path root = binFolder.parent_path() / "share";
+    return Exists(CatalogBelow(root)) ? root : fs::path();
+}
+
+fs::path CatalogBelow(const fs::path& root) { return root / "bmci2c" / "bmci2c.msg.xml"; }
+
+}  // namespace cli

@@ -1,0 +1,27 @@
+// Where the files of this installation are, seen from the command's own program file. The build
+// folder is laid out like an installation.
+#pragma once
+
+#include <host/Host.h>
+
+#include <filesystem>
+#include <string>
+
+namespace cli {
+
+// This program's file.
+std::filesystem::path Executable();
+
+// The module, schema and registrations beside the program in `binFolder`. `module`, when it is not
+// empty, names another module, and BMCI2C_SCHEMA another folder with bmci2c.mof and bmci2c.reg. A
+// file that is nowhere is named at the first place where it could be.
+host::HostFiles FindFiles(const std::filesystem::path& binFolder, const std::string& module);
+
+// The diagnostics root with the message catalog beside the program in `binFolder`; empty when there
+// is none.
+std::filesystem::path FindRoot(const std::filesystem::path& binFolder);
+
+// The message catalog below a diagnostics root.
+std::filesystem::path CatalogBelow(const std::filesystem::path& root);
+
+}  // namespace cli

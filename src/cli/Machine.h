@@ -1,0 +1,29 @@
+// What is known of the machine that is tested.
+#pragma once
+
+#include <platform/settings/Settings.h>
+
+#include <string>
+#include <vector>
+
+namespace cli {
+
+struct Controller {
+    std::string way;  // how it is reached: "inband /dev/ipmi0", "lan 192.0.2.1:623", "simulated"
+    platform::ControllerSettings settings;
+};
+
+struct Machine {
+    std::string type;                     // empty when it cannot be read
+    std::string biosId;                   // the same
+    std::vector<Controller> controllers;  // in node order
+};
+
+// Reads them as the module does. What is wrong with SMBIOS is only captured (LogCapture): the log
+// itself is the module's.
+Machine ReadMachine(const platform::Settings& settings);
+
+// True when a profile or a controller's settings stand for real hardware.
+bool IsSimulated(const platform::Settings& settings);
+
+}  // namespace cli

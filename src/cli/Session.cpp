@@ -1,0 +1,57 @@
+#include <cli/Session.h>
+#include <platform/settings/Environment.h>
+
+#include <cstdlib>
+#include <iostream>
+#include <mutex>
+
+namespace cli {
+
+namespace {
+
+using platform::Origin;
+
+void SetVariable(const char* name, const std::string& value) { ::setenv(name, value.c_str(), 1); }
+
+void HandOn(const char* variable, const std::string& path) {
+    if (!path.empty()) SetVariable(variable, std::filesystem::absolute(path));
+}
+
+void ReportError(const host::Message& message) {
+    static std::mutex lock;  // guards the order of characters on the standard error output
+    if (message.kind != host::Message::Kind::Log || message.level != CMPI_SEV_ERROR) return;
+    const std::lock_guard guard(lock);
+    std::cerr << "bmci2c: " << message.component << ": " << message.text << '\n';
+}
+
+}  // namespace
+
+Session OpenSession(const GlobalOptions& options) {
+    Session session;
+    session.options = options;
+    session.inheritedProfile = platform::EnvironmentText("BMCI2C_SIMULATE").has_value();
+    HandOn("BMCI2C_CONFIG", options.config);
+    HandOn("BMCI2C_ROOT", options.root);
+    HandOn("BMCI2C_SIMULATE", options.profile);
+    session.executable = Executable();
+    const std::filesystem::path folder = session.executable.parent_path();
+    session.files = FindFiles(folder, options.module);
+    session.settings = platform::ReadSettings();
+
+    const std::filesystem::path root = FindRoot(folder);
+    session.choseRoot = session.settings.root.origin == Origin::Default && !root.empty();
+    session.choseLog = session.settings.log.origin == Origin::Default;
+    if (session.choseRoot) SetVariable("BMCI2C_ROOT", root);
+    if (session.choseLog) {
+        SetVariable("BMCI2C_LOG", "stderr");
+        SetVariable("BMCI2C_LOG_LEVEL", "0");
+    }
+    session.settings = platform::ReadSettings();
+    return session;
+}
+
+std::unique_ptr<host::Host> LoadHost(const Session& session) {
+    return std::make_unique<host::Host>(session.files, ReportError);
+}
+
+}  // namespace cli

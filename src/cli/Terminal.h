@@ -1,0 +1,27 @@
+// What the standard output can show.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace cli {
+
+struct Terminal {
+    bool hasColour = false;
+    std::size_t width = 80;  // columns
+
+    std::string Red(const std::string& text) const { return Coloured("1;31", text); }
+    std::string Yellow(const std::string& text) const { return Coloured("1;33", text); }
+    std::string Green(const std::string& text) const { return Coloured("1;32", text); }
+    std::string Bold(const std::string& text) const { return Coloured("1", text); }
+
+private:
+    std::string Coloured(const char* code, const std::string& text) const {
+        return hasColour ? "\033[" + std::string(code) + "m" + text + "\033[0m" : text;
+    }
+};
+
+// Colour only on a terminal, and not where NO_COLOR is set or the terminal is "dumb".
+Terminal StandardOutput();
+
+}  // namespace cli

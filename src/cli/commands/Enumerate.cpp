@@ -1,0 +1,70 @@
+#include <cli/DiagnosticRun.h>
+#include <cli/Errors.h>
+#include <cli/ExitCodes.h>
+#include <cli/Json.h>
+#include <cli/Text.h>
+#include <cli/commands/Commands.h>
+
+#include <CLI/CLI.hpp>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace cli {
+
+namespace {
+
+struct EnumerateOptions {
+    std::string className;
+    int runs = 0;
+    int times = 1;
+    bool asJson = false;
+};
+
+std::vector<host::Instance> EnumerateOnce(host::Host& host, const std::string& className) {
+    host::InstancesResult result = host.EnumerateInstances(ClassPath(className));
+    if (!result.status.IsOk()) throw CallError("Enumerating " + className, result.status);
+    return std::move(result.instances);
+}
+
+void Print(const std::vector<host::Instance>& instances, bool asJson) {
+    if (!asJson) {
+        for (const host::Instance& instance : instances) std::cout << InstanceText(instance);
+        return;
+    }
+    Json array = Json::array();
+    for (const host::Instance& instance : instances) array.push_back(ToJson(instance));
+    std::cout << JsonText(array);
+}
+
+int Enumerate(const Session& session, const EnumerateOptions& options) {
+    const std::unique_ptr<host::Host> host = LoadHost(session);
+    for (int run = 0; run < options.runs; ++run) InvokeDiagnostic(*host);
+    std::vector<host::Instance> instances;
+    for (int time = 0; time < options.times; ++time)
+        instances = EnumerateOnce(*host, options.className);
+    Print(instances, options.asJson);
+    return kSuccess;
+}
+
+}  // namespace
+
+void AddEnumerate(CLI::App& app, Command& chosen) {
+    CLI::App* const command = app.add_subcommand("enumerate", "Print all instances of a class");
+    const auto options = std::make_shared<EnumerateOptions>();
+    command->add_option("CLASS", options->className, "A CIM class")->required();
+    command
+        ->add_option("--after-runs", options->runs, "Run the test N times first, in this process")
+        ->type_name("N")
+        ->check(CLI::NonNegativeNumber);
+    command->add_option("--times", options->times, "Enumerate N times and print the last")
+        ->type_name("N")
+        ->check(CLI::PositiveNumber);
+    command->add_flag("--json", options->asJson, "Print an array of JSON objects");
+    command->callback([&chosen, options] {
+        chosen = [options](const Session& session) { return Enumerate(session, *options); };
+    });
+}
+
+}  // namespace cli

@@ -1,0 +1,121 @@
+"""The module as a file, and in programs other than the command."""
+
+import ctypes
+import os
+import re
+import subprocess
+
+import pytest
+from conftest import failed_bus, node
+
+CLASSES = [
+    "AffectedJobElement",
+    "AvailableDiagnosticService",
+    "ConcreteJob",
+    "CorrespondingSettingsRecord",
+    "DiagnosticCompletionRecord",
+    "DiagnosticService",
+    "DiagnosticServiceCapabilities",
+    "DiagnosticServiceRecord",
+    "DiagnosticSetting",
+    "DiagnosticSettingRecord",
+    "DiagnosticsLog",
+    "ElementCapabilities",
+    "ElementSetting",
+    "ElementSoftwareIdentity",
+    "HelpService",
+    "JobSettingData",
+    "LogManagesRecord",
+    "ManagedSystemElement",
+    "OwningJobElement",
+    "RecordAppliesToElement",
+    "ServiceAvailableToElement",
+    "SoftwareIdentity",
+    "UseOfLog",
+]
+ASSOCIATIONS = [
+    "AffectedJobElement",
+    "AvailableDiagnosticService",
+    "CorrespondingSettingsRecord",
+    "ElementCapabilities",
+    "ElementSetting",
+    "ElementSoftwareIdentity",
+    "LogManagesRecord",
+    "OwningJobElement",
+    "RecordAppliesToElement",
+    "ServiceAvailableToElement",
+    "UseOfLog",
+]
+
+
+@pytest.fixture
+def module():
+    return os.environ["BMCI2C_BUILD_MODULE"]
+
+
+def without_sanitizers():
+    if os.environ.get("BMCI2C_BUILD_SANITIZERS"):
+        pytest.skip("a sanitizer's run-time library must be the program's first")
+
+
+def output_of(*command):
+    return subprocess.run(command, stdout=subprocess.PIPE, check=True, text=True).stdout
+
+
+def test_exported_functions_are_exactly_the_58(module):
+    names = {line.split()[-1] for line in output_of("nm", "-D", "--defined-only", module).splitlines()}
+    factories = {
+        f"QUVSG_BMCI2C_{name}_Provider_Create_{kind}MI"
+        for name in CLASSES
+        for kind in ("Instance", "Method")
+    } | {f"QUVSG_BMCI2C_{name}_Provider_Create_AssociationMI" for name in ASSOCIATIONS}
+    assert len(factories) == 57
+    assert names == factories | {"cimple_module"}
+
+
+def test_soname_is_the_file_s_name(module):
+    dynamic = output_of("readelf", "-d", module)
+    assert re.search(r"\(SONAME\).*\[libbmci2c\.cmpi\.so\]", dynamic)
+    assert "NOW" in dynamic
+
+
+def test_module_loads_at_once_in_a_process_of_its_own(module):
+    without_sanitizers()
+    library = ctypes.CDLL(module, mode=os.RTLD_NOW)
+    library.cimple_module.restype = ctypes.c_void_p
+    assert library.cimple_module()
+
+
+def test_another_program_gets_the_same_from_the_environment(bmci2c, module):
+    log = bmci2c.folder / "log.json"
+    result = bmci2c.bare(
+        module,
+        os.environ["BMCI2C_BUILD_SHARE"] + "/bmci2c/schema",
+        program=os.environ["BMCI2C_OTHER_PROGRAM"],
+        env={
+            "BMCI2C_ROOT": str(bmci2c.root),
+            "BMCI2C_SIMULATE": bmci2c.profile(node(data=[0, 1])),
+            "BMCI2C_LOG": f"json:{log}",
+            "BMCI2C_LOG_LEVEL": "4",
+        },
+    )
+    assert (result.code, result.out, result.err) == (0, failed_bus(8, 1) + "\n", "")
+    assert '"BMCI2C: Total number of BMC(s) found = 1"' in log.read_text()
+
+
+def test_another_program_with_broken_settings_has_no_controllers(bmci2c, module):
+    log = bmci2c.folder / "log.json"
+    config = bmci2c.write("wrong.toml", "[machine\n")
+    result = bmci2c.bare(
+        module,
+        os.environ["BMCI2C_BUILD_SHARE"] + "/bmci2c/schema",
+        program=os.environ["BMCI2C_OTHER_PROGRAM"],
+        env={
+            "BMCI2C_ROOT": str(bmci2c.root),
+            "BMCI2C_CONFIG": config,
+            "BMCI2C_LOG": f"json:{log}",
+        },
+    )
+    assert result.code == 0
+    assert "Sending command data" not in log.read_text()
+    assert f"Settings: {config}:1:" in log.read_text()

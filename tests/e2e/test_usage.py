@@ -1,0 +1,70 @@
+"""Help, version and wrong usage."""
+
+import pytest
+from conftest import SERVICE, node
+
+
+@pytest.mark.parametrize(
+    "arguments",
+    [
+        [],
+        ["nonsense"],
+        ["run", "nonsense"],
+        ["--nonsense", "run"],
+        ["run", "--nonsense"],
+        ["--config"],
+        ["--root", "", "run"],
+        ["enumerate"],
+        ["names"],
+        ["invoke", SERVICE],
+        ["enumerate", SERVICE, "--times", "0"],
+        ["enumerate", SERVICE, "--times", "x"],
+        ["enumerate", SERVICE, "--after-runs", "-1"],
+        ["run", "info"],
+    ],
+    ids=lambda arguments: "-".join(arguments) or "nothing",
+)
+def test_wrong_usage_ends_with_64_and_a_message(bmci2c, arguments):
+    result = bmci2c.bare(*arguments)
+    assert result.code == 64
+    assert result.out == ""
+    assert result.err != ""
+
+
+def test_help_lists_the_commands(bmci2c):
+    result = bmci2c.bare("--help")
+    assert (result.code, result.err) == (0, "")
+    for command in ("run", "enumerate", "names", "invoke", "info"):
+        assert f"\n  {command} " in result.out
+    for option in ("--config", "--module", "--root", "--simulate"):
+        assert option in result.out
+
+
+@pytest.mark.parametrize("command", ["run", "enumerate", "names", "invoke", "info"])
+def test_help_of_a_command_ends_with_0(bmci2c, command):
+    result = bmci2c.bare(command, "--help")
+    assert result.code == 0
+    assert command in result.out
+
+
+def test_version_is_printed(bmci2c):
+    result = bmci2c.bare("--version")
+    assert result.code == 0
+    assert result.out.startswith("bmci2c ")
+
+
+def test_help_needs_no_settings(bmci2c):
+    assert bmci2c.bare("--config", "/nowhere.toml", "run", "--help").code == 0
+
+
+def test_options_of_the_program_may_stand_behind_the_command(bmci2c):
+    profile = bmci2c.profile(node(data=[0]))
+    result = bmci2c.bare("run", "--json", "--simulate", profile, "--root", str(bmci2c.root))
+    assert result.code == 0
+
+
+def test_relative_paths_start_at_the_working_directory(bmci2c, monkeypatch):
+    bmci2c.profile(node(data=[0]))
+    monkeypatch.chdir(bmci2c.folder)
+    result = bmci2c.bare("--root", "root", "--simulate", "profile.toml", "run", "--json")
+    assert result.code == 0

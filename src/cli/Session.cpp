@@ -41,11 +41,10 @@ Session OpenSession(const GlobalOptions& options) {
     const std::filesystem::path root = FindRoot(folder);
     session.choseRoot = session.settings.root.origin == Origin::Default && !root.empty();
     session.choseLog = session.settings.log.origin == Origin::Default;
+    session.choseLogLevel = session.choseLog && session.settings.logLevel.origin == Origin::Default;
     if (session.choseRoot) SetVariable("BMCI2C_ROOT", root);
-    if (session.choseLog) {
-        SetVariable("BMCI2C_LOG", "stderr");
-        SetVariable("BMCI2C_LOG_LEVEL", "0");
-    }
+    if (session.choseLog) SetVariable("BMCI2C_LOG", "stderr");
+    if (session.choseLogLevel) SetVariable("BMCI2C_LOG_LEVEL", "0");
     session.settings = platform::ReadSettings();
     return session;
 }

@@ -27,6 +27,7 @@ struct Session {
     // The command chose these itself, because nobody had.
     bool choseRoot = false;
     bool choseLog = false;
+    bool choseLogLevel = false;
 
     // BMCI2C_SIMULATE came from whoever started the command.
     bool inheritedProfile = false;

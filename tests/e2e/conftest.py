@@ -15,12 +15,9 @@ SERVICE = "QUVSG_BMCI2C_DiagnosticService"
 JOB = "QUVSG_BMCI2C_ConcreteJob"
 RECORD = "QUVSG_BMCI2C_DiagnosticCompletionRecord"
 
+
 # What the catalog of these tests says. Each text names its number, so that a mix-up shows.
-PASS_TEXT = "PASS: text 0"
-RECOMMENDATION = "\nRecommendations:\n\n"
-
-
-def message(number, controller, heading, machine="any"):
+def message(number, controller, heading):
     return f"166-{number:03d}-{controller:03d} {heading}: text {number}"
 
 

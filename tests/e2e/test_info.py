@@ -53,6 +53,12 @@ def test_log_that_somebody_chose_is_left_alone(bmci2c):
     assert settings["log.level"]["origin"] == "default"
 
 
+def test_log_level_that_somebody_chose_is_kept(bmci2c):
+    settings = info(bmci2c, env={"BMCI2C_LOG_LEVEL": "3"})["settings"]
+    assert settings["log.sink"] == {"value": "stderr", "origin": "command"}
+    assert settings["log.level"] == {"value": 3, "origin": "environment"}
+
+
 def test_lan_controller_is_told_without_its_password(bmci2c):
     bmci2c.write("secret", "sesame\n")
     config = bmci2c.write(

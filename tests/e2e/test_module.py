@@ -86,36 +86,33 @@ def test_module_loads_at_once_in_a_process_of_its_own(module):
     assert library.cimple_module()
 
 
-def test_another_program_gets_the_same_from_the_environment(bmci2c, module):
-    log = bmci2c.folder / "log.json"
-    result = bmci2c.bare(
-        module,
-        os.environ["BMCI2C_BUILD_SHARE"] + "/bmci2c/schema",
-        program=os.environ["BMCI2C_OTHER_PROGRAM"],
-        env={
-            "BMCI2C_ROOT": str(bmci2c.root),
-            "BMCI2C_SIMULATE": bmci2c.profile(node(data=[0, 1])),
-            "BMCI2C_LOG": f"json:{log}",
-            "BMCI2C_LOG_LEVEL": "4",
-        },
-    )
+@pytest.fixture
+def run_elsewhere(bmci2c, module):
+    """Runs the diagnostic in a program that knows only the module; returns its result and log."""
+
+    def run(**environment):
+        log = bmci2c.folder / "log.json"
+        result = bmci2c.bare(
+            module,
+            os.environ["BMCI2C_BUILD_SHARE"] + "/bmci2c/schema",
+            program=os.environ["BMCI2C_OTHER_PROGRAM"],
+            env={"BMCI2C_ROOT": str(bmci2c.root), "BMCI2C_LOG": f"json:{log}", **environment},
+        )
+        return result, log.read_text()
+
+    return run
+
+
+def test_another_program_gets_the_same_from_the_environment(bmci2c, run_elsewhere):
+    profile = bmci2c.profile(node(data=[0, 1]))
+    result, log = run_elsewhere(BMCI2C_SIMULATE=profile, BMCI2C_LOG_LEVEL="4")
     assert (result.code, result.out, result.err) == (0, failed_bus(8, 1) + "\n", "")
-    assert '"BMCI2C: Total number of BMC(s) found = 1"' in log.read_text()
+    assert '"BMCI2C: Total number of BMC(s) found = 1"' in log
 
 
-def test_another_program_with_broken_settings_has_no_controllers(bmci2c, module):
-    log = bmci2c.folder / "log.json"
+def test_another_program_with_broken_settings_has_no_controllers(bmci2c, run_elsewhere):
     config = bmci2c.write("wrong.toml", "[machine\n")
-    result = bmci2c.bare(
-        module,
-        os.environ["BMCI2C_BUILD_SHARE"] + "/bmci2c/schema",
-        program=os.environ["BMCI2C_OTHER_PROGRAM"],
-        env={
-            "BMCI2C_ROOT": str(bmci2c.root),
-            "BMCI2C_CONFIG": config,
-            "BMCI2C_LOG": f"json:{log}",
-        },
-    )
+    result, log = run_elsewhere(BMCI2C_CONFIG=config, BMCI2C_LOG_LEVEL="4")
     assert result.code == 0
-    assert "Sending command data" not in log.read_text()
-    assert f"Settings: {config}:1:" in log.read_text()
+    assert "Sending command data" not in log
+    assert f"Settings: {config}:1:" in log

@@ -121,6 +121,12 @@ def test_file_that_is_no_module_ends_with_3(bmci2c):
     assert file in result.err
 
 
+def test_missing_schema_ends_with_3(bmci2c):
+    result = bmci2c("run", env={"BMCI2C_SCHEMA": "/nowhere"})
+    assert (result.code, result.out) == (3, "")
+    assert "/nowhere/bmci2c.mof" in result.err
+
+
 def test_failed_call_ends_with_3_and_its_status(bmci2c):
     # A message number that is none lets the catalog's parser throw; the call fails with its text.
     bmci2c.write_catalog(

@@ -60,7 +60,7 @@ Json SettingsJson(const Session& session) {
                                                    : Json("every IPMI device")},
               {"origin", OriginText(settings.controllers.origin)}}},
             {"log.sink", SettingJson(settings.log, session.choseLog)},
-            {"log.level", SettingJson(settings.logLevel, session.choseLog)}};
+            {"log.level", SettingJson(settings.logLevel, session.choseLogLevel)}};
 }
 
 // A password stands in its file only, which is named.

@@ -1,11 +1,15 @@
+#include <fakes/FakeServiceProcessor.h>
+#include <fakes/FakeSystem.h>
+#include <gtest/gtest.h>
+#include <test/BMCI2C_Test_Impl.h>
 #include <test/Globals_BMCI2C_Test.h>
 
 #include <array>
 #include <cstdlib>
 #include <new>
+#include <string>
 #include <thread>
-
-#include "EngineFixture.h"
+#include <vector>
 
 namespace {
 
@@ -19,10 +23,17 @@ std::string GeneratedID(int randomNumber) {
     return InstanceID();
 }
 
-class RegistryTest : public engine::EngineTest {};
+class RegistryTest : public ::testing::Test {
+protected:
+    RegistryTest() {
+        FakeServiceProcessor::Reset();
+        FakeSystem::Reset();
+    }
+};
 
-// Each check below runs in a process of its own, in which the registry was not made yet.
-class FreshRegistryDeathTest : public engine::EngineTest {
+// Each check below runs in a process of its own, in which the registry was not made yet. The
+// process ends within the check, so these tests have nothing that must be torn down.
+class FreshRegistryDeathTest : public ::testing::Test {
 protected:
     FreshRegistryDeathTest() { GTEST_FLAG_SET(death_test_style, "threadsafe"); }
 };

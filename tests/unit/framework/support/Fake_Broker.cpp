@@ -13,7 +13,8 @@ CMPIEnumeration* enumerate(const CMPIBroker* cmpiBroker, const CMPIContext* cont
                            CMPIStatus* status) {
     auto& broker = *const_cast<Broker*>(static_cast<const Broker*>(cmpiBroker));
     broker.upcallContext = context;
-    return broker.onEnumerate(*static_cast<const Path*>(classPath), status);
+    const auto answer = broker.onEnumerate;  // which may put another in its place
+    return answer(*static_cast<const Path*>(classPath), status);
 }
 
 }  // namespace

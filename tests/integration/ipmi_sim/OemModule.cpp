@@ -12,12 +12,15 @@ extern "C" {
 #include <OpenIPMI/mcserv.h>
 }
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <exception>
 #include <fstream>
 #include <map>
 #include <optional>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 

@@ -1,5 +1,5 @@
 # Writes LIST_FILE, in which ctest finds one test for each that PYTHON's pytest finds in FOLDER.
-# ENVIRONMENT holds their variables, separated by "|".
+# PREFIX stands before their names. ENVIRONMENT holds their variables, separated by "|".
 set(ENV{PYTHONDONTWRITEBYTECODE} 1)
 execute_process(
   COMMAND "${PYTHON}" -m pytest --collect-only -q -p no:cacheprovider .
@@ -15,7 +15,7 @@ string(REPLACE "|" ";" ENVIRONMENT "${ENVIRONMENT}")
 string(REGEX MATCHALL "[^\n]+\\.py::[^\n]+" ids "${output}")
 set(script "")
 foreach(id IN LISTS ids)
-  string(REGEX REPLACE "^test_(.*)\\.py::test_(.*)$" "e2e.\\1.\\2" name "${id}")
+  string(REGEX REPLACE "^test_(.*)\\.py::test_(.*)$" "${PREFIX}e2e.\\1.\\2" name "${id}")
   string(APPEND script "\
 add_test([==[${name}]==] [==[${PYTHON}]==] -m pytest -q -rs -p no:cacheprovider [==[${FOLDER}/${id}]==])
 set_tests_properties([==[${name}]==] PROPERTIES TIMEOUT 120 ENVIRONMENT [==[${ENVIRONMENT}]==]

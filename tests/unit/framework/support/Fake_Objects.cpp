@@ -174,7 +174,7 @@ const CMPIDateTimeFT dateTimeTable = make_date_time_table();
 const CMPIEnumerationFT enumerationTable = make_enumeration_table();
 const CMPIResultFT resultTable = make_result_table();
 
-std::string quoted(const std::string& text) { return '"' + text + '"'; }
+std::string in_quotes(const std::string& text) { return '"' + text + '"'; }
 
 std::string array_text(const Array& array) {
     std::string text;
@@ -214,11 +214,11 @@ std::string value_text(const CMPIData& data) {
         case CMPI_char16:
             return "U+" + std::to_string(data.value.char16);
         case CMPI_string:
-            return quoted(as<Text>(data.value.string).text);
+            return in_quotes(as<Text>(data.value.string).text);
         case CMPI_dateTime:
             return as<Date_Time>(data.value.dateTime).text;
         case CMPI_ref:
-            return quoted(to_text(data.value.ref));
+            return in_quotes(to_text(data.value.ref));
         default:
             return "?";
     }

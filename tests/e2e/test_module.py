@@ -62,6 +62,11 @@ def output_of(*command):
     return subprocess.run(command, stdout=subprocess.PIPE, check=True, text=True).stdout
 
 
+def test_module_stays_loaded_when_a_server_closes_it(module):
+    flags = [line for line in output_of("readelf", "-d", module).splitlines() if "(FLAGS_1)" in line]
+    assert len(flags) == 1 and "NODELETE" in flags[0]
+
+
 def test_exported_functions_are_exactly_the_58(module):
     names = {line.split()[-1] for line in output_of("nm", "-D", "--defined-only", module).splitlines()}
     factories = {

@@ -84,9 +84,16 @@ void set_keys(Instance& instance, const CMPIObjectPath* path) {
     });
 }
 
+// Servers write keys that have no value as empty texts, and their form of the class may have keys
+// that it lacks here.
+bool tells_something(const CMPIData& key) {
+    if (is_null(key)) return false;
+    return key.type != CMPI_string || *text_of(key.value.string) != '\0';
+}
+
 void refuse_unknown_keys(const Meta_Class& meta_class, const CMPIObjectPath* path) {
-    for_each_key(path, [&](const char* name, const CMPIData&) {
-        if (find_feature(meta_class, name) == nullptr) {
+    for_each_key(path, [&](const char* name, const CMPIData& key) {
+        if (find_feature(meta_class, name) == nullptr && tells_something(key)) {
             refuse("the class " + std::string(meta_class.name) + " has no key " + quoted(name) +
                    ".");
         }

@@ -10,7 +10,7 @@
 namespace cimple {
 
 // A new instance of the class with the path's keys, some or all of them. Throws Request_Error also
-// for a key that the class does not have.
+// for a key that the class does not have, unless it is null or an empty text.
 Instance_Ptr read_target(const Meta_Class& meta_class, const CMPIObjectPath* path);
 
 // A new instance of the path's class with the path's keys. A class that the repository lacks is

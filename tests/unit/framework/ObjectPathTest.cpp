@@ -102,3 +102,11 @@ TEST_F(ObjectPath, UnknownKey_IsAnInvalidParameterThatIsNamed) {
         to_text(remove(fan_path()->with_key("Colour", broker.arena.string_data("blue")))),
         "4: ACME_Fan_Provider: deleteInstance failed: the class ACME_Fan has no key \"Colour\".");
 }
+
+TEST_F(ObjectPath, UnknownKeyWithoutAValue_IsPassedOver) {
+    EXPECT_EQ(to_text(remove(fan_path()
+                                 ->with_key("Colour", broker.arena.string_data(""))
+                                 ->with_key("Weight", fake::null_data(CMPI_uint16)))),
+              "0");
+    EXPECT_EQ(target, "a 3");
+}

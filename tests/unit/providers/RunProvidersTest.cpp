@@ -139,13 +139,14 @@ TEST_F(RunProviders, InstallDate_IsTheSameInEveryEnumeration) {
 
 TEST_F(RunProviders, UnknownName_FailsWithoutJobAndLeavesTheReturnValue) {
     for (const char* name : {"bmc i2c test", "", "BMC I2C Test "}) {
+        FakeTraceSink::lines.clear();
         EXPECT_EQ(Run(name), 130);
         EXPECT_EQ(job, nullptr);
         EXPECT_EQ(returned.null, 1);
+        EXPECT_THAT(FakeTraceSink::lines,
+                    ElementsAre("---QUVSG_BMCI2C_DiagnosticService_Provider::RunDiagnostic\n"));
     }
     EXPECT_THAT(FakeServiceProcessor::Requests(), IsEmpty());
-    EXPECT_EQ(FakeTraceSink::lines.back(),
-              "---QUVSG_BMCI2C_DiagnosticService_Provider::RunDiagnostic\n");
 }
 
 TEST_F(RunProviders, Run_ReturnsOneAndAJobWithTheNewId) {
@@ -153,9 +154,9 @@ TEST_F(RunProviders, Run_ReturnsOneAndAJobWithTheNewId) {
     EXPECT_EQ(Run("BMC I2C Test"), 0);
     EXPECT_EQ(returned.value, 1U);
     EXPECT_EQ(returned.null, 0);
-    EXPECT_EQ(JobId(), EnumeratedJobId());
     EXPECT_THAT(FakeTraceSink::lines,
-                Contains("---QUVSG_BMCI2C_DiagnosticService_Provider::RunDiagnostic OK\n"));
+                ElementsAre("---QUVSG_BMCI2C_DiagnosticService_Provider::RunDiagnostic OK\n"));
+    EXPECT_EQ(JobId(), EnumeratedJobId());
 }
 
 TEST_F(RunProviders, SecondRun_DrawsANewId) {
@@ -164,6 +165,24 @@ TEST_F(RunProviders, SecondRun_DrawsANewId) {
     const std::string first = JobId();
     Run("BMC I2C Test");
     EXPECT_NE(JobId(), first);  // two draws of the unseeded generator that differ
+}
+
+TEST_F(RunProviders, KillJob_IsUnsupportedAndLeavesTheJob) {
+    const Enumeration jobs = Enumerate<QUVSG_BMCI2C_ConcreteJob>(jobProvider);
+    const auto* self = static_cast<QUVSG_BMCI2C_ConcreteJob*>(jobs.instances.at(0).get());
+    const std::vector<std::string> before = jobs.TheOne();
+    const std::string id = EnumeratedJobId();
+    cimple::Property<bool> deleteOnKill;
+    deleteOnKill = true;
+    EXPECT_EQ(jobProvider.KillJob(self, deleteOnKill, returned), 131);
+    EXPECT_EQ(returned.null, 1);
+    EXPECT_EQ(jobs.TheOne(), before);
+    EXPECT_EQ(EnumeratedJobId(), id);
+}
+
+TEST_F(RunProviders, InstallDateOfTheJob_IsThatOfTheService) {
+    EXPECT_THAT(Enumerate<QUVSG_BMCI2C_ConcreteJob>(jobProvider).TheOne(),
+                Contains(Enumerate<QUVSG_BMCI2C_DiagnosticService>(service).TheOne().at(3)));
 }
 
 TEST_F(RunProviders, AfterARun_TheCompletionRecordTellsTheOutcome) {

@@ -19,6 +19,22 @@ protected:
         EXPECT_EQ(Enumerate<Class>(provider).status, 0);
         return Trace();
     }
+
+    // Every printed line follows its indentation, which is empty for the outermost ones.
+    template <class Provider, class Class>
+    static void ExpectPrinted() {
+        const std::string name = Class::static_meta_class.name;
+        FakeTraceSink::lines.clear();
+        Provider provider;
+        Enumerate<Class>(provider);
+        const std::vector<std::string>& lines = FakeTraceSink::lines;
+        ASSERT_GT(lines.size(), 6U) << name;
+        EXPECT_EQ(lines.front(), "+++" + name + "_Provider::enum_instances()\n");
+        EXPECT_EQ(lines[2], name + " \n");
+        EXPECT_EQ(lines[4], "{\n");
+        EXPECT_EQ(lines[lines.size() - 2], "}\n");
+        EXPECT_EQ(lines.back(), "---" + name + "_Provider::enum_instances()\n");
+    }
 };
 
 }  // namespace
@@ -69,9 +85,8 @@ TEST_F(TraceTest, NoLine) {
 }
 
 TEST_F(TraceTest, PrintedInstances_StandBetweenTheLines) {
-    QUVSG_BMCI2C_DiagnosticsLog_Provider provider;
-    Enumerate<QUVSG_BMCI2C_DiagnosticsLog>(provider);
-    ASSERT_GT(FakeTraceSink::lines.size(), 4U);
-    EXPECT_EQ(FakeTraceSink::lines[2], "QUVSG_BMCI2C_DiagnosticsLog \n");
-    EXPECT_EQ(FakeTraceSink::lines[4], "{\n");
+    ExpectPrinted<QUVSG_BMCI2C_ConcreteJob_Provider, QUVSG_BMCI2C_ConcreteJob>();
+    ExpectPrinted<QUVSG_BMCI2C_DiagnosticServiceRecord_Provider,
+                  QUVSG_BMCI2C_DiagnosticServiceRecord>();
+    ExpectPrinted<QUVSG_BMCI2C_DiagnosticsLog_Provider, QUVSG_BMCI2C_DiagnosticsLog>();
 }

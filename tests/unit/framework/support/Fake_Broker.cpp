@@ -4,23 +4,22 @@ namespace fake {
 
 namespace {
 
-Arena& arena_of(const CMPIBroker* broker) {
-    return const_cast<Broker*>(static_cast<const Broker*>(broker))->arena;
+Broker& broker_of(const CMPIBroker* broker) {
+    return *const_cast<Broker*>(static_cast<const Broker*>(broker));
 }
 
-CMPIEnumeration* enumerate(const CMPIBroker* cmpiBroker, const CMPIContext* context,
-                           const CMPIObjectPath* classPath, const char** /*properties*/,
-                           CMPIStatus* status) {
-    auto& broker = *const_cast<Broker*>(static_cast<const Broker*>(cmpiBroker));
-    broker.upcallContext = context;
-    const auto answer = broker.onEnumerate;  // which may put another in its place
-    return answer(*static_cast<const Path*>(classPath), status);
+Arena& arena_of(const CMPIBroker* broker) { return broker_of(broker).arena_of_new_objects(); }
+
+CMPIEnumeration* enumerate_instances(const CMPIBroker* broker, const CMPIContext* context,
+                                     const CMPIObjectPath* classPath, const char** /*properties*/,
+                                     CMPIStatus* status) {
+    return broker_of(broker).enumerate(context, *static_cast<const Path*>(classPath), status);
 }
 
 }  // namespace
 
 Broker::Broker() : CMPIBroker{nullptr, &services, &factories, nullptr, nullptr} {
-    services.enumerateInstances = enumerate;
+    services.enumerateInstances = enumerate_instances;
     factories.newString = [](const CMPIBroker* broker, const char* text,
                              CMPIStatus*) -> CMPIString* { return arena_of(broker).text(text); };
     factories.newDateTimeFromChars = [](const CMPIBroker* broker, const char* text,
@@ -42,6 +41,13 @@ Broker::Broker() : CMPIBroker{nullptr, &services, &factories, nullptr, nullptr} 
         auto* const itsPath = const_cast<CMPIObjectPath*>(path);
         return arena_of(broker).instance(static_cast<Path*>(itsPath));
     };
+}
+
+CMPIEnumeration* Broker::enumerate(const CMPIContext* context, const Path& classPath,
+                                   CMPIStatus* status) {
+    upcallContext = context;
+    const auto answer = onEnumerate;  // which may put another in its place
+    return answer(classPath, status);
 }
 
 }  // namespace fake

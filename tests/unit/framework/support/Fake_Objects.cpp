@@ -38,14 +38,16 @@ std::string joined(const char** names) {
 
 const char* chars_of(const CMPIString* text, CMPIStatus*) { return as<Text>(text).text.c_str(); }
 
-CMPIStringFT make_string_table() {
+CMPIStringFT make_string_table(CMPIVersion version) {
     CMPIStringFT table{};
+    table.ftVersion = version;
     table.getCharPtr = chars_of;
     return table;
 }
 
-CMPIArrayFT make_array_table() {
+CMPIArrayFT make_array_table(CMPIVersion version) {
     CMPIArrayFT table{};
+    table.ftVersion = version;
     table.getSize = [](const CMPIArray* array, CMPIStatus*) {
         return static_cast<CMPICount>(as<Array>(array).elements.size());
     };
@@ -60,8 +62,9 @@ CMPIArrayFT make_array_table() {
     return table;
 }
 
-CMPIObjectPathFT make_path_table() {
+CMPIObjectPathFT make_path_table(CMPIVersion version) {
     CMPIObjectPathFT table{};
+    table.ftVersion = version;
     table.getNameSpace = [](const CMPIObjectPath* path, CMPIStatus*) -> CMPIString* {
         return as<Path>(path).arena->text(as<Path>(path).nameSpace);
     };
@@ -83,8 +86,9 @@ CMPIObjectPathFT make_path_table() {
     return table;
 }
 
-CMPIInstanceFT make_instance_table() {
+CMPIInstanceFT make_instance_table(CMPIVersion version) {
     CMPIInstanceFT table{};
+    table.ftVersion = version;
     table.getObjectPath = [](const CMPIInstance* instance, CMPIStatus*) -> CMPIObjectPath* {
         return as<Instance>(instance).path;
     };
@@ -106,8 +110,9 @@ CMPIInstanceFT make_instance_table() {
     return table;
 }
 
-CMPIArgsFT make_args_table() {
+CMPIArgsFT make_args_table(CMPIVersion version) {
     CMPIArgsFT table{};
+    table.ftVersion = version;
     table.addArg = [](const CMPIArgs* args, const char* name, const CMPIValue* value,
                       CMPIType type) {
         as<Args>(args).with(name, data_of(value, type));
@@ -122,16 +127,18 @@ CMPIArgsFT make_args_table() {
     return table;
 }
 
-CMPIDateTimeFT make_date_time_table() {
+CMPIDateTimeFT make_date_time_table(CMPIVersion version) {
     CMPIDateTimeFT table{};
+    table.ftVersion = version;
     table.getStringFormat = [](const CMPIDateTime* dateTime, CMPIStatus*) -> CMPIString* {
         return as<Date_Time>(dateTime).arena->text(as<Date_Time>(dateTime).text);
     };
     return table;
 }
 
-CMPIEnumerationFT make_enumeration_table() {
+CMPIEnumerationFT make_enumeration_table(CMPIVersion version) {
     CMPIEnumerationFT table{};
+    table.ftVersion = version;
     table.hasNext = [](const CMPIEnumeration* list, CMPIStatus*) -> CMPIBoolean {
         return as<Enumeration>(list).position < as<Enumeration>(list).elements.size();
     };
@@ -141,22 +148,30 @@ CMPIEnumerationFT make_enumeration_table() {
     return table;
 }
 
-CMPIStatus answer(const CMPIResult* result, const std::string& text) {
+CMPIStatus answer(const CMPIResult* result, const CMPIData& data, const std::string& text) {
     auto& target = as<Result>(result);
-    if (target.refusal.rc == CMPI_RC_OK) target.answers.push_back(text);
+    if (target.refusal.rc != CMPI_RC_OK) return target.refusal;
+    target.answers.push_back(text);
+    target.values.push_back(data);
     return target.refusal;
 }
 
-CMPIResultFT make_result_table() {
+CMPIResultFT make_result_table(CMPIVersion version) {
     CMPIResultFT table{};
+    table.ftVersion = version;
     table.returnData = [](const CMPIResult* result, const CMPIValue* value, CMPIType type) {
-        return answer(result, to_text(data_of(value, type)));
+        const CMPIData data = data_of(value, type);
+        return answer(result, data, to_text(data));
     };
     table.returnInstance = [](const CMPIResult* result, const CMPIInstance* instance) {
-        return answer(result, to_text(instance));
+        CMPIData data{CMPI_instance, CMPI_goodValue, {}};
+        data.value.inst = const_cast<CMPIInstance*>(instance);
+        return answer(result, data, to_text(instance));
     };
     table.returnObjectPath = [](const CMPIResult* result, const CMPIObjectPath* path) {
-        return answer(result, to_text(path));
+        CMPIData data{CMPI_ref, CMPI_goodValue, {}};
+        data.value.ref = const_cast<CMPIObjectPath*>(path);
+        return answer(result, data, to_text(path));
     };
     table.returnDone = [](const CMPIResult* result) {
         ++as<Result>(result).ends;
@@ -164,15 +179,6 @@ CMPIResultFT make_result_table() {
     };
     return table;
 }
-
-const CMPIStringFT stringTable = make_string_table();
-const CMPIArrayFT arrayTable = make_array_table();
-const CMPIObjectPathFT pathTable = make_path_table();
-const CMPIInstanceFT instanceTable = make_instance_table();
-const CMPIArgsFT argsTable = make_args_table();
-const CMPIDateTimeFT dateTimeTable = make_date_time_table();
-const CMPIEnumerationFT enumerationTable = make_enumeration_table();
-const CMPIResultFT resultTable = make_result_table();
 
 std::string in_quotes(const std::string& text) { return '"' + text + '"'; }
 
@@ -226,7 +232,17 @@ std::string value_text(const CMPIData& data) {
 
 }  // namespace
 
-Result::Result() : CMPIResult{nullptr, &resultTable} {}
+Result::Result(CMPIVersion tableVersion)
+    : CMPIResult{nullptr, &table}, table(make_result_table(tableVersion)) {}
+
+Tables::Tables(CMPIVersion version)
+    : string(make_string_table(version)),
+      array(make_array_table(version)),
+      path(make_path_table(version)),
+      instance(make_instance_table(version)),
+      args(make_args_table(version)),
+      dateTime(make_date_time_table(version)),
+      enumeration(make_enumeration_table(version)) {}
 
 template <class Object>
 Object* Arena::add(Object object) {
@@ -237,27 +253,27 @@ Object* Arena::add(Object object) {
 }
 
 Text* Arena::text(const std::string& text) {
-    return add(Text{{nullptr, &stringTable}, this, text});
+    return add(Text{{nullptr, &tables.string}, this, text});
 }
 
 Path* Arena::path(const std::string& nameSpace, const std::string& className) {
-    return add(Path{{nullptr, &pathTable}, this, nameSpace, className, {}});
+    return add(Path{{nullptr, &tables.path}, this, nameSpace, className, {}});
 }
 
 Instance* Arena::instance(Path* path) {
-    return add(Instance{{nullptr, &instanceTable}, this, path, {}, ""});
+    return add(Instance{{nullptr, &tables.instance}, this, path, {}, ""});
 }
 
-Array* Arena::array(CMPIType type) { return add(Array{{nullptr, &arrayTable}, this, type, {}}); }
+Array* Arena::array(CMPIType type) { return add(Array{{nullptr, &tables.array}, this, type, {}}); }
 
-Args* Arena::args() { return add(Args{{nullptr, &argsTable}, this, {}}); }
+Args* Arena::args() { return add(Args{{nullptr, &tables.args}, this, {}}); }
 
 Date_Time* Arena::date_time(const std::string& text) {
-    return add(Date_Time{{nullptr, &dateTimeTable}, this, text});
+    return add(Date_Time{{nullptr, &tables.dateTime}, this, text});
 }
 
 Enumeration* Arena::enumeration(std::vector<CMPIData> elements) {
-    return add(Enumeration{{nullptr, &enumerationTable}, this, std::move(elements), 0});
+    return add(Enumeration{{nullptr, &tables.enumeration}, this, std::move(elements), 0});
 }
 
 CMPIData Arena::string_data(const std::string& value) {

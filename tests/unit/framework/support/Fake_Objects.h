@@ -72,18 +72,41 @@ struct Enumeration : CMPIEnumeration {
     std::size_t position = 0;
 };
 
-// What a client got, as text.
-struct Result : CMPIResult {
-    std::vector<std::string> answers;  // instances, paths and return values
+// What a client got.
+class Result : public CMPIResult {
+    const CMPIResultFT table;
+
+public:
+    std::vector<std::string> answers;  // instances, paths and return values, as text
+    std::vector<CMPIData> values;      // the same
     int ends = 0;
     CMPIStatus refusal{CMPI_RC_OK, nullptr};  // the answer to every instance and path
 
-    Result();
+    explicit Result(CMPIVersion tableVersion = 0);
+    Result(const Result&) = delete;
+    Result& operator=(const Result&) = delete;
+};
+
+// The function tables of the other objects, which all state one version.
+struct Tables {
+    explicit Tables(CMPIVersion version);
+
+    CMPIStringFT string;
+    CMPIArrayFT array;
+    CMPIObjectPathFT path;
+    CMPIInstanceFT instance;
+    CMPIArgsFT args;
+    CMPIDateTimeFT dateTime;
+    CMPIEnumerationFT enumeration;
 };
 
 // Owns the objects: they live as long as it does.
 class Arena {
 public:
+    explicit Arena(CMPIVersion tableVersion = 0) : tables(tableVersion) {}
+    Arena(const Arena&) = delete;
+    Arena& operator=(const Arena&) = delete;
+
     Text* text(const std::string& text);
     Path* path(const std::string& nameSpace, const std::string& className);
     Instance* instance(Path* path);
@@ -104,6 +127,7 @@ private:
     template <class Object>
     Object* add(Object object);
 
+    const Tables tables;
     std::mutex lock;  // guards `objects`
     std::vector<std::shared_ptr<void>> objects;
 };

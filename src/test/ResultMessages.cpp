@@ -2,7 +2,6 @@
 #include <test/CoreLog.h>
 #include <test/MessageNumbers.h>
 
-#include <iomanip>
 #include <sstream>
 #include <vector>
 
@@ -26,6 +25,12 @@ unsigned short HeadingOf(int kind) {
     }
 }
 
+// With leading zeros, and without the separators that a host's locale may put between digits.
+std::string ThreeDigitsOrMore(std::int32_t number) {
+    const std::string digits = std::to_string(number);
+    return digits.size() < 3 ? std::string(3 - digits.size(), '0') + digits : digits;
+}
+
 }  // namespace
 
 void BMCI2C_Test_Impl::WriteOutput(EZDXLogSeverity severity, const std::string& text) {
@@ -35,7 +40,7 @@ void BMCI2C_Test_Impl::WriteOutput(EZDXLogSeverity severity, const std::string& 
 void BMCI2C_Test_Impl::WriteOutputLocation(EZDXLogSeverity severity, const char* file, int line,
                                            const std::string& text) {
     std::ostringstream output;
-    output << "BMCI2C At " << file << ": " << line << ": " << text;
+    output << "BMCI2C At " << file << ": " << std::to_string(line) << ": " << text;
     WriteCoreLog(severity, output.str());
 }
 
@@ -65,7 +70,7 @@ std::string BMCI2C_Test_Impl::GetMessageString(int kind, unsigned short number) 
     return message;
 }
 
-// "166-NUMBER-NODE HEADING TEXT", number and node with at least three digits.
+// "166-NUMBER-NODE HEADING TEXT".
 std::string BMCI2C_Test_Impl::MessageLine(int kind, unsigned short number) {
     const TXMessage generic = genericMachine->GetMessege();
     std::string text = machine->GetMessege().GetValueFromMap(number);
@@ -75,10 +80,8 @@ std::string BMCI2C_Test_Impl::MessageLine(int kind, unsigned short number) {
     if (text.empty()) {
         text = generic.GetValueFromMap(kFallbackText) + ": message num: " + std::to_string(number);
     }
-    std::ostringstream line;
-    line << "166-" << std::setfill('0') << std::setw(3) << number << '-' << std::setw(3)
-         << nodeCount << ' ' << generic.GetValueFromMap(HeadingOf(kind)) << text;
-    return line.str();
+    return "166-" + ThreeDigitsOrMore(number) + '-' + ThreeDigitsOrMore(nodeCount) + ' ' +
+           generic.GetValueFromMap(HeadingOf(kind)) + text;
 }
 
 // The block below a message; empty when neither entry recommends anything.

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <climits>
+
 #include "EngineFixture.h"
 
 using engine::kGeneration;
@@ -76,20 +78,50 @@ TEST_F(IsOxcV2, LowestBitOfSecondDataByteClear_IsFalse) {
     EXPECT_EQ(Log(), (Lines{kSending, Dump("4", "00 01 02 01 00 ")}));
 }
 
-TEST_F(IsOxcV2, NegativeLength_IsFalseAndDumpsNothing) {
-    Answer({.data = {0, 1}, .length = -3});
-    EXPECT_FALSE(Test().IsOxcV2());
-    EXPECT_EQ(Log(), (Lines{kSending, std::string(kHeadOfLength) + "-3" + kHeadOfBytes,
-                            "3 isOxcV2 response length not correct"}));
-}
-
-TEST_F(IsOxcV2, LengthBeyondTheBuffer_IsJudged) {
-    Answer({.data = {0, 1}, .length = 100000});
-    EXPECT_TRUE(Test().IsOxcV2());
-}
-
 TEST_F(IsOxcV2, TouchesNoRecord) {
     Answer({.completionCode = 0xC1});
     Test().IsOxcV2();
     EXPECT_TRUE(Records().empty());
 }
+
+namespace {
+
+struct LengthCase {
+    int length;
+    std::size_t bytesShown;
+    bool isV2;
+};
+
+class IsOxcV2Length : public IsOxcV2, public ::testing::WithParamInterface<LengthCase> {};
+
+}  // namespace
+
+// The generation bit is looked at in the buffer, also where the length does not announce it.
+TEST_P(IsOxcV2Length, IsJudgedWithinTheBuffer) {
+    const std::string length = std::to_string(GetParam().length);
+    Answer({.data = {0, 1}, .length = GetParam().length});
+    EXPECT_EQ(Test().IsOxcV2(), GetParam().isV2);
+    const Lines log = Log();
+    const std::string head = kHeadOfLength + length + kHeadOfBytes;
+    ASSERT_EQ(log.size(), GetParam().isV2 ? 2u : 3u);
+    EXPECT_EQ(log[1].substr(0, head.size()), head);
+    EXPECT_EQ(log[1].size(), head.size() + 3 * GetParam().bytesShown);
+    if (!GetParam().isV2) {
+        EXPECT_EQ(log[2], "3 isOxcV2 response length not correct");
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Lengths, IsOxcV2Length,
+                         ::testing::Values(LengthCase{INT_MIN, 0, false}, LengthCase{-3, 0, false},
+                                           LengthCase{-1, 0, false}, LengthCase{0, 9, false},
+                                           LengthCase{1, 10, false}, LengthCase{2, 11, true},
+                                           LengthCase{247, 256, true}, LengthCase{248, 256, true},
+                                           LengthCase{250, 256, true}, LengthCase{256, 256, true},
+                                           LengthCase{100000, 256, true},
+                                           LengthCase{INT_MAX, 256, true}),
+                         [](const auto& lengthCase) {
+                             const int length = lengthCase.param.length;
+                             return length < 0
+                                        ? "Minus" + std::to_string(-static_cast<long>(length))
+                                        : std::to_string(length);
+                         });

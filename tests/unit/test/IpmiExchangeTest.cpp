@@ -1,10 +1,15 @@
 #include <fakes/FakeServiceProcessor.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 #include <test/IpmiExchange.h>
+#include <unistd.h>
 
 #include <climits>
+#include <new>
 #include <numeric>
+#include <stdexcept>
+#include <system_error>
 
 namespace {
 
@@ -20,6 +25,44 @@ IpmiBuffer CountingBuffer() {
 std::size_t DataBytes(int length) {
     const IpmiBuffer buffer{};
     return IpmiResponse(buffer, length).Data().size();
+}
+
+// A response buffer at the very beginning or end of a page, between pages that nobody may read: a
+// read on that side of the buffer ends the program, also without sanitizers.
+class FencedBuffer {
+public:
+    enum class Fence { Before, Behind };
+
+    explicit FencedBuffer(Fence fence) {
+        void* const all =
+            mmap(nullptr, 3 * pageSize, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+        if (all == MAP_FAILED) {
+            throw std::system_error(errno, std::generic_category(), "mmap");
+        }
+        pages = static_cast<std::uint8_t*>(all);
+        mprotect(pages + pageSize, pageSize, PROT_READ | PROT_WRITE);
+        std::uint8_t* const place =
+            pages + (fence == Fence::Before ? pageSize : 2 * pageSize - sizeof(IpmiBuffer));
+        buffer = new (place) IpmiBuffer{};
+    }
+    ~FencedBuffer() { munmap(pages, 3 * pageSize); }
+    FencedBuffer(const FencedBuffer&) = delete;
+    FencedBuffer& operator=(const FencedBuffer&) = delete;
+
+    const IpmiBuffer& operator*() const { return *buffer; }
+
+private:
+    std::size_t pageSize = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    std::uint8_t* pages = nullptr;
+    IpmiBuffer* buffer = nullptr;
+};
+
+// Reads whatever can be read of a response; the sum of its data bytes.
+int ReadAll(const IpmiResponse& response) {
+    EXPECT_FALSE(response.Dump().empty());
+    EXPECT_EQ(response.CompletionCode(), 0);
+    EXPECT_EQ(response.DataByte(0) + response.DataByte(1) + response.DataByte(2), 0);
+    return std::accumulate(response.Data().begin(), response.Data().end(), 0);
 }
 
 constexpr char kDumpHead[] = " Including completion code, received response data is : ";
@@ -93,6 +136,22 @@ TEST(IpmiResponse, Data_NegativeLength_IsEmpty) {
     EXPECT_EQ(DataBytes(-1), 0u);
     EXPECT_EQ(DataBytes(-9), 0u);
     EXPECT_EQ(DataBytes(INT_MIN), 0u);
+}
+
+TEST(IpmiResponse, AnyLength_NothingOutsideTheBufferIsRead) {
+    for (const auto fence : {FencedBuffer::Fence::Before, FencedBuffer::Fence::Behind}) {
+        const FencedBuffer buffer(fence);
+        for (const int length :
+             {INT_MIN, -100000, -10, -9, -1, 0, 1, 2, 247, 248, 250, 256, 100000, INT_MAX}) {
+            EXPECT_EQ(ReadAll(IpmiResponse(*buffer, length)), 0);
+        }
+    }
+}
+
+TEST(IpmiResponse, DataByte_BeyondTheBuffer_IsRefused) {
+    const IpmiBuffer buffer = CountingBuffer();
+    EXPECT_EQ(IpmiResponse(buffer, 2).DataByte(246), 255);
+    EXPECT_THROW(IpmiResponse(buffer, 2).DataByte(247), std::out_of_range);
 }
 
 TEST(IpmiResponse, Dump_ShowsNineBytesMoreThanTheLength) {

@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <locale>
+
 #include "EngineFixture.h"
 
 using engine::Catalog;
@@ -15,6 +17,22 @@ protected:
     std::string Message(int kind, unsigned short number) {
         return Test().GetMessageString(kind, number);
     }
+};
+
+// A host whose locale writes 1'234.
+class GroupingLocale {
+public:
+    GroupingLocale() : former(std::locale::global({std::locale::classic(), new Apostrophes})) {}
+    ~GroupingLocale() { std::locale::global(former); }
+    GroupingLocale(const GroupingLocale&) = delete;
+    GroupingLocale& operator=(const GroupingLocale&) = delete;
+
+private:
+    struct Apostrophes : std::numpunct<char> {
+        char do_thousands_sep() const override { return '\''; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+    std::locale former;
 };
 
 // For catalogs other than the sample.
@@ -79,6 +97,14 @@ TEST_F(ResultMessages, NodeAndNumber_HaveThreeDigitsOrMore) {
     EXPECT_EQ(Message(2, 2), "166-002-007 PASS: There is no text");
     Test().nodeCount = 1234;
     EXPECT_EQ(Message(2, 2876), "166-2876-1234 PASS: There is no text: message num: 2876");
+}
+
+TEST_F(ResultMessages, HostGroupsDigits_NumbersAreWrittenWithout) {
+    const GroupingLocale host;
+    Test().nodeCount = 1234;
+    EXPECT_EQ(Message(2, 2876), "166-2876-1234 PASS: There is no text: message num: 2876");
+    Test().WriteOutputLocation(NQUVZDX20::kLogTrace, "a.cpp", 1234, "");
+    EXPECT_EQ(Log().back(), "3 BMCI2C At a.cpp: 1234: ");
 }
 
 TEST_F(ResultMessages, NoTextForTheNumber_FallbackNamesIt) {

@@ -1,12 +1,16 @@
+#include <framework/Instance_Ptr.h>
 #include <framework/Status.h>
 #include <providers/QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider.h>
 #include <test/Globals_BMCI2C_Test.h>
 
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace {
+
+using RecordInstance = std::unique_ptr<QUVSG_BMCI2C_DiagnosticCompletionRecord, cimple::Unref>;
 
 // Whether every step passed; no steps are no failure.
 bool AllPassed(const cimple::Array<bool>& results) {
@@ -17,12 +21,12 @@ bool AllPassed(const cimple::Array<bool>& results) {
 
 // One instance per kept record. They are built while the records are locked and delivered after,
 // because delivery may wait for the client.
-std::vector<QUVSG_BMCI2C_DiagnosticCompletionRecord*> BuildRecords(DiagService& test) {
-    std::vector<QUVSG_BMCI2C_DiagnosticCompletionRecord*> instances;
+std::vector<RecordInstance> BuildRecords(DiagService& test) {
+    std::vector<RecordInstance> instances;
     test.ForEachRecord([&](const DiagnosticRecord& record) {
         const auto* details = dynamic_cast<const BMCI2C_Test_DiagnosticRecord*>(&record);
         const auto index = static_cast<std::uint32_t>(instances.size());
-        instances.push_back(QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::BuildRecord(
+        instances.emplace_back(QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::BuildRecord(
             record, index, test.GetElementName(),
             details != nullptr ? details->ResultArray : cimple::Array<bool>(),
             details != nullptr ? details->LogArray : cimple::Array<cimple::String>()));
@@ -36,8 +40,8 @@ int QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::enum_instances(
     const QUVSG_BMCI2C_DiagnosticCompletionRecord* /*model*/,
     cimple::Enum_Instances_Handler<QUVSG_BMCI2C_DiagnosticCompletionRecord>* handler) {
     for (DiagService* test : Globals_BMCI2C_Test::Instance()->tests) {
-        for (QUVSG_BMCI2C_DiagnosticCompletionRecord* instance : BuildRecords(*test)) {
-            handler->handle(instance);
+        for (RecordInstance& instance : BuildRecords(*test)) {
+            handler->handle(instance.release());
         }
     }
     return cimple::STATUS_OK;

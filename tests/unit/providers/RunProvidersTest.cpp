@@ -56,13 +56,6 @@ protected:
     cimple::Property<std::uint32_t> returned;
 };
 
-// A record that the failed branch is for, and one of another kind than the test's own.
-class OtherRecord : public DiagnosticRecord {
-public:
-    using DiagnosticRecord::DiagnosticRecord;
-    std::int32_t GetCompletionState() const override { return 70000; }
-};
-
 }  // namespace
 
 TEST_F(RunProviders, BeforeAnyRun_NoCompletionRecordAndServiceRecordWithoutData) {
@@ -254,48 +247,6 @@ TEST_F(RunProviders, ServiceRecord_OfTwoKeptRecords_HasTheDataOfTheSecond) {
     }
     EXPECT_THAT(Enumerate<QUVSG_BMCI2C_DiagnosticServiceRecord>(serviceRecord).TheOne(),
                 Contains("RecordData = \"second\""));
-}
-
-TEST_F(RunProviders, FailedRecord_CarriesItsErrorCodeAndBothLoopCountersZero) {
-    OtherRecord record("I2C Bus");
-    record.Passed = false;
-    record.ErrorCode = "E42";
-    const cimple::Instance_Ptr instance(
-        QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::BuildRecord(record, 7, "", {}, {}));
-    const std::vector<std::string> lines = AssignedFeatures(*instance);
-    EXPECT_THAT(lines, Contains("ErrorCode = {\"E42\"}"));
-    EXPECT_THAT(lines, Contains("ErrorCount = {1}"));
-    EXPECT_THAT(lines, Contains("LoopsFailed = 0"));
-    EXPECT_THAT(lines, Contains("LoopsPassed = 0"));
-    EXPECT_THAT(lines, Contains("ElementName = \"Result for \""));
-    EXPECT_THAT(lines, Contains("ServiceName = \"\""));
-}
-
-TEST_F(RunProviders, OverallResult_IsTrueUnlessAnEntryIsFalse) {
-    const OtherRecord record("I2C Bus");
-    const auto overall = [&](cimple::Array<bool> results) {
-        const cimple::Instance_Ptr instance(
-            QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::BuildRecord(record, 0, "x", results,
-                                                                          {}));
-        return static_cast<QUVSG_BMCI2C_DiagnosticCompletionRecord*>(instance.get())
-            ->OverallResult.value;
-    };
-    EXPECT_TRUE(overall({}));
-    EXPECT_TRUE(overall({true, true}));
-    EXPECT_FALSE(overall({false, true}));
-    EXPECT_FALSE(overall({true, false, true}));
-    EXPECT_FALSE(overall({true, false}));
-}
-
-TEST_F(RunProviders, PrintLog_PrintsEachResponse) {
-    BMCI2C_Test_DiagnosticRecord record("I2C Bus");
-    record.ResponseLog = {"one", "two"};
-    record.LogArray = {"not this"};
-    testing::internal::CaptureStdout();
-    QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::PrintLog(&record);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
-              "\nIn QUVSG_BMCI2C_DiagnosticCompletionRecord, the 0 item of  LogArray is : one"
-              "\nIn QUVSG_BMCI2C_DiagnosticCompletionRecord, the 1 item of  LogArray is : two");
 }
 
 TEST_F(RunProviders, GetTimeStamp_OfTheUnsetTime_IsNoPointInTime) {

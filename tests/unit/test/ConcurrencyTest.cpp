@@ -1,9 +1,12 @@
+#include <algorithm>
 #include <atomic>
+#include <latch>
 #include <thread>
 
 #include "EngineFixture.h"
 
 using engine::kStatus;
+using engine::Location;
 using engine::RecordsOf;
 using engine::RecordView;
 
@@ -86,7 +89,32 @@ TEST_F(Concurrency, TwoRunsAtOnce_ExcludeEachOther) {
     EXPECT_EQ(RecordsOf(test).size(), 1u);
 }
 
-TEST_F(Concurrency, SupportCheckWhileRunning_WaitsForTheRun) {
+TEST_F(Concurrency, SupportCheckWhileAControllerIsBusy_BeginsAfterTheRun) {
+    FakeServiceProcessor::Script(0, kStatus, {.completionCode = 0xFF});
+    AnswerStatus(0, {0});
+    BMCI2C_Test_Impl& test = Test();
+    std::latch begun(1);
+    std::thread checker;
+    FakeSystem::onSleep = [&] {
+        checker = std::thread([&] {
+            begun.count_down();
+            test.SupportedMachineType();
+        });
+        begun.wait();
+        for (int i = 0; i < 10; ++i) {
+            std::this_thread::yield();  // the check's chance to begin too early
+        }
+    };
+    Run();
+    checker.join();
+    const std::vector<std::string> log = Log();
+    const auto endOfRun = std::find(log.begin(), log.end(), Location(507));
+    const std::string beginning = "3 getMachineType() entered.";
+    EXPECT_EQ(std::count(log.begin(), endOfRun, beginning), 1);
+    EXPECT_EQ(std::count(endOfRun, log.end(), beginning), 1);
+}
+
+TEST_F(Concurrency, SupportCheckWhileRunning_LeavesTheRunsResultAlone) {
     AnswerStatus(0, {0});
     AnswerStatus(1, {0});
     AnswerStatus(2, {0});

@@ -66,6 +66,16 @@ TEST_F(IsOxcV2, CompletionCodeC1_IsFalseAndSaysSo) {
               (Lines{kSending, Dump("3", "c1 00 01 00 "), "3 IsOxcV2 completion code failed"}));
 }
 
+TEST_F(IsOxcV2, OtherCompletionCode_IsFalseAlsoWhenBusy) {
+    for (const int code : {0x01, 0x80, 0xFF}) {
+        Answer({.completionCode = static_cast<std::uint8_t>(code), .data = {0, 1}});
+        EXPECT_FALSE(Test().IsOxcV2());
+        EXPECT_EQ(Log().back(), "3 IsOxcV2 completion code failed");
+    }
+    EXPECT_EQ(FakeServiceProcessor::Requests().size(), 3u);
+    EXPECT_TRUE(FakeSystem::pauses.empty());
+}
+
 TEST_F(IsOxcV2, LowestBitOfSecondDataByteSet_IsTrue) {
     AnswerGeneration({0, 0x03});
     EXPECT_TRUE(Test().IsOxcV2());

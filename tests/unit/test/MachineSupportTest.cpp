@@ -72,6 +72,13 @@ TEST_F(MachineSupport, ReadMachineType_Empty_KeepsARecord) {
                      Location(555), Location(617), Location(641), Location(708)}));
 }
 
+TEST_F(MachineSupport, ReadMachineType_EmptyAgain_KeepsAnotherRecord) {
+    SetMachine("", "7000");
+    Test().ReadMachineType();
+    Test().ReadMachineType();
+    EXPECT_EQ(Records().size(), 2u);
+}
+
 TEST_F(MachineSupport, ParseXml_ReadsTheCatalogBelowTheRoot) {
     Test().ReadMachineType();
     Test().ParseXML();

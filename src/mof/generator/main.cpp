@@ -2,6 +2,8 @@
 #include <mof/Reader.h>
 #include <mof/generator/ClassHeader.h>
 #include <mof/generator/OutputFile.h>
+#include <mof/generator/PegasusRegistrations.h>
+#include <mof/generator/PublishedMof.h>
 #include <mof/generator/Registrations.h>
 #include <mof/generator/Tables.h>
 
@@ -23,13 +25,21 @@ void WriteClasses(const mof::Schema& schema, const std::filesystem::path& output
     mof::WriteIfChanged(folder / "Tables.cpp", mof::Tables(schema));
 }
 
+// What a server's administrator registers the module with.
+void WriteServerFiles(const mof::Schema& schema, const std::filesystem::path& folder) {
+    mof::WriteIfChanged(folder / "bmci2c.reg", mof::Registrations(schema));
+    mof::WriteIfChanged(folder / "bmci2c-pegasus.mof",
+                        mof::PegasusRegistrations(schema, BMCI2C_VERSION));
+    mof::WriteIfChanged(folder / "bmci2c-published.mof", mof::PublishedMof(schema));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     const std::string_view mode = argc == 4 ? argv[1] : "";
-    if (mode != "--classes" && mode != "--registrations") {
+    if (mode != "--classes" && mode != "--server-files") {
         std::cerr << "Usage: mofgen --classes MOF-FILE OUTPUT-FOLDER\n"
-                     "       mofgen --registrations MOF-FILE OUTPUT-FILE\n";
+                     "       mofgen --server-files MOF-FILE OUTPUT-FOLDER\n";
         return kWrongUsage;
     }
     try {
@@ -37,7 +47,7 @@ int main(int argc, char** argv) {
         if (mode == "--classes") {
             WriteClasses(schema, argv[3]);
         } else {
-            mof::WriteIfChanged(argv[3], mof::Registrations(schema));
+            WriteServerFiles(schema, argv[3]);
         }
     } catch (const std::exception& error) {
         std::cerr << error.what() << "\n";

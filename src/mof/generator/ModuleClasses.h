@@ -1,0 +1,20 @@
+// The classes that the module provides, told from those that they derive from.
+#pragma once
+
+#include <mof/Model.h>
+
+#include <string_view>
+#include <vector>
+
+namespace mof {
+
+inline constexpr std::string_view kModuleLocation = "bmci2c.cmpi";  // of libbmci2c.cmpi.so
+inline constexpr std::string_view kModuleNameSpace = "root/QUVSD";
+
+// In the order of declaration. The schema must outlive them.
+std::vector<const Class*> ModuleClasses(const Schema& schema);
+
+// "QUVSG_BMCI2C_Thing_Provider"
+std::string ProviderOf(const Class& cls);
+
+}  // namespace mof

@@ -14,7 +14,8 @@ namespace cli {
 
 namespace {
 
-constexpr auto kCommands = {AddRun, AddEnumerate, AddNames, AddInvoke, AddInfo};
+constexpr auto kCommands = {AddRun,  AddEnumerate, AddNames,     AddInvoke,
+                            AddInfo, AddRegister,  AddUnregister};
 
 void AddFileOption(CLI::App& app, const std::string& name, std::string& value,
                    const std::string& form, const std::string& description) {

@@ -19,5 +19,7 @@ void AddEnumerate(CLI::App& app, Command& chosen);
 void AddNames(CLI::App& app, Command& chosen);
 void AddInvoke(CLI::App& app, Command& chosen);
 void AddInfo(CLI::App& app, Command& chosen);
+void AddRegister(CLI::App& app, Command& chosen);
+void AddUnregister(CLI::App& app, Command& chosen);
 
 }  // namespace cli

@@ -1,3 +1,4 @@
+#include <cli/ShellWord.h>
 #include <cli/report/RealMachineCommand.h>
 
 #include <filesystem>
@@ -8,20 +9,9 @@ namespace {
 
 constexpr const char* kEmptySettings = "/dev/null";
 
-// A word of a shell command line.
-std::string Quoted(const std::string& word) {
-    if (!word.empty() && word.find_first_not_of("abcdefghijklmnopqrstuvwxyz"
-                                                "ABCDEFGHIJKLMNOPQRSTUVWXYZ"
-                                                "0123456789/._-+=:,@%") == std::string::npos)
-        return word;
-    std::string quoted = "'";
-    for (const char letter : word) quoted += letter == '\'' ? R"('\'')" : std::string(1, letter);
-    return quoted + "'";
-}
-
 std::string Option(const char* name, const std::string& path) {
     if (path.empty()) return "";
-    return " " + std::string(name) + " " + Quoted(std::filesystem::absolute(path));
+    return " " + std::string(name) + " " + ShellWord(std::filesystem::absolute(path));
 }
 
 }  // namespace
@@ -37,7 +27,7 @@ std::string RealMachineCommand(const Session& session, bool isRoot) {
     if (fileSimulates) config = kEmptySettings;
     return std::string(isRoot ? "" : "sudo ") +
            (session.inheritedProfile ? "env -u BMCI2C_SIMULATE " : "") +
-           Quoted(session.executable) + Option("--config", config) +
+           ShellWord(session.executable) + Option("--config", config) +
            Option("--module", session.options.module) +
            Option("--root", namesRoot ? settings.root.value : "") + " run";
 }

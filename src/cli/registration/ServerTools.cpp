@@ -1,0 +1,76 @@
+#include <cli/ShellWord.h>
+#include <cli/registration/ServerTools.h>
+#include <unistd.h>
+
+#include <ostream>
+#include <sstream>
+
+namespace cli {
+
+namespace {
+
+std::string CommandLine(const CommandWords& command) {
+    std::string line;
+    for (const std::string& word : command) line += (line.empty() ? "" : " ") + ShellWord(word);
+    return line;
+}
+
+std::string WithoutLastBreak(std::string text) {
+    if (text.ends_with('\n')) text.pop_back();
+    return text;
+}
+
+std::string RunRequired(const CommandWords& command) {
+    const ProgramResult result = RunProgram(command);
+    if (result.exitCode == 0) return result.output;
+    throw RegistrationError(
+        "'" + CommandLine(command) + "' failed with exit code " + std::to_string(result.exitCode) +
+        ". It printed:\n" +
+        (result.output.empty() ? "(nothing)" : WithoutLastBreak(result.output)));
+}
+
+bool HasLine(const std::string& text, const std::string& line) {
+    std::istringstream stream(text);
+    for (std::string found; std::getline(stream, found);)
+        if (found == line) return true;
+    return false;
+}
+
+}  // namespace
+
+ServerTools::ServerTools(const ServerPackage& package, bool isDryRun, std::ostream& stream)
+    : dryRun(isDryRun), out(stream) {
+    if (dryRun) return;
+    for (const std::string& program : package.programs)
+        if (FindProgram(program).empty())
+            throw RegistrationError("The program '" + program + "' of " + package.server +
+                                    " is in no folder of PATH. Install the package " +
+                                    package.package + ", or add the program's folder to PATH.");
+    if (::geteuid() != 0)
+        throw RegistrationError("Only root may change what " + package.server +
+                                " provides. Call the command with sudo, or see with --dry-run what "
+                                "it would do.");
+}
+
+void ServerTools::Run(const CommandWords& command) {
+    Announce(command);
+    if (!dryRun) RunRequired(command);
+}
+
+void ServerTools::Try(const CommandWords& command) {
+    Announce(command);
+    if (!dryRun) RunProgram(command);
+}
+
+bool ServerTools::Prints(const CommandWords& command, const std::string& line) {
+    Announce(command, ", and if it lists " + line + ":");
+    return dryRun || HasLine(RunRequired(command), line);
+}
+
+void ServerTools::Announce(const CommandWords& command, const std::string& condition) {
+    out << (dryRun ? "Would run: " : "Running: ") << CommandLine(command)
+        << (dryRun ? condition : "") << '\n'
+        << std::flush;
+}
+
+}  // namespace cli

@@ -1,0 +1,51 @@
+// The programs that a CIM server brings for its administrators: runs them and tells the user so, or
+// only tells what would be run.
+#pragma once
+
+#include <cli/registration/ExternalProgram.h>
+
+#include <iosfwd>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace cli {
+
+// What keeps a registration from being made; what() tells the user what to do.
+class RegistrationError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// A server, and where its programs come from.
+struct ServerPackage {
+    std::string server;                 // "sfcb"
+    std::string package;                // what to install
+    std::vector<std::string> programs;  // on the PATH
+};
+
+class ServerTools {
+public:
+    // `dryRun`: nothing is run. Otherwise throws RegistrationError when one of the server's
+    // programs is missing, or when this process is not root's: servers keep their files from
+    // others.
+    ServerTools(const ServerPackage& package, bool dryRun, std::ostream& out);
+
+    // Runs a command that must succeed; throws RegistrationError with its output when it does not.
+    void Run(const CommandWords& command);
+
+    // Runs a command that may fail without harm.
+    void Try(const CommandWords& command);
+
+    // Runs a command that must succeed, and tells whether `line` is among the lines that it prints.
+    // A dry run says that what follows depends on it, and takes it for true.
+    bool Prints(const CommandWords& command, const std::string& line);
+
+private:
+    void Announce(const CommandWords& command, const std::string& condition = {});
+
+    bool dryRun;
+    std::ostream& out;
+};
+
+}  // namespace cli

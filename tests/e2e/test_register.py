@@ -222,6 +222,7 @@ def test_dry_run_says_what_depends_on_the_servers_answer(servers):
     "server, program, package",
     [("sfcb", "sfcbstage", "sfcb (sblim-sfcb elsewhere)"),
      ("pegasus", "cimprovider", "tog-pegasus")],
+    ids=["sfcb", "pegasus"],
 )  # fmt: skip
 def test_missing_program_is_named_with_its_package(servers, server, program, package):
     result = servers.call("register", server)

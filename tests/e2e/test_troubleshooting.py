@@ -35,7 +35,7 @@ def test_no_message_stands_twice():
     assert sorted(set(MESSAGES)) == sorted(MESSAGES)
 
 
-@pytest.mark.parametrize("message", MESSAGES)
+@pytest.mark.parametrize("message", MESSAGES, ids=lambda text: re.sub(r"\W+", "-", text).strip("-"))
 def test_message_is_one_of_ours(texts, message):
     assert max(len(part) for part in parts(message)) >= 8, "too little to find it by"
     for part in parts(message):

@@ -1,3 +1,5 @@
+#include "SyslogServer.h"
+
 #include <platform/diagnostics/SyslogSocket.h>
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -7,8 +9,6 @@
 #include <cerrno>
 #include <cstring>
 #include <system_error>
-
-#include "SyslogServer.h"
 
 namespace NQUVZDX20 {
 

@@ -6,8 +6,6 @@ import subprocess
 
 import pytest
 
-BUILD = pathlib.Path(os.environ["BMCI2C_BUILD_SHARE"]).parent
-
 EXPECTED = {
     "bin/bmci2c",
     "cmpi/libbmci2c.cmpi.so",
@@ -29,9 +27,10 @@ EXPECTED = {
 
 @pytest.fixture
 def prefix(tmp_path):
+    build = pathlib.Path(os.environ["BMCI2C_BUILD_SHARE"]).parent
     folder = tmp_path / "a prefix"
     done = subprocess.run(
-        ["cmake", "--install", str(BUILD), "--prefix", str(folder)],
+        ["cmake", "--install", str(build), "--prefix", str(folder)],
         capture_output=True,
         text=True,
         check=False,

@@ -33,11 +33,20 @@ Instance_Ptr read_element(const Meta_Repository* repository, const CMPIData& ele
     return isInstance ? read_instance(repository, nullptr, element.value.inst) : nullptr;
 }
 
+// A status says that there is no more, or that the answer breaks off.
+bool has_next(const CMPIEnumeration* enumeration) {
+    CMPIStatus status{CMPI_RC_OK, nullptr};
+    const bool hasNext = enumeration->ft->hasNext(enumeration, &status) != 0;
+    if (status.rc == CMPI_RC_NO_MORE_ELEMENTS) return false;
+    check_server(status, "tell whether there are more instances");
+    return hasNext;
+}
+
 std::vector<Instance_Ptr> read_all(const Meta_Repository* repository,
                                    const CMPIEnumeration* enumeration) {
     std::vector<Instance_Ptr> instances;
-    CMPIStatus status{CMPI_RC_OK, nullptr};
-    while (enumeration->ft->hasNext(enumeration, &status) != 0 && status.rc == CMPI_RC_OK) {
+    while (has_next(enumeration)) {
+        CMPIStatus status{CMPI_RC_OK, nullptr};
         const CMPIData element = enumeration->ft->getNext(enumeration, &status);
         check_server(status, "tell an instance");
         instances.push_back(read_element(repository, element));

@@ -44,6 +44,30 @@ protected:
     std::string asked;
 };
 
+// One instance, and after it the given status.
+class Interrupted_Enumeration : public CMPIEnumeration {
+    CMPIEnumerationFT table{};
+
+public:
+    Interrupted_Enumeration(const CMPIData& onlyInstance, CMPIrc statusAfterIt)
+        : CMPIEnumeration{nullptr, &table}, instance(onlyInstance), code(statusAfterIt) {
+        table.hasNext = [](const CMPIEnumeration* list, CMPIStatus* status) -> CMPIBoolean {
+            const auto& self = *static_cast<const Interrupted_Enumeration*>(list);
+            if (self.isRead) status->rc = self.code;
+            return 1;
+        };
+        table.getNext = [](const CMPIEnumeration* list, CMPIStatus*) {
+            const auto& self = *static_cast<const Interrupted_Enumeration*>(list);
+            self.isRead = true;
+            return self.instance;
+        };
+    }
+
+    const CMPIData instance;
+    const CMPIrc code;
+    mutable bool isRead = false;
+};
+
 }  // namespace
 
 TEST_F(Upcall, Answer_IsConvertedWithKeysPropertiesAndNameSpace) {
@@ -178,6 +202,28 @@ TEST_F(Upcall, AnswerWithoutAnEnumeration_Fails) {
     within_request([&] {
         Instance_Enumerator found;
         EXPECT_NE(ask(found), 0);
+    });
+}
+
+TEST_F(Upcall, AnswerThatBreaksOff_FailsAndLeavesTheEnumeratorEmpty) {
+    Interrupted_Enumeration answer(fan_data(), CMPI_RC_ERR_ACCESS_DENIED);
+    broker.onEnumerate = [&](const fake::Path&, CMPIStatus*) { return &answer; };
+    within_request([&] {
+        Instance_Enumerator found;
+        EXPECT_NE(ask(found), 0);
+        EXPECT_FALSE(found);
+    });
+}
+
+TEST_F(Upcall, AnswerThatEndsByStatus_IsComplete) {
+    Interrupted_Enumeration answer(fan_data(), CMPI_RC_NO_MORE_ELEMENTS);
+    broker.onEnumerate = [&](const fake::Path&, CMPIStatus*) { return &answer; };
+    within_request([&] {
+        Instance_Enumerator found;
+        EXPECT_EQ(ask(found), 0);
+        ASSERT_TRUE(found);
+        found++;
+        EXPECT_FALSE(found);
     });
 }
 

@@ -1,4 +1,5 @@
 #include <gmock/gmock.h>
+#include <test/MessageNumbers.h>
 
 #include <locale>
 
@@ -60,6 +61,12 @@ TEST_F(ResultMessages, FixedTexts_AreTheirOwn) {
               "BMCI2C Bus Test fails with reason : IPMI command failed to send successfully.");
     EXPECT_EQ(BMCI2C_Test_Impl::kBMCI2CPass, "BMCI2C Bus Test Passed!");
     EXPECT_EQ(BMCI2C_Test_Impl::kBMCI2CFail, "BMCI2C Bus Test Failed");
+}
+
+TEST_F(ResultMessages, MachineTypeFailures_HaveTheirNumbers) {
+    EXPECT_EQ(Message(6, kMachineTypeUnreadable),
+              "166-101-000 STOP: The machine type cannot be read.");
+    EXPECT_EQ(Message(6, kMachineTypeEmpty), "166-102-000 STOP: The machine type is empty.");
 }
 
 TEST_F(ResultMessages, Pass_HasHeading201AndNoRecommendations) {

@@ -3,7 +3,9 @@
 
 #include <cstring>
 #include <exception>
+#include <locale>
 #include <new>
+#include <sstream>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -36,10 +38,23 @@ bool Tokenise(XML_Parser tokeniser, std::string_view document) {
     }
 }
 
-std::string Reason(XML_Error error, const std::string& unknownEncoding) {
+// Why a byte that begins no token is wrong, in the words of somebody who looks at the file.
+std::string InvalidToken(unsigned char byte) {
+    constexpr unsigned char kFirstBeyondAscii = 0x80;
+    if (byte < kFirstBeyondAscii) return XML_ErrorString(XML_ERROR_INVALID_TOKEN);
+    std::ostringstream text;
+    text.imbue(std::locale::classic());
+    text << "the byte 0x" << std::hex << std::uppercase << static_cast<unsigned int>(byte)
+         << " does not fit the encoding (UTF-8, if the first line names no other)";
+    return text.str();
+}
+
+std::string Reason(XML_Error error, unsigned char byte, const std::string& unknownEncoding) {
     switch (error) {
         case XML_ERROR_NO_ELEMENTS:
             return "the text is empty or ends too early";
+        case XML_ERROR_INVALID_TOKEN:
+            return InvalidToken(byte);
         case XML_ERROR_UNKNOWN_ENCODING:
             return "the encoding " + unknownEncoding +
                    " is not supported (use UTF-8, UTF-16, ISO-8859-1 or US-ASCII)";
@@ -65,7 +80,7 @@ struct TXmlParser::Run {
 
     void CreateTokeniser(TXmlParser& parser);
     int Line() const { return static_cast<int>(XML_GetCurrentLineNumber(tokeniser.get())); }
-    std::string SyntaxError() const;
+    std::string SyntaxError(std::string_view parsed) const;
 
     // Calls `callback` with the parser and its run. Exceptions cannot pass through Expat's C
     // functions, so one that comes stops the tokeniser, which may still report an event or two.
@@ -99,10 +114,13 @@ void TXmlParser::Run::CreateTokeniser(TXmlParser& parser) {
     XML_SetUnknownEncodingHandler(tokeniser.get(), OnUnknownEncoding, &parser);
 }
 
-std::string TXmlParser::Run::SyntaxError() const {
+std::string TXmlParser::Run::SyntaxError(std::string_view parsed) const {
     const auto column = XML_GetCurrentColumnNumber(tokeniser.get()) + 1;
+    const auto position = static_cast<std::size_t>(XML_GetCurrentByteIndex(tokeniser.get()));
+    const char byte = position < parsed.size() ? parsed[position] : '\0';
     return "Not well-formed XML at column " + std::to_string(column) + ": " +
-           Reason(XML_GetErrorCode(tokeniser.get()), unknownEncoding) +
+           Reason(XML_GetErrorCode(tokeniser.get()), static_cast<unsigned char>(byte),
+                  unknownEncoding) +
            ". Nothing from here on is read.";
 }
 
@@ -190,9 +208,10 @@ void TXmlParser::Parse(char* text, std::size_t length) {
 
 void TXmlParser::ParseJSSP() {
     run->CreateTokeniser(*this);
-    const bool complete = Tokenise(run->tokeniser.get(), std::exchange(run->document, {}));
+    const std::string_view document = std::exchange(run->document, {});
+    const bool complete = Tokenise(run->tokeniser.get(), document);
     run->line = run->Line();
-    const std::string error = complete ? "" : run->SyntaxError();
+    const std::string error = complete ? "" : run->SyntaxError(document);
     run->tokeniser.reset();
     if (run->failure != nullptr) {
         std::rethrow_exception(std::exchange(run->failure, nullptr));

@@ -49,6 +49,30 @@ TEST(XmlEncoding, AnyOther_IsRefusedByItsName) {
 TEST(XmlEncoding, BytesThatAreNoUtf8_EndTheParse) {
     EXPECT_THAT(RecordingParser().Read("<a>x\xFCy</a>"),
                 ElementsAre("start a",
-                            "error Not well-formed XML at column 5: not well-formed (invalid "
+                            "error Not well-formed XML at column 5: the byte 0xFC does not fit the "
+                            "encoding (UTF-8, if the first line names no other). Nothing from here "
+                            "on is read."));
+}
+
+TEST(XmlEncoding, ByteThatIsNoUtf8InAnAttribute_IsNamed) {
+    EXPECT_THAT(RecordingParser().Read("<a b='gest\xF6rt'/>"),
+                ElementsAre("error Not well-formed XML at column 11: the byte 0xF6 does not fit "
+                            "the encoding (UTF-8, if the first line names no other). Nothing from "
+                            "here on is read."));
+}
+
+TEST(XmlEncoding, WrongByteBehindSeveralPieces_IsNamed) {
+    const std::string text(3U << 20U, 'x');
+    EXPECT_THAT(RecordingParser().Read("<a>" + text + "\x80</a>"),
+                ElementsAre("start a",
+                            "error Not well-formed XML at column 3145732: the byte 0x80 does not "
+                            "fit the encoding (UTF-8, if the first line names no other). Nothing "
+                            "from here on is read."));
+}
+
+TEST(XmlEncoding, AsciiCharacterThatFitsNowhere_IsAnInvalidToken) {
+    EXPECT_THAT(RecordingParser().Read("<a>x & y</a>"),
+                ElementsAre("start a",
+                            "error Not well-formed XML at column 7: not well-formed (invalid "
                             "token). Nothing from here on is read."));
 }

@@ -1,5 +1,7 @@
 """Catalogs that are wrong leave the test not completed, never passed, and say why."""
 
+import os
+
 import pytest
 from conftest import catalog_text, node
 
@@ -7,6 +9,12 @@ from conftest import catalog_text, node
 def run(bmci2c):
     result = bmci2c.simulate(bmci2c.profile(node(data=[0])), "run", "--json")
     return result.code, result.json(), result.err
+
+
+def unwrapped_report(bmci2c):
+    result = bmci2c.simulate(bmci2c.profile(node(data=[0])), "run")
+    assert result.out.startswith("NOT COMPLETED: there is no usable message catalog, so no ")
+    return " ".join(result.out.split())
 
 
 def test_missing_catalog_is_an_unsupported_machine(bmci2c):
@@ -40,6 +48,40 @@ def test_catalog_that_is_a_folder_is_an_unsupported_machine(bmci2c):
     path.mkdir()
     code, outcome, _ = run(bmci2c)
     assert (code, outcome["verdict"]) == (2, "not completed")
+    assert f"{path} is not a file." in unwrapped_report(bmci2c)
+
+
+def test_catalog_that_nobody_may_read_is_an_unsupported_machine(bmci2c):
+    path = bmci2c.root / "bmci2c" / "bmci2c.msg.xml"
+    path.chmod(0)
+    if os.access(path, os.R_OK):
+        path.unlink()
+        path.symlink_to(path)  # root reads every file, but not a link to itself
+        reason = "Too many levels of symbolic links"
+    else:
+        reason = "Permission denied"
+    code, outcome, _ = run(bmci2c)
+    assert (code, outcome["verdict"]) == (2, "not completed")
+    assert f"{path} cannot be read: {reason}." in unwrapped_report(bmci2c)
+
+
+def test_truncated_catalog_is_named_in_the_report(bmci2c):
+    text = catalog_text()[: len(catalog_text()) // 3]
+    bmci2c.write_catalog(text)
+    line = text.count("\n") + 1
+    assert f"bmci2c.msg.xml is wrong in line {line}: Not well" in unwrapped_report(bmci2c)
+
+
+@pytest.mark.parametrize("options", [[], ["--json"]], ids=["text", "json"])
+def test_index_that_is_no_number_is_named_with_its_line(bmci2c, options):
+    text = catalog_text().replace('index="964"', 'index="0x3C4"', 1)
+    bmci2c.write_catalog(text)
+    line = text[: text.index("0x3C4")].count("\n") + 1
+    result = bmci2c.simulate(bmci2c.profile(node(data=[0])), "run", *options)
+    assert result.code == 3
+    assert "bad lexical cast: source type value could not be interpreted as target" in result.err
+    path = bmci2c.root / "bmci2c" / "bmci2c.msg.xml"
+    assert f"The error came up in line {line} of the message catalog {path}." in result.err
 
 
 def test_unknown_element_is_reported_and_the_rest_is_read(bmci2c):

@@ -1,8 +1,10 @@
 #include <cli/DiagnosticRun.h>
+#include <cli/Installation.h>
 #include <cli/Json.h>
 #include <cli/LogCapture.h>
 #include <cli/Machine.h>
 #include <cli/commands/Commands.h>
+#include <cli/report/CatalogTrouble.h>
 #include <cli/report/RunReport.h>
 
 #include <CLI/CLI.hpp>
@@ -35,21 +37,30 @@ Json RunJson(const DiagnosticRun& run) {
             {"verdict", VerdictText(Judge(run))}};
 }
 
-std::vector<ControllerStatus> Statuses(const LogCapture& capture, const DiagnosticRun& run,
+std::vector<ControllerStatus> Statuses(const std::vector<LogLine>& lines, const DiagnosticRun& run,
                                        std::size_t count) {
-    std::vector<ControllerStatus> statuses = StatusFromLog(capture.Lines(), count);
+    std::vector<ControllerStatus> statuses = StatusFromLog(lines, count);
     return statuses.empty() ? StatusFromRecords(run.records, count) : statuses;
 }
 
-int Finish(const DiagnosticRun& run) {
-    if (!run.problem.empty()) std::cerr << "bmci2c: " << run.problem << '\n';
+std::filesystem::path CatalogOf(const Session& session) {
+    return CatalogBelow(session.settings.root.value);
+}
+
+int Finish(const Session& session, const DiagnosticRun& run, const LogCapture& capture) {
+    if (!run.problem.empty()) {
+        std::cerr << "bmci2c: " << run.problem << '\n';
+        const std::string place = CatalogPlace(CatalogOf(session), capture.Lines());
+        if (!place.empty()) std::cerr << "bmci2c: " << place << '\n';
+    }
     return ExitCodeOf(Judge(run));
 }
 
 int PrintJson(const Session& session) {
+    const LogCapture capture;
     const DiagnosticRun run = LoadAndRun(session);
     std::cout << JsonText(RunJson(run));
-    return Finish(run);
+    return Finish(session, run, capture);
 }
 
 int PrintText(const Session& session) {
@@ -58,10 +69,14 @@ int PrintText(const Session& session) {
                      .machine = ReadMachine(session.settings),
                      .run = LoadAndRun(session),
                      .controllers = {},
-                     .troubles = Troubles(capture.Lines())};
-    report.controllers = Statuses(capture, report.run, report.machine.controllers.size());
+                     .troubles = {},
+                     .catalogTrouble = {}};
+    const std::vector<LogLine> lines = capture.Lines();
+    report.troubles = Troubles(lines);
+    report.catalogTrouble = CatalogTrouble(CatalogOf(session), lines);
+    report.controllers = Statuses(lines, report.run, report.machine.controllers.size());
     if (report.run.problem.empty()) std::cout << RunText(report, StandardOutput());
-    return Finish(report.run);
+    return Finish(session, report.run, capture);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <cli/report/NextSteps.h>
 
 #include <algorithm>
-#include <system_error>
 
 namespace cli {
 
@@ -71,7 +70,10 @@ std::string FailedText(const RunReport& report) {
 
 std::string NotCompletedText(const RunReport& report) {
     if (IsUnsupportedMachine(report.run))
-        return "the message catalog does not list this machine, so no controller was asked.";
+        return std::string(report.catalogTrouble.empty()
+                               ? "the message catalog does not list this machine"
+                               : "there is no usable message catalog") +
+               ", so no controller was asked.";
     if (report.machine.controllers.empty()) return "no management controller was found.";
     const std::vector<std::string> nodes = UnjudgedNodes(report);
     if (nodes.empty()) return "not every bus could be examined.";
@@ -80,14 +82,14 @@ std::string NotCompletedText(const RunReport& report) {
 
 std::string CatalogStep(const RunReport& report) {
     const std::string catalog = CatalogBelow(report.session.settings.root.value);
-    std::error_code unreadable;
-    if (!std::filesystem::exists(catalog, unreadable))
-        return "There is no message catalog " + catalog +
-               ". Name the diagnostics root directory that holds one (--root DIR).";
+    if (!report.catalogTrouble.empty())
+        return report.catalogTrouble +
+               " Put that right, or name the diagnostics root directory of another catalog (--root "
+               "DIR).";
     return "The message catalog " + catalog + " lists neither the machine type '" +
            report.machine.type + "' nor the BIOS identifier '" + report.machine.biosId +
-           "', or it cannot be read. Add the machine to it, or name another diagnostics root "
-           "directory (--root DIR).";
+           "'. Add the machine to it, or name the diagnostics root directory of another catalog "
+           "(--root DIR).";
 }
 
 std::string NoControllerStep(const RunReport& report) {

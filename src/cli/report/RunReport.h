@@ -18,6 +18,7 @@ struct RunReport {
     DiagnosticRun run;
     std::vector<ControllerStatus> controllers;  // by node
     std::vector<std::string> troubles;          // what the platform's libraries said
+    std::string catalogTrouble;                 // why the catalog was not read to its end
 };
 
 // The verdict in one sentence, the machine, its controllers, the map of their busses, what the test

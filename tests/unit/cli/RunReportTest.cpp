@@ -81,8 +81,26 @@ TEST(RunReport, UnsupportedMachine_PointsToTheCatalog) {
               "NOT COMPLETED: the message catalog does not list this machine, so no controller was "
               "asked.");
     EXPECT_THAT(NextSteps(report),
-                ElementsAre("There is no message catalog /nowhere/share/bmci2c/bmci2c.msg.xml. "
-                            "Name the diagnostics root directory that holds one (--root DIR)."));
+                ElementsAre("The message catalog /nowhere/share/bmci2c/bmci2c.msg.xml lists "
+                            "neither the machine type '7000' nor the BIOS identifier 'P7E100A'. "
+                            "Add the machine to it, or name the diagnostics root directory of "
+                            "another catalog (--root DIR)."));
+}
+
+TEST(RunReport, CatalogThatCannotBeUsed_IsTheReasonAndThePlaceToBegin) {
+    auto report = ReportWith({Record(6, "166-899-001 Aborted")}, {{}});
+    report.catalogTrouble = "The message catalog /c.xml is not a file.";
+    EXPECT_EQ(Headline(report),
+              "NOT COMPLETED: there is no usable message catalog, so no controller was asked.");
+    EXPECT_THAT(NextSteps(report),
+                ElementsAre("The message catalog /c.xml is not a file. Put that right, or name the "
+                            "diagnostics root directory of another catalog (--root DIR)."));
+}
+
+TEST(RunReport, CatalogThatIsWrongBehindThisMachine_IsNoStep) {
+    auto report = ReportWith({Record(2, "166-000-001 Pass")}, {Examined({Bus::Good})});
+    report.catalogTrouble = "The message catalog /c.xml is wrong in line 7: ...";
+    EXPECT_THAT(NextSteps(report), ElementsAre("Nothing needs to be done."));
 }
 
 TEST(RunReport, MachineWithoutController_PointsToTheDriver) {

@@ -66,54 +66,6 @@ TEST_F(CatalogRecommendation, FollowedByTheNextPropertyAtOnce_KeepsItsOwnNumber)
     EXPECT_THAT(Machine().GetMessege().GetAllRecommendations(), ElementsAre(Pair(4, "four")));
 }
 
-TEST_F(CatalogRecommendation, SplitIntoTwoPieces_IsStoredJoinedOnceTextOutsideFollows) {
-    std::map<std::string, std::string> property = {{"name", "message"}, {"index", "4"}};
-    std::map<std::string, std::string> qualifier = {{"name", "recommendation"}, {"type", "s"}};
-    std::map<std::string, std::string> machine = {{"type", "a"}};
-    std::map<std::string, std::string> none;
-    parser->StartElement("machine", machine);
-    parser->StartElement("property", property);
-    parser->StartElement("qualifier", qualifier);
-    parser->StartElement("value", none);
-    parser->characters("one, ", 5);
-    parser->characters("two", 3);
-    parser->EndElement("value");
-    parser->EndElement("machine");
-    EXPECT_THAT(Advice(), IsEmpty());
-    parser->characters("", 0);
-    parser->StartElement("machine", machine);
-    parser->EndElement("machine");
-    EXPECT_THAT(Machine(1).GetMessege().GetRecommendations(4), ElementsAre("one, two"));
-}
-
-TEST_F(CatalogRecommendation, EmptyTextOfABuild_IsIgnored) {
-    std::map<std::string, std::string> property = {{"name", "message"}, {"index", "not a number"}};
-    std::map<std::string, std::string> none;
-    parser->StartElement("property", property);
-    for (const char* kind : {"quvrecommendation", "oemrecommendation"}) {
-        std::map<std::string, std::string> qualifier = {{"name", kind}, {"type", "s"}};
-        parser->StartElement("qualifier", qualifier);
-        parser->StartElement("value", none);
-        EXPECT_NO_THROW(parser->characters("", 0));
-    }
-}
-
-TEST_F(CatalogRecommendation, PiecesUnderABuildQualifier_CountUpToTheFirst) {
-    std::map<std::string, std::string> property = {{"name", "message"}, {"index", "4"}};
-    std::map<std::string, std::string> qualifier = {{"name", "quvrecommendation"}, {"type", "s"}};
-    std::map<std::string, std::string> machine = {{"type", "a"}};
-    std::map<std::string, std::string> none;
-    parser->StartElement("machine", machine);
-    parser->StartElement("property", property);
-    parser->StartElement("qualifier", qualifier);
-    parser->StartElement("value", none);
-    parser->characters("one", 3);
-    parser->characters("two", 3);
-    parser->EndElement("value");
-    parser->EndElement("machine");
-    EXPECT_THAT(Advice(), ElementsAre("one"));
-}
-
 TEST_F(CatalogRecommendation, GeneralOneInAStandardBuild_JoinsTheMessageWithItsBracketsUnescaped) {
     ParseCatalog(kGeneralAdviceOfBothKinds);
     EXPECT_THAT(Advice(), ElementsAre("<general>"));

@@ -1,11 +1,15 @@
 #include <debug/InstancePrinter.h>
 #include <fakes/FakeTraceSink.h>
+#include <framework/Instance_Ptr.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <schema/QUVSG_BMCI2C_AffectedJobElement.h>
 #include <schema/QUVSG_BMCI2C_ConcreteJob.h>
 #include <schema/QUVSG_BMCI2C_JobSettingData.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -14,6 +18,55 @@ std::string Joined() {
     std::string text;
     for (const std::string& line : FakeTraceSink::lines) text += line;
     return text;
+}
+
+// A class whose instances can stand in a chain, as the generator would write it.
+class ACME_Link : public cimple::Instance {
+public:
+    ACME_Link* Next = nullptr;
+    cimple::Property<std::uint32_t> Number;
+
+    static const cimple::Meta_Class static_meta_class;
+};
+
+// Its members stand behind those of its base. The standard leaves offsetof of such a class to the
+// compiler; GCC and Clang support it.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Winvalid-offsetof"
+constexpr cimple::Meta_Feature kLinkFeatures[] = {
+    {"Next",
+     cimple::FEATURE_REFERENCE,
+     {},
+     &ACME_Link::static_meta_class,
+     offsetof(ACME_Link, Next)},
+    {"Number", cimple::FEATURE_PROPERTY, cimple::Type::uint32, nullptr,
+     offsetof(ACME_Link, Number)},
+};
+#pragma GCC diagnostic pop
+constinit const cimple::Meta_Class ACME_Link::static_meta_class = {
+    .name = "ACME_Link",
+    .flags = 0,
+    .super_class = nullptr,
+    .features = kLinkFeatures,
+    .feature_count = std::size(kLinkFeatures),
+    .methods = nullptr,
+    .method_count = 0,
+    .size = sizeof(ACME_Link),
+    .construct = &cimple::construct_as<ACME_Link>,
+    .destruct = &cimple::destruct_as<ACME_Link>,
+    .repository = nullptr,
+};
+
+// Links numbered from 0, each referring to the next one.
+cimple::Instance_Ptr Chain(std::uint32_t length) {
+    ACME_Link* first = nullptr;
+    for (std::uint32_t number = length; number-- > 0;) {
+        auto* link = cimple::create<ACME_Link>();
+        link->Number = number;
+        link->Next = first;
+        first = link;
+    }
+    return cimple::Instance_Ptr(first);
 }
 
 class InstancePrinterTest : public testing::Test {
@@ -83,4 +136,55 @@ TEST_F(InstancePrinterTest, Xprint_References_AreFollowedOneLevelDeeperAndNullOn
                                               "    QUVSG_BMCI2C_ConcreteJob AffectingElement =\n"
                                               "    {\n"
                                               "        Caption = null;\n"));
+}
+
+TEST_F(InstancePrinterTest, Xprint_NestedReferences_AreFollowedThreeLevelsDeep) {
+    const cimple::Instance_Ptr chain = Chain(6);
+    xprint(chain.get());
+    EXPECT_EQ(Joined(),
+              "ACME_Link \n"
+              "{\n"
+              "    ACME_Link Next =\n"
+              "    {\n"
+              "        ACME_Link Next =\n"
+              "        {\n"
+              "            ACME_Link Next =\n"
+              "            {\n"
+              "                Number = 3;\n"
+              "            }\n"
+              "            Number = 2;\n"
+              "        }\n"
+              "        Number = 1;\n"
+              "    }\n"
+              "    Number = 0;\n"
+              "}\n");
+}
+
+TEST_F(InstancePrinterTest, Xprint_NullReferenceAtTheDeepestLevel_IsStillNamed) {
+    const cimple::Instance_Ptr chain = Chain(4);
+    xprint(chain.get());
+    EXPECT_THAT(FakeTraceSink::lines, testing::Contains("ACME_Link Next = null;\n"));
+}
+
+TEST_F(InstancePrinterTest, PrintAux_PrintsAtItsLevelUnderItsName) {
+    const cimple::Instance_Ptr chain = Chain(1);
+    IO::_print_aux(chain.get(), "Role", 2, cimple::FEATURE_PROPERTY);
+    EXPECT_EQ(Joined(),
+              "        ACME_Link Role =\n"
+              "        {\n"
+              "            Number = 0;\n"
+              "        }\n");
+}
+
+TEST_F(InstancePrinterTest, PrintAux_PrintsOnlyTheKindsOfFeaturesInItsFlags) {
+    const cimple::Instance_Ptr chain = Chain(2);
+    IO::_print_aux(chain.get(), nullptr, 0, cimple::FEATURE_REFERENCE);
+    EXPECT_EQ(Joined(),
+              "ACME_Link \n"
+              "{\n"
+              "    ACME_Link Next =\n"
+              "    {\n"
+              "        ACME_Link Next = null;\n"
+              "    }\n"
+              "}\n");
 }

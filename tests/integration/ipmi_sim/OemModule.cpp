@@ -8,6 +8,9 @@
 //     09: ff                 the first I2C status request finds the controller busy
 //     09: 00 01 00 00        each later one reports the first bus as failed
 //     c1: silent             the generation query is never answered
+//
+// A script that another one replaces while the simulator runs is read at the next request, for the
+// commands of the first script; those that have no line any more are unknown to the controller.
 extern "C" {
 #include <OpenIPMI/mcserv.h>
 }
@@ -15,8 +18,10 @@ extern "C" {
 #include <algorithm>
 #include <cstddef>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <optional>
 #include <sstream>
@@ -38,10 +43,16 @@ struct Command {
     std::size_t next = 0;
 };
 
+struct Script {
+    std::string path;
+    std::string text;
+    std::map<unsigned char, Command> commands;
+};
+
 // Never freed: the simulator calls the handlers until it ends.
-std::map<unsigned char, Command>& Commands() {
-    static auto* commands = new std::map<unsigned char, Command>;
-    return *commands;
+Script& TheScript() {
+    static auto* script = new Script;
+    return *script;
 }
 
 unsigned char ReadByte(const std::string& text) {
@@ -60,15 +71,35 @@ std::optional<Bytes> ReadAnswer(std::istream& words) {
     return bytes;
 }
 
-void ReadScript(const std::string& path) {
-    std::ifstream script(path);
-    if (!script) throw std::invalid_argument("cannot read " + path);
-    for (std::string line; std::getline(script, line);) {
+std::string ReadText(const std::string& path) {
+    std::ifstream file(path);
+    if (!file) throw std::invalid_argument("cannot read " + path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// Keeps the commands where they are: the simulator's handlers refer to them.
+void Use(Script& script, const std::string& text) {
+    script.text = text;
+    for (auto& [code, command] : script.commands) command = {};
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
         if (line.empty() || line[0] == '#') continue;
         std::istringstream words(line);
         std::string command;
         std::getline(words, command, ':');
-        Commands()[ReadByte(command)].answers.push_back(ReadAnswer(words));
+        script.commands[ReadByte(command)].answers.push_back(ReadAnswer(words));
+    }
+}
+
+// Reads the script if it is new. False, with a line of output, when it is wrong.
+bool Refresh(Script& script) {
+    try {
+        const std::string text = ReadText(script.path);
+        if (text != script.text) Use(script, text);
+        return true;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "The script of the OEM module is wrong: %s\n", error.what());
+        return false;
     }
 }
 
@@ -77,9 +108,14 @@ int SwallowSilentResponse(channel_t*, msg_t* request, rsp_msg_t*) {
     return request->oem_data == kNoAnswer;
 }
 
-void Answer(lmc_data_t*, msg_t* request, unsigned char* response, unsigned int* length,
+void Answer(lmc_data_t* controller, msg_t* request, unsigned char* response, unsigned int* length,
             void* data) {
+    if (!Refresh(TheScript())) std::exit(EXIT_FAILURE);
     Command& command = *static_cast<Command*>(data);
+    if (command.answers.empty()) {
+        handle_invalid_cmd(controller, response, length);
+        return;
+    }
     const std::optional<Bytes>& answer = command.answers[command.next];
     if (command.next + 1 < command.answers.size()) ++command.next;
 
@@ -104,13 +140,10 @@ extern "C" __attribute__((visibility("default"))) int ipmi_sim_module_print_vers
 
 extern "C" __attribute__((visibility("default"))) int ipmi_sim_module_init(sys_data_t*,
                                                                            const char* options) {
-    try {
-        ReadScript(options);
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "The script of the OEM module is wrong: %s\n", error.what());
-        return kNotLoaded;
-    }
-    for (auto& [code, command] : Commands()) {
+    Script& script = TheScript();
+    script.path = options;
+    if (!Refresh(script)) return kNotLoaded;
+    for (auto& [code, command] : script.commands) {
         if (ipmi_emu_register_cmd_handler(kOemNetFn, code, Answer, &command) != 0)
             return kNotLoaded;
     }

@@ -121,11 +121,3 @@ TEST(DiagnosticsLog, Enumeration_YieldsTheLogWithItsConstantCounts) {
                     "CurrentNumberOfRecords = 1",
                     "InstanceID = \"QUV : QUVSG_BMCI2C_DiagnosticsLog\""));
 }
-
-TEST(DescriptiveProviders, TwoEnumerations_GiveEqualIndependentInstances) {
-    QUVSG_BMCI2C_HelpService_Provider provider;
-    const Enumeration first = Enumerate<QUVSG_BMCI2C_HelpService>(provider);
-    const Enumeration second = Enumerate<QUVSG_BMCI2C_HelpService>(provider);
-    EXPECT_EQ(first.TheOne(), second.TheOne());
-    EXPECT_NE(first.instances[0], second.instances[0]);
-}

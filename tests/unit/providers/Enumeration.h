@@ -19,13 +19,13 @@ struct Enumeration {
 };
 
 template <class Class, class Provider>
-Enumeration Enumerate(Provider& provider) {
+Enumeration Enumerate(Provider& provider, const Class* model = nullptr) {
     Enumeration result;
     cimple::Enum_Instances_Handler<Class> handler(
         [](cimple::Instance* instance, int /*status*/, void* data) {
             static_cast<Enumeration*>(data)->instances.emplace_back(instance);
         },
         &result);
-    result.status = provider.enum_instances(nullptr, &handler);
+    result.status = provider.enum_instances(model, &handler);
     return result;
 }

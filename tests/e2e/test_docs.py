@@ -113,6 +113,8 @@ def test_associations_tie_what_is_said(instances, names):
         assert sorted(paths) == sorted(role for _, role in roles)
         for endpoint, role in roles:
             assert paths[role].startswith(f"root/QUVSD:{PREFIX}{endpoint}.")
+        keys = re.findall(r'[.,](\w+)="(?:[^"\\]|\\.)*"', association["path"])
+        assert sorted(keys) == sorted(paths)
 
 
 def test_example_of_the_catalog_guide_gives_the_text_below_it(bmci2c):

@@ -1,5 +1,6 @@
 // A program that loads the module as a CIM server does, and knows nothing of its settings: runs the
-// diagnostic and prints the records' texts.
+// diagnostic and prints the records' texts. Names on the standard error stream what of the process
+// the module has changed.
 //
 // Usage: PROGRAM MODULE SCHEMA-FOLDER
 #include <host/Host.h>
@@ -7,6 +8,8 @@
 #include <exception>
 #include <iostream>
 #include <string>
+
+#include "ProcessState.h"
 
 namespace {
 
@@ -34,11 +37,14 @@ void RunAndPrint(host::Host& host) {
 int main(int argc, char** argv) {
     if (argc != 3) return 64;
     const std::string schema = argv[2];
+    const auto before = ProcessState();
     try {
         host::Host host({.module = argv[1],
                          .schema = schema + "/bmci2c.mof",
                          .registrations = schema + "/bmci2c.reg"});
         RunAndPrint(host);
+        for (const auto& [name, value] : ProcessState())
+            if (value != before.at(name)) std::cerr << name << " is now " << value << '\n';
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
         return 1;

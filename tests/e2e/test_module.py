@@ -6,7 +6,7 @@ import re
 import subprocess
 
 import pytest
-from conftest import failed_bus, node
+from conftest import failed_bus, node, passed
 
 CLASSES = [
     "AffectedJobElement",
@@ -113,6 +113,13 @@ def test_another_program_gets_the_same_from_the_environment(bmci2c, run_elsewher
     result, log = run_elsewhere(BMCI2C_SIMULATE=profile, BMCI2C_LOG_LEVEL="4")
     assert (result.code, result.out, result.err) == (0, failed_bus(8, 1) + "\n", "")
     assert '"BMCI2C: Total number of BMC(s) found = 1"' in log
+
+
+def test_process_of_another_program_stays_as_it_was(bmci2c, run_elsewhere):
+    """Locale, umask, folder, threads, signals; and nothing but the program prints."""
+    profile = bmci2c.profile(node(data=[0, 0], busy=1))
+    result, _ = run_elsewhere(BMCI2C_SIMULATE=profile)
+    assert (result.code, result.out, result.err) == (0, passed(1) + "\n", "")
 
 
 def test_another_program_with_broken_settings_has_no_controllers(bmci2c, run_elsewhere):

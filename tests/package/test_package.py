@@ -7,6 +7,7 @@ import os
 import pathlib
 import shutil
 import subprocess
+import urllib.request
 
 import pytest
 
@@ -47,17 +48,21 @@ class System:
             check=True,
         )
 
-    def run(self, *command, check=True):
+    def start(self, *command):
         enter = 'mount -t proc proc "$1/proc" && exec chroot "$@"'
-        done = subprocess.run(
+        return subprocess.Popen(
             ["unshare", "--mount", "--pid", "--fork", "--kill-child", "bash", "-c", enter, "enter",
              str(self.folder), *command],
             env={"PATH": "/usr/sbin:/usr/bin:/sbin:/bin", "DEBIAN_FRONTEND": "noninteractive"},
-            stdin=subprocess.DEVNULL, capture_output=True, text=True, check=False,
+            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
         )  # fmt: skip
+
+    def run(self, *command, check=True):
+        process = self.start(*command)
+        out, err = process.communicate()
         if check:
-            assert done.returncode == 0, done.stdout + done.stderr
-        return done
+            assert process.returncode == 0, out + err
+        return subprocess.CompletedProcess(command, process.returncode, out, err)
 
     def files(self):
         listing = self.run("find", "/", "-xdev").stdout.splitlines()
@@ -105,6 +110,46 @@ def test_installed_settings_are_in_force_and_all_commented_out(system):
     lines = system.read(SETTINGS).splitlines()
     assert lines and all(line == "" or line.startswith("#") for line in lines)
     assert f"{SETTINGS}" in system.run("bmci2c", "info").stdout
+
+
+def needs_command(system, name):
+    if f"\n  {name} " not in system.run("bmci2c", "--help").stdout:
+        pytest.skip(f"this version has no command '{name}'")
+
+
+def test_doctor_finds_nothing_wrong_on_a_simulated_machine(system):
+    needs_command(system, "doctor")
+    system.run("bmci2c", "--simulate", f"{PROFILES}/pass.toml", "doctor")
+
+
+REQUEST = """<?xml version="1.0" encoding="utf-8"?>
+<CIM CIMVERSION="2.0" DTDVERSION="2.0"><MESSAGE ID="1" PROTOCOLVERSION="1.0"><SIMPLEREQ>
+<IMETHODCALL NAME="EnumerateInstanceNames"><LOCALNAMESPACEPATH><NAMESPACE NAME="root"/>
+<NAMESPACE NAME="QUVSD"/></LOCALNAMESPACEPATH><IPARAMVALUE NAME="ClassName"><CLASSNAME
+NAME="QUVSG_BMCI2C_DiagnosticService"/></IPARAMVALUE></IMETHODCALL></SIMPLEREQ></MESSAGE></CIM>"""
+
+
+def test_installed_command_serves_clients(system):
+    needs_command(system, "serve")
+    profile = f"{PROFILES}/pass.toml"
+    server = system.start("bmci2c", "--simulate", profile, "serve", "--listen", "127.0.0.1:0")
+    try:
+        url = server.stdout.readline().split()[-1]
+        request = urllib.request.Request(
+            url,
+            REQUEST.encode(),
+            {
+                "Content-Type": "application/xml; charset=utf-8",
+                "CIMOperation": "MethodCall",
+                "CIMMethod": "EnumerateInstanceNames",
+                "CIMObject": "root%2FQUVSD",
+            },
+        )
+        with urllib.request.urlopen(request, timeout=60) as answer:
+            assert "BMC I2C Test" in answer.read().decode()
+    finally:
+        server.terminate()
+        server.communicate()
 
 
 def test_removed_package_leaves_its_settings_only(system):

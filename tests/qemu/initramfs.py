@@ -1,7 +1,7 @@
-"""The file system of the test machine: module, command and what they need, each in the place where
-an installation puts it, busybox, and the kernel's IPMI modules.
+"""The file system of the test machine: the installed product, the libraries that it needs, busybox,
+and the kernel's IPMI modules.
 
-The build passes BMCI2C_BIN, BMCI2C_BUILD_MODULE, BMCI2C_BUILD_SHARE and BMCI2C_MULTIARCH.
+The build passes BMCI2C_BUILD_FOLDER.
 """
 
 import os
@@ -21,29 +21,29 @@ def shared_libraries(program):
     return re.findall(r"(/\S+) \(0x", listing)
 
 
-def install(source, target):
+def copy(source, target):
     target.parent.mkdir(parents=True, exist_ok=True)
     shutil.copy(source, target)
 
 
-def install_program(source, target):
-    """Debug information only makes the machine start later."""
-    install(source, target)
-    subprocess.run(["objcopy", "--strip-debug", target], check=True)
+def install_product(tree):
+    build = os.environ["BMCI2C_BUILD_FOLDER"]
+    prefix = tree / "usr"
+    # Debug information would only make the machine start later.
+    subprocess.run(
+        ["cmake", "--install", build, "--prefix", prefix, "--strip"],
+        stdout=subprocess.DEVNULL,
+        check=True,
+    )
+    programs = [prefix / "bin/bmci2c", *prefix.rglob("*.so")]
+    for library in {library for program in programs for library in shared_libraries(program)}:
+        copy(library, tree / library.lstrip("/"))
 
 
 def populate(tree, kernel):
-    program = os.environ["BMCI2C_BIN"]
-    module = Path(os.environ["BMCI2C_BUILD_MODULE"])
-    modules = tree / "usr/lib" / os.environ["BMCI2C_MULTIARCH"] / "cmpi"
-    install_program(program, tree / "usr/bin/bmci2c")
-    install_program(module, modules / module.name)
-    shutil.copytree(os.environ["BMCI2C_BUILD_SHARE"], tree / "usr/share")
-    for library in {*shared_libraries(program), *shared_libraries(module)}:
-        install(library, tree / library.lstrip("/"))
-
-    install(shutil.which("busybox"), tree / "bin/busybox")
-    install(Path(__file__).with_name("init"), tree / "init")
+    install_product(tree)
+    copy(shutil.which("busybox"), tree / "bin/busybox")
+    copy(Path(__file__).with_name("init"), tree / "init")
     shutil.copytree(kernel / "lib/modules", tree / "lib/modules")
     (tree / "etc").mkdir()
     (tree / "etc/passwd").write_text(USERS)

@@ -86,6 +86,12 @@ std::string CatalogStep(const RunReport& report) {
         return report.catalogTrouble +
                " Put that right, or name the diagnostics root directory of another catalog (--root "
                "DIR).";
+    if (report.machine.type.empty() && report.machine.biosId.empty())
+        return "Neither the machine type nor the BIOS identifier of this machine could be read "
+               "from "
+               "SMBIOS. Run the command as root on the server itself, or set 'type' under "
+               "[machine] "
+               "in the settings.";
     return "The message catalog " + catalog + " lists neither the machine type '" +
            report.machine.type + "' nor the BIOS identifier '" + report.machine.biosId +
            "'. Add the machine to it, or name the diagnostics root directory of another catalog "

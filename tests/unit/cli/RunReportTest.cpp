@@ -87,6 +87,16 @@ TEST(RunReport, UnsupportedMachine_PointsToTheCatalog) {
                             "another catalog (--root DIR)."));
 }
 
+TEST(RunReport, MachineWithoutTypeAndBiosId_PointsToSmbiosAndNotToTheCatalog) {
+    auto report = ReportWith({Record(6, "166-899-001 Aborted")}, {{}});
+    report.machine = {};
+    EXPECT_THAT(
+        NextSteps(report),
+        ElementsAre("Neither the machine type nor the BIOS identifier of this machine could "
+                    "be read from SMBIOS. Run the command as root on the server itself, or "
+                    "set 'type' under [machine] in the settings."));
+}
+
 TEST(RunReport, CatalogThatCannotBeUsed_IsTheReasonAndThePlaceToBegin) {
     auto report = ReportWith({Record(6, "166-899-001 Aborted")}, {{}});
     report.catalogTrouble = "The message catalog /c.xml is not a file.";

@@ -216,12 +216,16 @@ Reply Server::InvokeMethod(const Path& target, const std::string& method,
     return reply;
 }
 
+// Without the lock: a cleanup waits for its provider, whose up-call may be waiting for an
+// interface.
 std::vector<CMPIrc> Server::CleanUp(bool isTerminating) {
-    const std::lock_guard guard(interfacesLock);
+    std::unique_lock guard(interfacesLock);
+    const auto made = interfaces;
+    guard.unlock();
     std::vector<CMPIrc> answers;
-    CleanUpAll(std::get<Interfaces<CMPIInstanceMI>>(interfaces), isTerminating, answers);
-    CleanUpAll(std::get<Interfaces<CMPIMethodMI>>(interfaces), isTerminating, answers);
-    CleanUpAll(std::get<Interfaces<CMPIAssociationMI>>(interfaces), isTerminating, answers);
+    CleanUpAll(std::get<Interfaces<CMPIInstanceMI>>(made), isTerminating, answers);
+    CleanUpAll(std::get<Interfaces<CMPIMethodMI>>(made), isTerminating, answers);
+    CleanUpAll(std::get<Interfaces<CMPIAssociationMI>>(made), isTerminating, answers);
     return answers;
 }
 

@@ -94,7 +94,7 @@ private:
     const Module module;
     Completion completion{personality, classes};
 
-    std::recursive_mutex interfacesLock;  // guards `interfaces`
+    std::mutex interfacesLock;  // guards `interfaces`
     std::tuple<Interfaces<CMPIInstanceMI>, Interfaces<CMPIMethodMI>, Interfaces<CMPIAssociationMI>>
         interfaces;
 

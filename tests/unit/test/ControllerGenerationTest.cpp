@@ -130,8 +130,5 @@ INSTANTIATE_TEST_SUITE_P(Lengths, IsOxcV2Length,
                                            LengthCase{100000, 256, true},
                                            LengthCase{INT_MAX, 256, true}),
                          [](const auto& lengthCase) {
-                             const int length = lengthCase.param.length;
-                             return length < 0
-                                        ? "Minus" + std::to_string(-static_cast<long>(length))
-                                        : std::to_string(length);
+                             return engine::LengthName(lengthCase.param.length);
                          });

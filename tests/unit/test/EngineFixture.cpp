@@ -96,6 +96,11 @@ std::string Location(int line) {
     return "3 BMCI2C At BMCI2C_Test_Impl.cpp: " + std::to_string(line) + ": ";
 }
 
+std::string LengthName(int length) {
+    return length < 0 ? "Minus" + std::to_string(-static_cast<long>(length))
+                      : std::to_string(length);
+}
+
 EngineTest::EngineTest() : root(::testing::TempDir() + "engine" + std::to_string(getpid())) {
     FakeDiagnostics::Reset();
     FakeServiceProcessor::Reset();

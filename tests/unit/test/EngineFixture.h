@@ -49,6 +49,9 @@ std::vector<RecordView> RecordsOf(const DiagService& test);
 // The severity-3 log line of a location marker.
 std::string Location(int line);
 
+// A length as part of a test's name: "248", "Minus3".
+std::string LengthName(int length);
+
 class EngineTest : public ::testing::Test {
 protected:
     EngineTest();

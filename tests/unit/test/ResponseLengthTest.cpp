@@ -51,11 +51,7 @@ INSTANTIATE_TEST_SUITE_P(
                       LengthCase{247, 256, 247, 2}, LengthCase{248, 256, 247, 2},
                       LengthCase{250, 256, 247, 2}, LengthCase{256, 256, 247, 2},
                       LengthCase{100000, 256, 247, 2}, LengthCase{INT_MAX, 256, 247, 2}),
-    [](const auto& lengthCase) {
-        const int length = lengthCase.param.length;
-        return length < 0 ? "Minus" + std::to_string(-static_cast<long>(length))
-                          : std::to_string(length);
-    });
+    [](const auto& lengthCase) { return engine::LengthName(lengthCase.param.length); });
 
 class WholeBuffer : public engine::EngineTest {};
 

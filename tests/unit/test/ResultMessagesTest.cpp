@@ -102,6 +102,8 @@ TEST_F(ResultMessages, MachineHasItsOwn_GenericTextAndRecommendationsAreNotUsed)
 TEST_F(ResultMessages, NodeAndNumber_HaveThreeDigitsOrMore) {
     Test().nodeCount = 7;
     EXPECT_EQ(Message(2, 2), "166-002-007 PASS: There is no text");
+    Test().nodeCount = 12;
+    EXPECT_EQ(Message(2, 34), "166-034-012 PASS: There is no text: message num: 34");
     Test().nodeCount = 1234;
     EXPECT_EQ(Message(2, 2876), "166-2876-1234 PASS: There is no text: message num: 2876");
 }

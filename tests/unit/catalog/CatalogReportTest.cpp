@@ -13,9 +13,9 @@ protected:
         ParseCatalog(elements);
         std::vector<std::string> reports;
         for (const std::string& line : Errors()) {
-            constexpr std::string_view kPrefix = "BMCI2C Parser Line 1:";
-            EXPECT_TRUE(line.starts_with(kPrefix)) << line;
-            reports.push_back(line.substr(kPrefix.size()));
+            constexpr std::string_view linePrefix = "BMCI2C Parser Line 1:";
+            EXPECT_TRUE(line.starts_with(linePrefix)) << line;
+            reports.push_back(line.substr(linePrefix.size()));
         }
         return reports;
     }

@@ -1,4 +1,5 @@
 #include "HostFixture.h"
+#include "Values.h"
 
 namespace host {
 namespace {
@@ -8,8 +9,6 @@ protected:
     MethodResult Call(const std::string& method, const std::vector<NamedValue>& arguments = {}) {
         return host.InvokeMethod(PathTo("T_Thing", "one"), method, arguments);
     }
-
-    static Value Text(const std::string& text) { return {CMPI_string, text}; }
 };
 
 TEST_F(MethodRequestsTest, Method_GetsTargetAndArguments) {

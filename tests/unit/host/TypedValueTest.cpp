@@ -3,10 +3,11 @@
 
 #include <limits>
 
+#include "Values.h"
+
 namespace host {
 namespace {
 
-Value Text(const std::string& text) { return {CMPI_string, text}; }
 Value Natural(std::uint64_t number) { return {CMPI_uint64, number}; }
 Value Signed(std::int64_t number) { return {CMPI_sint64, number}; }
 

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 #include <host/Value.h>
 
+#include "Values.h"
+
 namespace host {
 namespace {
-
-Value Text(const std::string& text) { return {CMPI_string, text}; }
 
 TEST(ObjectPath, ToString_OfAClass_IsNameSpaceAndClass) {
     EXPECT_EQ((ObjectPath{"root/QUVSD", "Job", {}}).ToString(), "root/QUVSD:Job");

@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr const char* kText = R"(
+constexpr const char* kClassText = R"(
 class Job { [Key] string InstanceID; datetime Started; };
 class Service : Job {
     [Override("InstanceID")] string InstanceID;
@@ -16,7 +16,7 @@ class Special : SERVICE { };
 )";
 
 TEST(ClassHeader, RootClass_DerivesFromInstance) {
-    const auto schema = mof::ReadText(kText, "a.mof");
+    const auto schema = mof::ReadText(kClassText, "a.mof");
     EXPECT_EQ(mof::ClassHeader(schema, schema.classes[0]),
               R"(// Generated from MOF: changes belong there.
 #pragma once
@@ -41,7 +41,7 @@ public:
 }
 
 TEST(ClassHeader, ClassWithAMethod_DeclaresItsRecordFirst) {
-    const auto schema = mof::ReadText(kText, "a.mof");
+    const auto schema = mof::ReadText(kClassText, "a.mof");
     EXPECT_EQ(mof::ClassHeader(schema, schema.classes[1]),
               R"(// Generated from MOF: changes belong there.
 #pragma once
@@ -85,7 +85,7 @@ public:
 }
 
 TEST(ClassHeader, SubclassThatAddsNothing_ListsTheInheritedMethods) {
-    const auto schema = mof::ReadText(kText, "a.mof");
+    const auto schema = mof::ReadText(kClassText, "a.mof");
     EXPECT_EQ(mof::ClassHeader(schema, schema.classes[2]),
               R"(// Generated from MOF: changes belong there.
 #pragma once

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr const char* kText = R"(
+constexpr const char* kFeaturesText = R"(
 class Job { [Key] string InstanceID; };
 class FastJob : JOB { };
 class Link { [Key] Job REF Target; string Note; };
@@ -22,20 +22,20 @@ std::string Describe(const std::vector<mof::Feature>& features) {
 }
 
 TEST(Features, OfASubclass_KeepTheMembersNames_AndTakeTheNarrowerReference) {
-    const auto schema = mof::ReadText(kText, "a.mof");
+    const auto schema = mof::ReadText(kFeaturesText, "a.mof");
     EXPECT_EQ(Describe(mof::FeaturesOf(schema, schema.classes[3])),
               "Target FastJob REF key; Note string; Rank uint8; ");
 }
 
 TEST(Features, OwnOnes_AreThoseThatNoSuperclassHas) {
-    const auto schema = mof::ReadText(kText, "a.mof");
+    const auto schema = mof::ReadText(kFeaturesText, "a.mof");
     EXPECT_EQ(Describe(mof::OwnFeatures(schema, schema.classes[3])), "Rank uint8; ");
     EXPECT_EQ(Describe(mof::OwnFeatures(schema, schema.classes[2])),
               "Target Job REF key; Note string; ");
 }
 
 TEST(Features, OfAMethod_AreItsParametersAndTheReturnValue) {
-    const auto schema = mof::ReadText(kText, "a.mof");
+    const auto schema = mof::ReadText(kFeaturesText, "a.mof");
     EXPECT_EQ(Describe(mof::FeaturesOf(schema, schema.classes[3].methods[0])),
               "J Job REF in; return_value uint32 out; ");
 }

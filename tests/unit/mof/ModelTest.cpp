@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr const char* kText = R"(
+constexpr const char* kModelText = R"(
 [Abstract] class Base { string Caption; [Key] string Name; uint32 Start(); uint32 Stop(); };
 class Middle : base { uint8 Level; [Override("Name")] string Name; uint32 STOP(boolean Force); };
 class Leaf : Middle { string Color; };
@@ -17,7 +17,7 @@ class Model : public testing::Test {
 protected:
     const mof::Class& Get(const std::string& name) const { return *schema.Find(name); }
 
-    mof::Schema schema = mof::ReadText(kText, "model.mof");
+    mof::Schema schema = mof::ReadText(kModelText, "model.mof");
 };
 
 template <class Member>

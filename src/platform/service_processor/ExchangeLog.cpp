@@ -1,4 +1,5 @@
 #include <platform/diagnostics/TRootObject.h>
+#include <platform/service_processor/CompletionCode.h>
 #include <platform/service_processor/ExchangeLog.h>
 #include <platform/service_processor/Hexadecimal.h>
 
@@ -23,22 +24,6 @@ std::string Beginning(const ExchangeFacts& facts) {
 std::string Effort(int attempts, std::chrono::milliseconds elapsed) {
     return Counted(static_cast<std::size_t>(attempts), "attempt") + ", " +
            std::to_string(elapsed.count()) + " ms";
-}
-
-std::string Meaning(std::uint8_t completionCode) {
-    switch (completionCode) {
-        case kCompleted:
-            return "";
-        case kNodeBusy:
-        case kControllerBusy:
-            return " (the controller is busy)";
-        case kInvalidCommand:
-            return " (the controller does not know the command)";
-        case kInsufficientPrivilege:
-            return " (the user's privilege level is too low for the command)";
-        default:
-            return " (the controller could not carry out the command)";
-    }
 }
 
 }  // namespace

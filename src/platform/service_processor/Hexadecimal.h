@@ -1,4 +1,4 @@
-// A byte as log lines show it.
+// A byte as log lines and errors show it.
 #pragma once
 
 #include <cstdint>
@@ -6,10 +6,13 @@
 
 namespace platform {
 
-// "0x3a" for 58.
-inline std::string Hexadecimal(std::uint8_t byte) {
+// "3a" for 58.
+inline std::string HexadecimalDigits(std::uint8_t byte) {
     constexpr char kDigits[] = "0123456789abcdef";
-    return {'0', 'x', kDigits[byte >> 4], kDigits[byte & 0x0F]};
+    return {kDigits[byte >> 4], kDigits[byte & 0x0F]};
 }
+
+// "0x3a" for 58.
+inline std::string Hexadecimal(std::uint8_t byte) { return "0x" + HexadecimalDigits(byte); }
 
 }  // namespace platform

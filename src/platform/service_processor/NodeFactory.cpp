@@ -4,14 +4,6 @@
 
 namespace platform {
 
-namespace {
-
-bool IsAbsent(const ControllerSettings& controller) {
-    return controller.transport == TransportKind::Simulated && !controller.simulated->present;
-}
-
-}  // namespace
-
 std::unique_ptr<ControllerNode> MakeNode(const Settings& settings, int node,
                                          const std::string& deviceFolder) {
     const std::vector<ControllerSettings> nodes = NodeList(settings, deviceFolder);

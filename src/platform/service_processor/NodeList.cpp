@@ -65,6 +65,10 @@ std::vector<ControllerSettings> NodeList(const Settings& settings,
     return nodes;
 }
 
+bool IsAbsent(const ControllerSettings& controller) {
+    return controller.transport == TransportKind::Simulated && !controller.simulated->present;
+}
+
 std::string NoDeviceText(const std::string& deviceFolder) {
     std::string text = "There is no IPMI device:";
     for (const std::string_view prefix : kDevicePrefixes) {

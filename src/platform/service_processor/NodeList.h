@@ -16,6 +16,9 @@ constexpr char kDeviceFolder[] = "/dev";
 std::vector<ControllerSettings> NodeList(const Settings& settings,
                                          const std::string& deviceFolder = kDeviceFolder);
 
+// True when a profile says that this controller is not present.
+bool IsAbsent(const ControllerSettings& controller);
+
 // Why there is no device in the folder: every path of device 0, each with its own reason, and what
 // to do.
 std::string NoDeviceText(const std::string& deviceFolder = kDeviceFolder);

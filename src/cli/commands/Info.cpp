@@ -43,6 +43,15 @@ Json SettingJson(const platform::Setting<std::optional<std::string>>& setting) {
             {"origin", OriginText(setting.origin)}};
 }
 
+Json OxcJson(const platform::OxcFamily& oxc) {
+    if (const bool* const all = std::get_if<bool>(&oxc)) return *all;
+    Json products = Json::array();
+    for (const auto& [manufacturer, product] :
+         std::get<std::vector<platform::ControllerProduct>>(oxc))
+        products.push_back({{"manufacturer", manufacturer}, {"product", product}});
+    return products;
+}
+
 // Every setting in force under its name in the settings file; null where nothing is set.
 Json SettingsJson(const Session& session) {
     const platform::Settings& settings = session.settings;
@@ -53,7 +62,8 @@ Json SettingsJson(const Session& session) {
             {"machine.smbios_dir", SettingJson(settings.smbiosDir)},
             {"diagnostics.root", SettingJson(settings.root, session.choseRoot)},
             {"diagnostics.oem_build", SettingJson(settings.oemBuild)},
-            {"controllers.oxc", SettingJson(settings.oxc)},
+            {"controllers.oxc",
+             {{"value", OxcJson(settings.oxc.value)}, {"origin", OriginText(settings.oxc.origin)}}},
             {"controllers.time_limit", SettingJson(settings.timeLimit)},
             {"controller",
              {{"value", settings.controllers.value ? Json(settings.controllers.value->size())

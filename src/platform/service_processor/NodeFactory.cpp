@@ -18,8 +18,9 @@ std::unique_ptr<ControllerNode> MakeNode(const Settings& settings, int node,
     return std::make_unique<ControllerNode>(
         NodeFacts{.node = node,
                   .nodeCount = count,
-                  .isOxc = settings.oxc.value,
-                  .timeLimit = std::chrono::seconds(settings.timeLimit.value)},
+                  .isOxc = settings.oxc.value == OxcFamily(true),
+                  .timeLimit = std::chrono::seconds(
+                      controller.timeLimit.value_or(settings.timeLimit.value))},
         MakeTransport(controller, node));
 }
 

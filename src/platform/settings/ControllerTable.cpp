@@ -8,6 +8,7 @@ namespace platform {
 namespace {
 
 constexpr int kLastCipherSuite = 17;
+constexpr int kLongestTimeLimit = 60;  // seconds
 
 // FreeIPMI's names of its workarounds, by protocol.
 const std::vector<std::string>& WorkaroundNames(const std::string& protocol) {
@@ -20,19 +21,19 @@ const std::vector<std::string>& WorkaroundNames(const std::string& protocol) {
     return protocol == "1.5" ? k15 : k20;
 }
 
-template <class T>
-T Required(const TomlTable& table, std::string_view key, std::optional<T> value,
-           const std::string& allowed) {
-    if (!value) table.Reject(key, "nothing", allowed + "; add this key");
-    return *std::move(value);
+std::string RequiredText(TomlTable& table, std::string_view key, const std::string& allowed) {
+    return table.Required(key, table.NonEmptyText(key), allowed);
 }
 
-std::string RequiredText(TomlTable& table, std::string_view key, const std::string& allowed) {
-    return Required(table, key, table.NonEmptyText(key), allowed);
+void ReadInBand(TomlTable& table, const std::filesystem::path& folder, ControllerSettings& inBand) {
+    inBand.device =
+        folder / RequiredText(table, "device", R"(is the path of a device, such as "/dev/ipmi0")");
+    inBand.timeLimit = ReadTimeLimit(table);
 }
 
 void ReadLan(TomlTable& table, const std::filesystem::path& folder, ControllerSettings& lan) {
     lan.host = RequiredText(table, "host", "is the name or the address of the controller");
+    lan.timeLimit = ReadTimeLimit(table);
     lan.port = table.Integer<std::uint16_t>("port", 1, 65535).value_or(lan.port);
     lan.user = table.Text("user").value_or(lan.user);
     if (const auto file = table.NonEmptyText("password_file")) lan.passwordFile = folder / *file;
@@ -60,11 +61,15 @@ ControllerSettings ReadSimulated(TomlTable& table, std::size_t position,
 
 }  // namespace
 
+std::optional<int> ReadTimeLimit(TomlTable& table) {
+    return table.Integer("time_limit", 1, kLongestTimeLimit);
+}
+
 ControllerSettings ReadController(TomlTable& table, std::size_t position,
                                   const std::filesystem::path& folder) {
     const std::vector<std::string> transports = {"inband", "lan", "simulated"};
-    const std::string transport = Required(
-        table, "transport", table.Choice("transport", transports), QuotedNames(transports));
+    const std::string transport =
+        table.Required("transport", table.Choice("transport", transports), QuotedNames(transports));
     ControllerSettings controller;
     if (transport == "simulated") {
         controller = ReadSimulated(table, position, folder);
@@ -72,9 +77,7 @@ ControllerSettings ReadController(TomlTable& table, std::size_t position,
         controller.transport = TransportKind::Lan;
         ReadLan(table, folder, controller);
     } else {
-        controller.device =
-            folder /
-            RequiredText(table, "device", R"(is the path of a device, such as "/dev/ipmi0")");
+        ReadInBand(table, folder, controller);
     }
     table.RejectOtherKeys();
     return controller;

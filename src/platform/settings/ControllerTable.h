@@ -6,8 +6,12 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <optional>
 
 namespace platform {
+
+// The key `time_limit` of a table: seconds. Throws SettingsError.
+std::optional<int> ReadTimeLimit(TomlTable& table);
 
 // Reads the [[controller]] table at `position` (from 0). Relative paths start at `folder`. Only
 // the keys of the table's transport are allowed. Throws SettingsError.

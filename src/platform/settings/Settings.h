@@ -16,6 +16,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace platform {
@@ -31,17 +32,32 @@ struct Setting {
 
 enum class TransportKind { InBand, Lan, Simulated };
 
+// A controller's make, as it names itself in answer to Get Device ID.
+struct ControllerProduct {
+    std::uint32_t manufacturer = 0;  // 0 to kLastManufacturer
+    std::uint16_t product = 0;
+
+    bool operator==(const ControllerProduct&) const = default;
+};
+
+inline constexpr std::uint32_t kLastManufacturer = 0xFFFFF;  // 20 bits
+
+// Whether the controllers are of the OXC family: yes, no, or as their answer to Get Device ID is
+// one of these products.
+using OxcFamily = std::variant<bool, std::vector<ControllerProduct>>;
+
 // How one controller is reached.
 struct ControllerSettings {
     TransportKind transport = TransportKind::InBand;
-    std::string device;                              // in-band: "/dev/ipmi0"
-    std::string host;                                // LAN: name or address
-    std::uint16_t port = 623;                        // LAN: UDP port (RMCP)
-    std::string user;                                // LAN
-    std::string passwordFile;                        // LAN: its first line is the password
-    std::string protocol = "2.0";                    // LAN: "2.0" (RMCP+) or "1.5"
-    int cipherSuite = 3;                             // LAN 2.0: 0 to 17
-    std::vector<std::string> workarounds;            // LAN: FreeIPMI's names of this protocol
+    std::optional<int> timeLimit;          // in-band, LAN: seconds; unset: Settings::timeLimit
+    std::string device;                    // in-band: "/dev/ipmi0"
+    std::string host;                      // LAN: name or address
+    std::uint16_t port = 623;              // LAN: UDP port (RMCP)
+    std::string user;                      // LAN
+    std::string passwordFile;              // LAN: its first line is the password
+    std::string protocol = "2.0";          // LAN: "2.0" (RMCP+) or "1.5"
+    int cipherSuite = 3;                   // LAN 2.0: 0 to 17
+    std::vector<std::string> workarounds;  // LAN: FreeIPMI's names of this protocol
     std::string privilegeLevel = "administrator";    // LAN: "user", "operator", "administrator"
     std::shared_ptr<const SimulatedNode> simulated;  // simulated: how it answers
     int simulatedGeneration = 1;                     // simulated: answer of the generation query
@@ -55,7 +71,7 @@ struct Settings {
     Setting<std::string> smbiosDir{"/sys/class/dmi/id"};  // holds product_name and bios_version
     Setting<std::string> root;                            // diagnostics root directory
     Setting<bool> oemBuild;
-    Setting<bool> oxc;          // the controllers are of the OXC family
+    Setting<OxcFamily> oxc;
     Setting<int> timeLimit{4};  // seconds, per controller and command
     // Unset: every /dev/ipmiN is a controller, in numeric order.
     Setting<std::optional<std::vector<ControllerSettings>>> controllers;

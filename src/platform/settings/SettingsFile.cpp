@@ -3,6 +3,7 @@
 #include <platform/settings/Environment.h>
 #include <platform/settings/LogTarget.h>
 #include <platform/settings/Override.h>
+#include <platform/settings/OxcTable.h>
 #include <platform/settings/SettingsFile.h>
 #include <platform/settings/TomlTable.h>
 
@@ -15,8 +16,6 @@ namespace platform {
 namespace {
 
 using Folder = std::filesystem::path;
-
-constexpr int kLongestTimeLimit = 60;
 
 std::optional<std::string> PathIn(const Folder& folder, const std::optional<std::string>& path) {
     return path ? std::optional<std::string>(folder / *path) : std::nullopt;
@@ -34,8 +33,8 @@ void ReadDiagnostics(TomlTable& table, const Folder& folder, Settings& settings)
 }
 
 void ReadControllers(TomlTable& table, const Folder& /*folder*/, Settings& settings) {
-    Override(settings.oxc, table.Boolean("oxc"), Origin::File);
-    Override(settings.timeLimit, table.Integer("time_limit", 1, kLongestTimeLimit), Origin::File);
+    Override(settings.oxc, ReadOxcFamily(table), Origin::File);
+    Override(settings.timeLimit, ReadTimeLimit(table), Origin::File);
 }
 
 void ReadLog(TomlTable& table, const Folder& folder, Settings& settings) {

@@ -155,9 +155,8 @@ TomlTable TomlTable::Read(const std::string& path) {
     return TomlTable(std::make_shared<Content>(Content{std::move(document), root, "", {}}));
 }
 
-std::optional<bool> TomlTable::Boolean(std::string_view key) {
-    return content->Value(
-        key, [](const Found& found) { return ValueOf<bool>(found, "is true or false"); });
+std::optional<bool> TomlTable::Boolean(std::string_view key, const std::string& allowed) {
+    return content->Value(key, [&](const Found& found) { return ValueOf<bool>(found, allowed); });
 }
 
 std::optional<std::string> TomlTable::Text(std::string_view key) {
@@ -197,6 +196,10 @@ std::optional<std::vector<std::int64_t>> TomlTable::WideIntegers(std::string_vie
         return ArrayOf(found,
                        [&](const Found& element) { return IntegerOf(element, least, most); });
     });
+}
+
+bool TomlTable::HoldsArray(std::string_view key) const {
+    return content->table->get_as<toml::array>(key) != nullptr;
 }
 
 std::optional<TomlTable> TomlTable::Table(std::string_view key) {

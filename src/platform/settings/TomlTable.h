@@ -17,6 +17,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace platform {
@@ -26,7 +27,9 @@ public:
     // Reads a file; a file that cannot be read is an error.
     static TomlTable Read(const std::string& path);
 
-    std::optional<bool> Boolean(std::string_view key);
+    // `allowed` is for an error: what may stand there.
+    std::optional<bool> Boolean(std::string_view key,
+                                const std::string& allowed = "is true or false");
     std::optional<std::string> Text(std::string_view key);
     std::optional<std::string> NonEmptyText(std::string_view key);
 
@@ -41,6 +44,7 @@ public:
     template <class Number>
     std::optional<std::vector<Number>> Integers(std::string_view key, Number least, Number most);
 
+    bool HoldsArray(std::string_view key) const;
     std::optional<TomlTable> Table(std::string_view key);
     std::optional<std::vector<TomlTable>> Tables(std::string_view key);
 
@@ -50,6 +54,10 @@ public:
     // Throws: the key's value, or its absence, is wrong.
     [[noreturn]] void Reject(std::string_view key, const std::string& found,
                              const std::string& allowed) const;
+
+    // The value of a key that must be given; throws when it is not.
+    template <class T>
+    T Required(std::string_view key, std::optional<T> value, const std::string& allowed) const;
 
 private:
     struct Content;
@@ -77,6 +85,13 @@ std::optional<std::vector<Number>> TomlTable::Integers(std::string_view key, Num
     std::vector<Number> numbers;
     for (const std::int64_t number : *wide) numbers.push_back(static_cast<Number>(number));
     return numbers;
+}
+
+template <class T>
+T TomlTable::Required(std::string_view key, std::optional<T> value,
+                      const std::string& allowed) const {
+    if (!value) Reject(key, "nothing", allowed + "; add this key");
+    return *std::move(value);
 }
 
 }  // namespace platform

@@ -41,8 +41,8 @@ TEST_F(CachedSettings, BrokenFile_GivesDefaultsAndNoControllersAndTheProblem) {
     const auto settings = cache.Get();
     EXPECT_EQ(settings->problem,
               folder.File("platform.toml") +
-                  ":6:1: key 'controller[0].devise': found an unknown key, allowed are device and "
-                  "transport.");
+                  ":6:1: key 'controller[0].devise': found an unknown key, allowed are device, "
+                  "time_limit and transport.");
     ASSERT_TRUE(settings->controllers.value.has_value());
     EXPECT_TRUE(settings->controllers.value->empty());
     EXPECT_EQ(settings->machineType.value, std::nullopt);

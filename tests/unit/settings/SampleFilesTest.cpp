@@ -98,15 +98,16 @@ TEST(SampleSettings, EveryKeyThatIsAllowed_IsInTheSampleAndInTheDocument) {
     const std::string document = platform::ReadFileText(BMCI2C_DOCS_DIR "/platform-settings.md");
     std::size_t count = 0;
     for (const char* table : {"[machine]", "[diagnostics]", "[controllers]", "[log]",
+                              "[[controllers.oxc]]\nmanufacturer = 1\nproduct = 1",
                               "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"",
                               "[[controller]]\ntransport = \"inband\"\ndevice = \"/dev/ipmi0\""}) {
         for (const std::string& key : AllowedKeys(table)) {
-            EXPECT_THAT(sample, testing::HasSubstr("\n" + key + " = "));
+            EXPECT_THAT(sample, testing::ContainsRegex("[\n ]" + key + " = "));
             EXPECT_THAT(document, testing::HasSubstr("`" + key + "`"));
             ++count;
         }
     }
-    EXPECT_EQ(count, 20u);
+    EXPECT_EQ(count, 24u);
 }
 
 }  // namespace

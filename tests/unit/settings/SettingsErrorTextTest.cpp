@@ -36,6 +36,7 @@ class BadSettings : public testing::TestWithParam<BadFile> {};
 TEST_P(BadSettings, NamesPlaceKeyAndWhatIsAllowed) {
     const TemporaryFolder folder;
     const SettingsEnvironment environment;
+    folder.Write("profile.toml", "[[node]]\n");
     const std::string path = folder.Write("platform.toml", GetParam().text);
     environment.Set("BMCI2C_CONFIG", path);
     EXPECT_EQ(ErrorOf(platform::ReadSettings), path + GetParam().error);
@@ -87,11 +88,42 @@ constexpr BadFile kBadSettings[] = {
     {"OemBuildIsAString", "[diagnostics]\noem_build = \"no\"\n",
      ":2:13: key 'diagnostics.oem_build': found a string, allowed is true or false."},
     {"OxcIsADate", "[controllers]\noxc = 2024-05-31\n",
-     ":2:7: key 'controllers.oxc': found a date, allowed is true or false."},
+     ":2:7: key 'controllers.oxc': found a date, allowed is true, false, or an array of tables "
+     "{ manufacturer = N, product = N }."},
     {"OxcIsATime", "[controllers]\noxc = 12:00:00\n",
-     ":2:7: key 'controllers.oxc': found a time, allowed is true or false."},
+     ":2:7: key 'controllers.oxc': found a time, allowed is true, false, or an array of tables "
+     "{ manufacturer = N, product = N }."},
     {"OxcIsADateTime", "[controllers]\noxc = 2024-05-31T12:00:00\n",
-     ":2:7: key 'controllers.oxc': found a date-time, allowed is true or false."},
+     ":2:7: key 'controllers.oxc': found a date-time, allowed is true, false, or an array of "
+     "tables { manufacturer = N, product = N }."},
+    {"OxcIsAListOfNumbers", "[controllers]\noxc = [32473]\n",
+     ":2:8: key 'controllers.oxc[0]': found an integer, allowed is a table."},
+    {"OxcProductWithoutAManufacturer", "[controllers]\noxc = [{ product = 7 }]\n",
+     ":2:8: key 'controllers.oxc[0].manufacturer': found nothing, allowed is an integer from 0 to "
+     "1048575; add this key."},
+    {"OxcManufacturerWithoutAProduct",
+     "[controllers]\noxc = [{ manufacturer = 1, product = 2 }, { manufacturer = 1 }]\n",
+     ":2:43: key 'controllers.oxc[1].product': found nothing, allowed is an integer from 0 to "
+     "65535; add this key."},
+    {"OxcManufacturerTooHigh", "[controllers]\noxc = [{ manufacturer = 1048576, product = 1 }]\n",
+     ":2:25: key 'controllers.oxc[0].manufacturer': found 1048576, allowed is an integer from 0 to "
+     "1048575."},
+    {"OxcProductTooHigh", "[controllers]\noxc = [{ manufacturer = 1, product = 65536 }]\n",
+     ":2:38: key 'controllers.oxc[0].product': found 65536, allowed is an integer from 0 to "
+     "65535."},
+    {"OxcProductIsAString", "[controllers]\noxc = [{ manufacturer = 1, product = \"2\" }]\n",
+     ":2:38: key 'controllers.oxc[0].product': found a string, allowed is an integer from 0 to "
+     "65535."},
+    {"UnknownKeyInOxc", "[controllers]\noxc = [{ manufacturer = 1, product = 2, name = \"x\" }]\n",
+     ":2:41: key 'controllers.oxc[0].name': found an unknown key, allowed are manufacturer and "
+     "product."},
+    {"TimeLimitOfAControllerTooLong",
+     "[[controller]]\ntransport = \"inband\"\ndevice = \"/dev/ipmi0\"\ntime_limit = 61\n",
+     ":4:14: key 'controller[0].time_limit': found 61, allowed is an integer from 1 to 60."},
+    {"TimeLimitOfASimulatedController",
+     "[[controller]]\ntransport = \"simulated\"\nprofile = \"profile.toml\"\ntime_limit = 1\n",
+     ":4:1: key 'controller[0].time_limit': found an unknown key, allowed are profile and "
+     "transport."},
     {"TimeLimitIsAFloat", "[controllers]\ntime_limit = 4.0\n",
      ":2:14: key 'controllers.time_limit': found a floating-point number, allowed is an integer "
      "from 1 to 60."},
@@ -130,7 +162,8 @@ constexpr BadFile kBadSettings[] = {
      "\"/dev/ipmi0\"; add this key."},
     {"InBandWithAKeyOfLan",
      "[[controller]]\ntransport = \"inband\"\ndevice = \"/dev/ipmi0\"\nhost = \"bmc\"\n",
-     ":4:1: key 'controller[0].host': found an unknown key, allowed are device and transport."},
+     ":4:1: key 'controller[0].host': found an unknown key, allowed are device, time_limit and "
+     "transport."},
     {"LanWithoutAHost",
      "[[controller]]\ntransport = \"inband\"\ndevice = \"/dev/ipmi0\"\n[[controller]]\n"
      "transport = \"lan\"\n",
@@ -139,7 +172,8 @@ constexpr BadFile kBadSettings[] = {
     {"LanWithAPasswordInTheFile",
      "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"\npassword = \"secret\"\n",
      ":4:1: key 'controller[0].password': found an unknown key, allowed are cipher_suite, host, "
-     "password_file, port, privilege_level, protocol, transport, user and workarounds."},
+     "password_file, port, privilege_level, protocol, time_limit, transport, user and "
+     "workarounds."},
     {"HostIsEmpty", "[[controller]]\ntransport = \"lan\"\nhost = \"\"\n",
      ":3:8: key 'controller[0].host': found an empty string, allowed is a string with at least one "
      "character."},

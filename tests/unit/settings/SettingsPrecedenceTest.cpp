@@ -112,7 +112,7 @@ TEST_F(SettingsPrecedence, ProfileOverFile) {
     ExpectSetting<std::optional<std::string>>(settings.machineType, "profile type",
                                               Origin::Profile);
     ExpectSetting<std::optional<std::string>>(settings.biosId, "profile BIOS", Origin::Profile);
-    ExpectSetting(settings.oxc, false, Origin::Profile);
+    ExpectSetting<platform::OxcFamily>(settings.oxc, false, Origin::Profile);
     ExpectSetting(settings.oemBuild, false, Origin::Profile);
     EXPECT_EQ(settings.controllers.origin, Origin::Profile);
     ASSERT_EQ(settings.controllers.value->size(), 2u);
@@ -132,7 +132,7 @@ TEST_F(SettingsPrecedence, EmptyProfile_LeavesTheMachineToTheFileButHasNoControl
     const Settings settings = platform::ReadSettings();
     ExpectSetting<std::optional<std::string>>(settings.machineType, "file type", Origin::File);
     ExpectSetting<std::optional<std::string>>(settings.biosId, "file BIOS", Origin::File);
-    ExpectSetting(settings.oxc, true, Origin::File);
+    ExpectSetting<platform::OxcFamily>(settings.oxc, true, Origin::File);
     ExpectSetting(settings.oemBuild, true, Origin::File);
     EXPECT_EQ(settings.controllers.origin, Origin::Profile);
     ASSERT_TRUE(settings.controllers.value.has_value());
@@ -144,7 +144,7 @@ TEST_F(SettingsPrecedence, ProfileOverDefaults) {
     const Settings settings = platform::ReadSettings();
     ExpectSetting<std::optional<std::string>>(settings.machineType, "profile type",
                                               Origin::Profile);
-    ExpectSetting(settings.oxc, true, Origin::Profile);
+    ExpectSetting<platform::OxcFamily>(settings.oxc, true, Origin::Profile);
     ExpectSetting<std::optional<std::string>>(settings.biosId, std::nullopt, Origin::Default);
 }
 

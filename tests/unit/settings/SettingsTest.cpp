@@ -10,8 +10,10 @@
 
 namespace {
 
+using platform::ControllerProduct;
 using platform::ControllerSettings;
 using platform::Origin;
+using platform::OxcFamily;
 using platform::Settings;
 using platform::TransportKind;
 using testing::ElementsAre;
@@ -41,7 +43,7 @@ TEST_F(SettingsOf, NothingAtAll_AreTheDefaults) {
     EXPECT_EQ(settings.smbiosDir.value, "/sys/class/dmi/id");
     EXPECT_EQ(settings.root.value, kReplacedRoot);
     EXPECT_FALSE(settings.oemBuild.value);
-    EXPECT_FALSE(settings.oxc.value);
+    EXPECT_EQ(settings.oxc.value, OxcFamily(false));
     EXPECT_EQ(settings.timeLimit.value, 4);
     EXPECT_FALSE(settings.controllers.value.has_value());
     EXPECT_EQ(settings.log.value, "syslog");
@@ -68,7 +70,7 @@ TEST_F(SettingsOf, DefaultFile_IsReadWhenItIsThere) {
     replacedSettingsFile = folder.Write("default.toml", "[controllers]\noxc = true\n");
     const Settings settings = platform::ReadSettings();
     replacedSettingsFile = "/nonexistent/platform.toml";
-    EXPECT_TRUE(settings.oxc.value);
+    EXPECT_EQ(settings.oxc.value, OxcFamily(true));
     EXPECT_EQ(settings.configFile.value, folder.File("default.toml"));
     EXPECT_EQ(settings.configFile.origin, Origin::Default);
 }
@@ -94,7 +96,7 @@ level = 4
     EXPECT_EQ(settings.smbiosDir.value, "/dmi");
     EXPECT_EQ(settings.root.value, "/root/of/it");
     EXPECT_TRUE(settings.oemBuild.value);
-    EXPECT_TRUE(settings.oxc.value);
+    EXPECT_EQ(settings.oxc.value, OxcFamily(true));
     EXPECT_EQ(settings.timeLimit.value, 60);
     EXPECT_EQ(settings.log.value, "json:/var/log/bmci2c.json");
     EXPECT_EQ(settings.logLevel.value, 4);
@@ -144,6 +146,49 @@ TEST_F(SettingsOf, RelativePathsInTheEnvironment_StandAsTheyAre) {
 TEST_F(SettingsOf, SinksWithoutAPath_StandAsTheyAre) {
     for (const std::string sink : {"syslog", "stderr", "none"})
         EXPECT_EQ(File("[log]\nsink = \"" + sink + "\"").log.value, sink);
+}
+
+TEST_F(SettingsOf, OxcFamilyByProducts_HasThemAll) {
+    const Settings settings = File(R"(
+[controllers]
+oxc = [{ manufacturer = 32473, product = 7 }, { manufacturer = 1048575, product = 65535 }]
+)");
+    EXPECT_EQ(settings.oxc.value, OxcFamily(std::vector<ControllerProduct>{
+                                      {.manufacturer = 32473, .product = 7},
+                                      {.manufacturer = 1048575, .product = 65535}}));
+    EXPECT_EQ(settings.oxc.origin, Origin::File);
+}
+
+TEST_F(SettingsOf, OxcFamilyByProductsInTablesOfTheirOwn_HasThemAll) {
+    EXPECT_EQ(File("[[controllers.oxc]]\nmanufacturer = 0\nproduct = 1\n").oxc.value,
+              OxcFamily(std::vector<ControllerProduct>{{.manufacturer = 0, .product = 1}}));
+}
+
+TEST_F(SettingsOf, OxcFamilyWithoutProducts_IsEmpty) {
+    EXPECT_EQ(File("[controllers]\noxc = []").oxc.value,
+              OxcFamily(std::vector<ControllerProduct>{}));
+}
+
+TEST_F(SettingsOf, ControllerWithATimeLimit_HasItBesideThatOfAll) {
+    const Settings settings = File(R"(
+[controllers]
+time_limit = 9
+[[controller]]
+transport = "inband"
+device = "/dev/ipmi0"
+time_limit = 1
+[[controller]]
+transport = "lan"
+host = "bmc"
+time_limit = 60
+[[controller]]
+transport = "lan"
+host = "bmc"
+)");
+    EXPECT_EQ(settings.timeLimit.value, 9);
+    EXPECT_EQ(settings.controllers.value->at(0).timeLimit, 1);
+    EXPECT_EQ(settings.controllers.value->at(1).timeLimit, 60);
+    EXPECT_EQ(settings.controllers.value->at(2).timeLimit, std::nullopt);
 }
 
 TEST_F(SettingsOf, InBandController_HasItsDevice) {

@@ -1,0 +1,38 @@
+#include <platform/settings/OxcTable.h>
+
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace platform {
+
+namespace {
+
+template <class Number>
+Number RequiredNumber(TomlTable& table, std::string_view key, Number most) {
+    return table.Required(key, table.Integer<Number>(key, 0, most),
+                          "is an integer from 0 to " + std::to_string(most));
+}
+
+ControllerProduct ReadProduct(TomlTable& table) {
+    const ControllerProduct product{
+        .manufacturer = RequiredNumber(table, "manufacturer", kLastManufacturer),
+        .product = RequiredNumber(table, "product", std::numeric_limits<std::uint16_t>::max())};
+    table.RejectOtherKeys();
+    return product;
+}
+
+}  // namespace
+
+std::optional<OxcFamily> ReadOxcFamily(TomlTable& table) {
+    if (!table.HoldsArray("oxc"))
+        return table.Boolean(
+            "oxc", "is true, false, or an array of tables { manufacturer = N, product = N }");
+    std::vector<ControllerProduct> products;
+    auto tables = table.Tables("oxc").value_or(std::vector<TomlTable>{});
+    for (TomlTable& product : tables) products.push_back(ReadProduct(product));
+    return products;
+}
+
+}  // namespace platform

@@ -42,7 +42,7 @@ TEST(Include, ClassDeclaredInTwoFiles_NamesBothPlaces) {
 TEST(Include, MissingFile_IsReportedWhereItIsIncluded) {
     const TemporaryFolder folder;
     const auto path = folder.Write("a.mof", "class A { };\n#pragma include (\"b.mof\")");
-    EXPECT_EQ(FileError(path), path + ":2:18: The file '" + (folder.path / "b.mof").string() +
+    EXPECT_EQ(FileError(path), path + ":2:18: The file '" + folder.File("b.mof") +
                                    "' cannot be read: No such file or directory.");
 }
 
@@ -54,7 +54,7 @@ TEST(Include, MissingFirstFile_IsReportedAtItsBeginning) {
 
 TEST(Include, Directory_IsAnError) {
     const TemporaryFolder folder;
-    const auto path = folder.path.string();
+    const auto path = folder.Path();
     EXPECT_EQ(FileError(path),
               path + ":1:1: The file '" + path + "' cannot be read: it is a directory.");
 }

@@ -15,8 +15,8 @@ std::string Content(const std::filesystem::path& file) {
 
 TEST(OutputFile, InAMissingFolder_IsWritten) {
     const TemporaryFolder folder;
-    mof::WriteIfChanged(folder.path / "a" / "b.txt", "text\n");
-    EXPECT_EQ(Content(folder.path / "a" / "b.txt"), "text\n");
+    mof::WriteIfChanged(folder.File("a/b.txt"), "text\n");
+    EXPECT_EQ(Content(folder.File("a/b.txt")), "text\n");
 }
 
 TEST(OutputFile, WithTheSameContent_KeepsItsTime) {
@@ -38,12 +38,12 @@ TEST(OutputFile, WithOtherContent_IsReplaced) {
 TEST(OutputFile, ThatCannotBeWritten_IsAnError) {
     const TemporaryFolder folder;
     folder.Write("a", "not a folder");
-    const auto file = folder.path / "a" / "b.txt";
+    const auto file = folder.File("a/b.txt");
     try {
         mof::WriteIfChanged(file, "text");
         FAIL() << "no error";
     } catch (const std::runtime_error& error) {
-        EXPECT_EQ(error.what(), "The file '" + file.string() + "' cannot be written.");
+        EXPECT_EQ(error.what(), "The file '" + file + "' cannot be written.");
     }
 }
 

@@ -2,6 +2,7 @@
 #include <platform/service_processor/ExchangeLog.h>
 #include <platform/service_processor/IpmiBuffer.h>
 #include <platform/service_processor/LiveObjects.h>
+#include <platform/service_processor/TimeShare.h>
 
 #include <algorithm>
 #include <exception>
@@ -13,12 +14,26 @@ namespace platform {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+constexpr int kNothingSent = 0;
+
+TransportError NoTimeLeft() {
+    return {Trouble::NoAnswer,
+            "The command was not sent: the commands before it have used up the controller's time. "
+            "Find out why it is slow, or raise its time_limit.",
+            kNothingSent};
+}
+
+TransportError BusyTooLate(const IpmiAnswer& answer) {
+    return {Trouble::Busy,
+            "The controller is busy, and said so too late to be asked once more. Try again, or "
+            "raise its time_limit.",
+            answer.attempts};
+}
 
 }  // namespace
 
 ControllerNode::ControllerNode(NodeFacts nodeFacts, std::unique_ptr<Transport> wayToController)
-    : facts(nodeFacts), transport(std::move(wayToController)) {
+    : facts(std::move(nodeFacts)), transport(std::move(wayToController)) {
     LiveObjects::Add(this);
 }
 
@@ -26,21 +41,32 @@ ControllerNode::~ControllerNode() { LiveObjects::Remove(this); }
 
 // Every command is waited for: nobody asks for an answer later.
 bool ControllerNode::sendIPMICommand(unsigned char* buffer, int* length, int bufferSize, bool) {
-    const auto start = Clock::now();
+    const std::span<unsigned char> room(buffer, static_cast<std::size_t>(std::max(bufferSize, 0)));
+    return Deliver([&] { return ReadRequest(room); },
+                   [&](const IpmiAnswer& answer) { *length = WriteAnswer(answer, room); });
+}
+
+std::optional<DeviceId> ControllerNode::Identify() {
+    std::optional<DeviceId> id;
+    Deliver([] { return kDeviceIdRequest; },
+            [&](const IpmiAnswer& answer) { id = ReadDeviceId(answer); });
+    return id;
+}
+
+// True when the answer could be used.
+bool ControllerNode::Deliver(const MakeRequest& makeRequest, const UseAnswer& useAnswer) {
+    const Time start = Now();
     ExchangeFacts exchange{
         .node = facts.node, .way = transport->Describe(), .request = {}, .elapsed = {}};
     const auto stop = [&] {
-        exchange.elapsed =
-            std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+        exchange.elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Now() - start);
     };
     try {
-        const std::span<unsigned char> room(buffer,
-                                            static_cast<std::size_t>(std::max(bufferSize, 0)));
-        exchange.request = ReadRequest(room);
-        const IpmiAnswer answer = transport->Send(exchange.request, facts.timeLimit);
+        exchange.request = makeRequest();
+        const IpmiAnswer answer = Exchange(exchange.request);
         stop();
+        useAnswer(answer);
         LogAnswer(exchange, answer);
-        *length = WriteAnswer(answer, room);
         return true;
     } catch (const TransportError& error) {
         stop();
@@ -53,6 +79,20 @@ bool ControllerNode::sendIPMICommand(unsigned char* buffer, int* length, int buf
                                                                 std::string(error.what()) + "."));
     }
     return false;
+}
+
+IpmiAnswer ControllerNode::Exchange(const IpmiRequest& request) {
+    TimeShare& share = ShareOfThisThread();
+    const TimeAllowance allowance = share.Begin(facts.node, request, facts.timeLimit, Now());
+    if (allowance.total.count() <= 0) throw NoTimeLeft();
+    try {
+        IpmiAnswer answer = transport->Send(request, allowance);
+        if (!share.End(answer.completionCode == kControllerBusy, Now())) throw BusyTooLate(answer);
+        return answer;
+    } catch (...) {
+        share.End(false, Now());
+        throw;
+    }
 }
 
 }  // namespace platform

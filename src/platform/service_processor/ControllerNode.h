@@ -1,19 +1,22 @@
 // The library object that is handed out for one controller.
 #pragma once
 
+#include <platform/service_processor/DeviceId.h>
 #include <platform/service_processor/SPLibrary.h>
 #include <platform/service_processor/Transport.h>
 
 #include <chrono>
+#include <functional>
 #include <memory>
+#include <optional>
 
 namespace platform {
 
-// What the library object answers without asking the controller.
+// What the library object knows of its controller and of the machine.
 struct NodeFacts {
     int node = 0;       // from 0
     int nodeCount = 0;  // of the machine
-    bool isOxc = false;
+    std::function<bool()> isOxc;
     std::chrono::milliseconds timeLimit{0};
 };
 
@@ -25,13 +28,23 @@ public:
     ~ControllerNode() override;
 
     int GetNumberBMCNode() override { return facts.nodeCount; }
-    bool IsOxcControllerMachine() override { return facts.isOxc; }
+    bool IsOxcControllerMachine() override { return facts.isOxc(); }
 
-    // Every trouble becomes a log line; only std::bad_alloc leaves.
+    // Every trouble becomes a log line; only std::bad_alloc leaves. The command ends within what is
+    // left of the controller's share of the run (TimeShare.h).
     bool sendIPMICommand(unsigned char* buffer, int* length, int bufferSize,
                          bool waitForCompletion) override;
 
+    // Who the controller is; nothing, and a log line, when it does not say so.
+    std::optional<DeviceId> Identify();
+
 private:
+    using MakeRequest = std::function<IpmiRequest()>;
+    using UseAnswer = std::function<void(const IpmiAnswer&)>;
+
+    bool Deliver(const MakeRequest& makeRequest, const UseAnswer& useAnswer);
+    IpmiAnswer Exchange(const IpmiRequest& request);
+
     NodeFacts facts;
     std::unique_ptr<Transport> transport;
 };

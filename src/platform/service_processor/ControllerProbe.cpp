@@ -14,7 +14,8 @@ DeviceId AskDeviceId(const ControllerSettings& controller, int node,
         throw TransportError(Trouble::NoDevice,
                              "The profile says that this controller is not present.");
     }
-    return ReadDeviceId(MakeTransport(controller, node)->Send(kDeviceIdRequest, limit));
+    return ReadDeviceId(
+        MakeTransport(controller, node)->Send(kDeviceIdRequest, WholeAllowance(limit)));
 }
 
 }  // namespace
@@ -26,7 +27,7 @@ std::vector<ProbedNode> NodesToProbe(const Settings& settings, const std::string
         nodes.push_back({.number = number,
                          .way = MakeTransport(controller, number)->Describe(),
                          .controller = controller,
-                         .limit = std::chrono::seconds(settings.timeLimit.value)});
+                         .limit = TimeLimit(settings, controller)});
     }
     return nodes;
 }

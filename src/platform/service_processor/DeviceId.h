@@ -11,7 +11,7 @@ namespace platform {
 struct DeviceId {
     std::uint32_t manufacturer = 0;  // IANA enterprise number, 20 bits
     std::uint16_t product = 0;       // the manufacturer's own number
-    std::string firmware;            // "2.05"
+    std::string firmware = {};       // "2.05"
     std::uint8_t device = 0;
 
     bool operator==(const DeviceId&) const = default;

@@ -26,13 +26,26 @@ std::string Effort(int attempts, std::chrono::milliseconds elapsed) {
            std::to_string(elapsed.count()) + " ms";
 }
 
+// What the caller counts: the completion code and the data bytes.
+int ReportedLength(const IpmiAnswer& answer) {
+    return answer.length.value_or(1 + static_cast<int>(answer.data.size()));
+}
+
+// An answer of good standing with nothing in it is of no use to any command here.
+bool IsTooShort(const IpmiAnswer& answer) {
+    return answer.completionCode == kCompleted && ReportedLength(answer) <= 1;
+}
+
 }  // namespace
 
 void LogAnswer(const ExchangeFacts& facts, const IpmiAnswer& answer) {
-    Log(answer.completionCode == kCompleted ? NQUVZDX20::kLogFinest : NQUVZDX20::kLogError,
+    const bool isTooShort = IsTooShort(answer);
+    const bool isGood = answer.completionCode == kCompleted && !isTooShort;
+    Log(isGood ? NQUVZDX20::kLogFinest : NQUVZDX20::kLogError,
         Beginning(facts) + "completion code " + Hexadecimal(answer.completionCode) +
             Meaning(answer.completionCode) + ", " + Counted(answer.data.size(), "data byte") +
-            ", " + Effort(answer.attempts, facts.elapsed));
+            (isTooShort ? " (the answer is too short)" : "") + ", " +
+            Effort(answer.attempts, facts.elapsed));
 }
 
 void LogTrouble(const ExchangeFacts& facts, const TransportError& error) {

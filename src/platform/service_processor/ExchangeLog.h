@@ -17,7 +17,8 @@ struct ExchangeFacts {
     std::chrono::milliseconds elapsed;
 };
 
-// Severity 4; severity 2 and the meaning of the completion code when that is not 0.
+// Severity 4; severity 2 with the meaning of the completion code when that is not 0, and when the
+// answer is too short.
 void LogAnswer(const ExchangeFacts& facts, const IpmiAnswer& answer);
 
 // Severity 2.

@@ -1,4 +1,4 @@
-// FreeIPMI's context: one device or one session, closed when the object ends.
+// FreeIPMI's context: one session, closed when the object ends.
 #pragma once
 
 #include <freeipmi/freeipmi.h>

@@ -1,65 +1,75 @@
-#include <fcntl.h>
-#include <platform/service_processor/FreeIpmiContext.h>
+#include <platform/service_processor/Hexadecimal.h>
 #include <platform/service_processor/InBandTransport.h>
-#include <unistd.h>
+#include <platform/service_processor/IpmiDevice.h>
+#include <platform/service_processor/Seconds.h>
 
-#include <cerrno>
-#include <system_error>
+#include <algorithm>
+#include <atomic>
 #include <utility>
 
 namespace platform {
 
 namespace {
 
-// Why the device cannot be opened; 0 when it can. FreeIPMI keeps only a coarse reason.
-int ReasonOfOpening(const std::string& device) {
-    const int descriptor = open(device.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK);
-    if (descriptor < 0) return errno;
-    close(descriptor);
-    return 0;
+// Different for each command of this process, so that no late answer is taken for another's.
+long NextMessageId() {
+    static std::atomic<long> next = 1;
+    return next++;
 }
 
-TransportError OpenTrouble(const std::string& device, const FreeIpmiContext& context) {
-    const int reason = ReasonOfOpening(device);
-    if (reason == 0) {
-        return TransportError(Trouble::Other,
-                              "The device " + device +
-                                  " does not work as an IPMI device: " + context.ErrorText() +
-                                  ". Check that it belongs to the kernel module ipmi_devintf.");
-    }
-    const std::string refused = "The device " + device +
-                                " cannot be opened: " + std::generic_category().message(reason) +
-                                ". ";
-    if (reason == EACCES || reason == EPERM) {
-        return TransportError(Trouble::NoPermission,
-                              refused + "Run as root, or as a user who may read and write it.");
-    }
-    return TransportError(Trouble::NoDevice, refused + "Is the kernel module ipmi_devintf loaded?");
+bool Answers(const IpmiDevice::Message& message, const IpmiRequest& request, long messageId) {
+    constexpr std::uint8_t kAnswerBit = 0x01;
+    return message.messageId == messageId && message.netFn == (request.netFn | kAnswerBit) &&
+           message.command == request.command;
 }
 
-TransportError ExchangeTrouble(const std::string& device, const FreeIpmiContext& context) {
-    if (context.Error() == IPMI_ERR_DRIVER_TIMEOUT) {
-        return TransportError(Trouble::NoAnswer,
-                              "The kernel's driver behind " + device + " did not answer.");
+IpmiAnswer ReadAnswer(const IpmiDevice::Message& message) {
+    if (message.data.empty()) {
+        throw TransportError(Trouble::AnswerTooShort,
+                             "The controller's answer is too short: it has no completion code.");
     }
-    return TransportError(Trouble::Other,
-                          "The request to " + device + " failed: " + context.ErrorText() + ".");
+    IpmiAnswer answer;
+    answer.completionCode = message.data.front();
+    answer.data.assign(message.data.begin() + 1, message.data.end());
+    return answer;
+}
+
+std::string Named(const IpmiDevice::Message& message, const IpmiRequest& request) {
+    if (message.command == request.command) return "an earlier request";
+    return "another command (network function " + Hexadecimal(message.netFn) + ", command " +
+           Hexadecimal(message.command) + ")";
+}
+
+TransportError Silence(const std::string& device, std::chrono::milliseconds time,
+                       const std::optional<std::string>& other) {
+    const std::string within = " within " + InSeconds(time) + ". ";
+    if (other) {
+        return {Trouble::AnswerToAnotherCommand, "The controller behind " + device +
+                                                     " answered nothing but " + *other + within +
+                                                     "Try again."};
+    }
+    return {Trouble::NoAnswer, "The controller behind " + device + " did not answer" + within +
+                                   "If it is slow, raise its time_limit."};
 }
 
 }  // namespace
 
 InBandTransport::InBandTransport(std::string devicePath) : device(std::move(devicePath)) {}
 
-IpmiAnswer InBandTransport::Send(const IpmiRequest& request, std::chrono::milliseconds) {
-    constexpr int kNoProbing = 1;
-    FreeIpmiContext context;
-    if (ipmi_ctx_open_inband(context.Get(), IPMI_DEVICE_OPENIPMI, kNoProbing, 0, 0, device.c_str(),
-                             IPMI_WORKAROUND_FLAGS_DEFAULT, IPMI_FLAGS_DEFAULT) < 0) {
-        throw OpenTrouble(device, context);
+IpmiAnswer InBandTransport::Send(const IpmiRequest& request, TimeAllowance allowance) {
+    const std::chrono::milliseconds time = std::min(allowance.silence, allowance.total);
+    const Time end = Now() + time;
+    const long messageId = NextMessageId();
+    IpmiDevice driver(device);
+    driver.Send(request, messageId);
+
+    std::optional<std::string> other;
+    while (const auto message = driver.Receive(end)) {
+        if (!message->isAnswer) continue;
+        if (Answers(*message, request, messageId)) return ReadAnswer(*message);
+        other = Named(*message, request);
     }
-    const auto answer = context.Exchange(request);
-    if (!answer) throw ExchangeTrouble(device, context);
-    return *answer;
+    throw Silence(device, time, other);
 }
 
 }  // namespace platform

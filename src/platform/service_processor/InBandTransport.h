@@ -10,9 +10,10 @@ public:
     // `devicePath` is for instance "/dev/ipmi0".
     explicit InBandTransport(std::string devicePath);
 
-    // FreeIPMI waits up to 60 s for a silent driver, whatever the limit; the driver itself gives up
-    // on a silent controller sooner and answers in its place.
-    IpmiAnswer Send(const IpmiRequest& request, std::chrono::milliseconds limit) override;
+    // Opens the device, sends, waits for the answer as long as a silent controller is waited for,
+    // and closes. An answer to something else is passed over, and named when nothing better comes.
+    // A completion code with which the driver answers in the controller's place is an answer.
+    IpmiAnswer Send(const IpmiRequest& request, TimeAllowance allowance) override;
 
     std::string Describe() const override { return "inband " + device; }
 

@@ -6,31 +6,21 @@
 
 namespace platform {
 
-class Password;
-
 class LanTransport final : public Transport {
 public:
     explicit LanTransport(ControllerSettings controllerSettings);
 
-    // Opens a session, sends and closes. A controller that names no privilege level in its answer
-    // to the opening is asked once more with FreeIPMI's workaround "opensesspriv". With a silent
-    // controller this ends within kLanTotal, whatever the limit.
-    IpmiAnswer Send(const IpmiRequest& request, std::chrono::milliseconds limit) override;
+    // Opens a session, sends and closes, more than once where that helps (LanSchedule.h). A
+    // controller that names no privilege level in its answer to the opening is asked again with
+    // FreeIPMI's workaround "opensesspriv". Ends within the time allowed and within kLanTotal, but
+    // - with a controller that is slow on purpose, as LanSchedule.h tells;
+    // - when the host is a name: the system's own limits of name resolution are not bounded here;
+    // - when the machine's clock is set back meanwhile: FreeIPMI waits by it.
+    IpmiAnswer Send(const IpmiRequest& request, TimeAllowance allowance) override;
 
-    std::string Describe() const override { return "lan " + Address(); }
+    std::string Describe() const override;
 
 private:
-    struct Session;
-
-    // "host:port", with brackets around an IPv6 address.
-    std::string Address() const;
-    bool IsProtocol15() const { return controller.protocol == "1.5"; }
-    void CheckSettings() const;
-    Password ReadPassword() const;
-    bool Open(Session& session, const Password& password, unsigned int workarounds,
-              std::chrono::milliseconds silence) const;
-    bool NamesNoPrivilege(const Session& session, unsigned int workarounds) const;
-
     ControllerSettings controller;
 };
 

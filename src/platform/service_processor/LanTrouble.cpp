@@ -1,17 +1,10 @@
 #include <freeipmi/freeipmi.h>
 #include <platform/service_processor/LanTrouble.h>
+#include <platform/service_processor/Seconds.h>
 
 namespace platform {
 
 namespace {
-
-// "4 s", "1.5 s".
-std::string InSeconds(std::chrono::milliseconds time) {
-    const auto tenths = (time.count() + 50) / 100;
-    std::string text = std::to_string(tenths / 10);
-    if (tenths % 10 != 0) text += "." + std::to_string(tenths % 10);
-    return text + " s";
-}
 
 std::string ControllerAt(const LanCircumstances& circumstances) {
     return "The controller at " + circumstances.address;
@@ -50,20 +43,23 @@ Trouble KindOfOpenTrouble(int error) {
 }
 
 std::string SilenceText(const LanCircumstances& at) {
-    const std::string time = InSeconds(at.silence);
     if (at.error == IPMI_ERR_CONNECTION_TIMEOUT) {
-        return ControllerAt(at) + " did not answer within " + time +
+        return ControllerAt(at) + " did not answer within " + InSeconds(at.silence) +
                ". Check the address, the port, and that IPMI over LAN is switched on.";
     }
-    return ControllerAt(at) + " stopped answering for " + time + " while a session was opened.";
+    const bool hasCipherSuite = at.controller.protocol != "1.5";
+    return ControllerAt(at) +
+           " stopped answering while a session was opened. Try again; if that does not help, " +
+           (hasCipherSuite ? "set another cipher_suite, or " : "") + "restart the controller.";
 }
 
 std::string PasswordText(const LanCircumstances& at) {
     if (at.error == IPMI_ERR_PASSWORD_INVALID) {
-        return ControllerAt(at) + " has another password for " + User(at) + ".";
+        return ControllerAt(at) + " has another password for " + User(at) +
+               ". Correct the password file.";
     }
-    return ControllerAt(at) + " did not answer the log-in of " + User(at) + " within " +
-           InSeconds(at.silence) + "; the password is probably wrong.";
+    return ControllerAt(at) + " did not answer the log-in of " + User(at) +
+           "; the password is probably wrong. Correct the password file.";
 }
 
 std::string AuthenticationText(const LanCircumstances& at) {
@@ -86,16 +82,17 @@ std::string OpenText(Trouble kind, const LanCircumstances& at) {
         case Trouble::UnknownHost:
             return "The host name '" + at.controller.host + "' has no address.";
         case Trouble::UnknownUser:
-            return ControllerAt(at) + " does not know " + User(at) + ".";
+            return ControllerAt(at) + " does not know " + User(at) + ". Correct the setting user.";
         case Trouble::WrongPassword:
             return PasswordText(at);
         case Trouble::PrivilegeRefused:
             return ControllerAt(at) + " does not let " + User(at) +
-                   " work at the privilege level " + at.controller.privilegeLevel + ".";
+                   " work at the privilege level " + at.controller.privilegeLevel +
+                   ". Raise it in the controller, or set a lower privilege_level.";
         case Trouble::AuthenticationRefused:
             return AuthenticationText(at);
         case Trouble::Busy:
-            return ControllerAt(at) + " has no session free.";
+            return ControllerAt(at) + " has no session free. Close one, or try again.";
         default:
             return ControllerAt(at) + " opened no session: " + at.errorText + ".";
     }
@@ -111,7 +108,8 @@ TransportError OpenTrouble(const LanCircumstances& circumstances) {
 TransportError TooSlowToOpen(const LanCircumstances& circumstances) {
     return {Trouble::NoAnswer,
             ControllerAt(circumstances) +
-                " took so long to open a session that the command was not sent.",
+                " took so long to open a session that the command was not sent. Raise its "
+                "time_limit.",
             circumstances.attempts};
 }
 
@@ -119,8 +117,8 @@ TransportError ExchangeTrouble(const LanCircumstances& circumstances) {
     if (circumstances.error == IPMI_ERR_SESSION_TIMEOUT) {
         return {Trouble::NoAnswer,
                 ControllerAt(circumstances) +
-                    " opened a session, but did not answer the command within " +
-                    InSeconds(circumstances.silence) + ".",
+                    " opened a session, but did not answer the command. If it is slow, raise its "
+                    "time_limit.",
                 circumstances.attempts};
     }
     return {Trouble::Other,

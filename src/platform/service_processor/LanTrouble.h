@@ -12,7 +12,7 @@ namespace platform {
 struct LanCircumstances {
     const ControllerSettings& controller;
     std::string address;                // "host:port"
-    std::chrono::milliseconds silence;  // how long a silent controller was waited for
+    std::chrono::milliseconds silence;  // how long a silent controller is asked
     int attempts;
     int error;  // FreeIPMI's IPMI_ERR_...
     std::string errorText;

@@ -1,5 +1,6 @@
 #include <platform/service_processor/ExchangeLog.h>
 #include <platform/service_processor/NodeFactory.h>
+#include <platform/service_processor/OxcMachine.h>
 #include <platform/service_processor/TransportFactory.h>
 
 namespace platform {
@@ -16,11 +17,13 @@ std::unique_ptr<ControllerNode> MakeNode(const Settings& settings, int node,
     const ControllerSettings& controller = nodes[static_cast<std::size_t>(node)];
     if (IsAbsent(controller)) return nullptr;
     return std::make_unique<ControllerNode>(
-        NodeFacts{.node = node,
-                  .nodeCount = count,
-                  .isOxc = settings.oxc.value == OxcFamily(true),
-                  .timeLimit = std::chrono::seconds(
-                      controller.timeLimit.value_or(settings.timeLimit.value))},
+        NodeFacts{
+            .node = node,
+            .nodeCount = count,
+            .isOxc = [family = settings.oxc.value, first = nodes.front(),
+                      limit = TimeLimit(
+                          settings, nodes.front())] { return IsOxcMachine(family, first, limit); },
+            .timeLimit = TimeLimit(settings, controller)},
         MakeTransport(controller, node));
 }
 

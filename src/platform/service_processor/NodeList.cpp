@@ -65,6 +65,11 @@ std::vector<ControllerSettings> NodeList(const Settings& settings,
     return nodes;
 }
 
+std::chrono::milliseconds TimeLimit(const Settings& settings,
+                                    const ControllerSettings& controller) {
+    return std::chrono::seconds(controller.timeLimit.value_or(settings.timeLimit.value));
+}
+
 bool IsAbsent(const ControllerSettings& controller) {
     return controller.transport == TransportKind::Simulated && !controller.simulated->present;
 }

@@ -3,6 +3,7 @@
 
 #include <platform/settings/Settings.h>
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,9 @@ constexpr char kDeviceFolder[] = "/dev";
 // IPMI device of the folder (ipmiN, ipmi/N, ipmidev/N), in numeric order.
 std::vector<ControllerSettings> NodeList(const Settings& settings,
                                          const std::string& deviceFolder = kDeviceFolder);
+
+// How long the controller may take: its own limit, or that of all controllers.
+std::chrono::milliseconds TimeLimit(const Settings& settings, const ControllerSettings& controller);
 
 // True when a profile says that this controller is not present.
 bool IsAbsent(const ControllerSettings& controller);

@@ -47,7 +47,7 @@ SimulatedTransport::SimulatedTransport(std::shared_ptr<const SimulatedNode> simu
       number(nodeNumber),
       requestCounts(counts) {}
 
-IpmiAnswer SimulatedTransport::Send(const IpmiRequest& request, std::chrono::milliseconds) {
+IpmiAnswer SimulatedTransport::Send(const IpmiRequest& request, TimeAllowance) {
     if (!node->answers) {
         throw TransportError(Trouble::NoAnswer, "The simulated controller does not answer.");
     }

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <platform/service_processor/IpmiMessage.h>
+#include <platform/service_processor/TimeAllowance.h>
 #include <platform/service_processor/TransportError.h>
 
-#include <chrono>
 #include <string>
 
 namespace platform {
@@ -17,9 +17,8 @@ public:
     virtual ~Transport() = default;
 
     // Sends the request and returns the controller's answer, whatever its completion code. Nothing
-    // stays open afterwards. Throws TransportError when no answer came; `limit` is how long a
-    // silent controller is waited for.
-    virtual IpmiAnswer Send(const IpmiRequest& request, std::chrono::milliseconds limit) = 0;
+    // stays open afterwards. Throws TransportError when no answer came in the time allowed.
+    virtual IpmiAnswer Send(const IpmiRequest& request, TimeAllowance allowance) = 0;
 
     // The way in a few words for a log line: "inband /dev/ipmi0", "lan 192.0.2.1:623".
     virtual std::string Describe() const = 0;

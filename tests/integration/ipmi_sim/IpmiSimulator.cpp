@@ -1,9 +1,8 @@
-#include <arpa/inet.h>
 #include <fcntl.h>
 #include <integration/ipmi_sim/IpmiSimulator.h>
+#include <integration/ipmi_sim/LoopbackSocket.h>
 #include <poll.h>
 #include <sys/prctl.h>
-#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -35,47 +34,13 @@ constexpr std::array<unsigned char, 23> kAreYouThere = {
     0x06, 0x00, 0xFF, 0x07, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00,
     0x00, 0x09, 0x20, 0x18, 0xC8, 0x81, 0x8C, 0x38, 0x8E, 0x04, 0x29};
 
-class LoopbackSocket {
-public:
-    LoopbackSocket() : descriptor(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
-        if (descriptor < 0) throw std::system_error(errno, std::generic_category(), "socket");
-    }
-    LoopbackSocket(const LoopbackSocket&) = delete;
-    LoopbackSocket& operator=(const LoopbackSocket&) = delete;
-    ~LoopbackSocket() { close(descriptor); }
-
-    // A port that the kernel chooses; it is free again when this object ends.
-    std::uint16_t BindAnyPort() const {
-        sockaddr_in address = Loopback(0);
-        socklen_t size = sizeof address;
-        auto* plain = reinterpret_cast<sockaddr*>(&address);
-        if (bind(descriptor, plain, size) != 0 || getsockname(descriptor, plain, &size) != 0) {
-            throw std::system_error(errno, std::generic_category(), "bind");
-        }
-        return ntohs(address.sin_port);
-    }
-
-    // True when something comes back within a pause.
-    bool IsAnswered(std::uint16_t port) const {
-        const sockaddr_in address = Loopback(port);
-        sendto(descriptor, kAreYouThere.data(), kAreYouThere.size(), 0,
-               reinterpret_cast<const sockaddr*>(&address), sizeof address);
-        pollfd waiting{.fd = descriptor, .events = POLLIN, .revents = 0};
-        return poll(&waiting, 1, static_cast<int>(kPause.count())) > 0 &&
-               (waiting.revents & POLLIN) != 0;
-    }
-
-private:
-    static sockaddr_in Loopback(std::uint16_t port) {
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_port = htons(port);
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        return address;
-    }
-
-    int descriptor;
-};
+// True when something comes back within a pause.
+bool IsAnswered(const LoopbackSocket& client, std::uint16_t port) {
+    client.Send(port, kAreYouThere);
+    pollfd waiting{.fd = client.Descriptor(), .events = POLLIN, .revents = 0};
+    return poll(&waiting, 1, static_cast<int>(kPause.count())) > 0 &&
+           (waiting.revents & POLLIN) != 0;
+}
 
 std::string RandomPassword() {
     std::random_device random;
@@ -168,7 +133,7 @@ bool IpmiSimulator::ComesUp() {
             }
             return false;
         }
-        if (client.IsAnswered(port)) return true;
+        if (IsAnswered(client, port)) return true;
     }
     Stop();
     return false;

@@ -5,10 +5,11 @@
 #pragma once
 
 #include <sys/types.h>
-#include <unit/service_processor/TemporaryFolder.h>
 
 #include <cstdint>
 #include <string>
+
+#include "TemporaryFolder.h"
 
 class IpmiSimulator {
 public:

@@ -18,12 +18,12 @@ using testing::MatchesRegex;
 
 class ScriptedTransport final : public Transport {
 public:
-    using Script = std::function<IpmiAnswer(const IpmiRequest&, std::chrono::milliseconds)>;
+    using Script = std::function<IpmiAnswer(const IpmiRequest&, TimeAllowance)>;
 
     explicit ScriptedTransport(Script answerScript) : script(std::move(answerScript)) {}
 
-    IpmiAnswer Send(const IpmiRequest& request, std::chrono::milliseconds limit) override {
-        return script(request, limit);
+    IpmiAnswer Send(const IpmiRequest& request, TimeAllowance allowance) override {
+        return script(request, allowance);
     }
 
     std::string Describe() const override { return "scripted"; }
@@ -38,8 +38,10 @@ protected:
 
     std::unique_ptr<ControllerNode> Node(ScriptedTransport::Script script) {
         return std::make_unique<ControllerNode>(
-            NodeFacts{
-                .node = 3, .nodeCount = 5, .isOxc = true, .timeLimit = std::chrono::seconds(4)},
+            NodeFacts{.node = 3,
+                      .nodeCount = 5,
+                      .isOxc = [] { return true; },
+                      .timeLimit = std::chrono::seconds(4)},
             std::make_unique<ScriptedTransport>(std::move(script)));
     }
 
@@ -62,18 +64,19 @@ TEST_F(ControllerNodeTest, Facts_AreTheAnswersThatNeedNoController) {
     EXPECT_TRUE(node->IsOxcControllerMachine());
 }
 
-TEST_F(ControllerNodeTest, Request_ReachesTheTransportWithTheTimeLimit) {
+TEST_F(ControllerNodeTest, Request_ReachesTheTransportWithTheTimeAllowed) {
     IpmiRequest sent;
-    std::chrono::milliseconds given{0};
-    Send([&](const IpmiRequest& request, std::chrono::milliseconds limit) {
+    TimeAllowance given{};
+    Send([&](const IpmiRequest& request, TimeAllowance allowance) {
         sent = request;
-        given = limit;
+        given = allowance;
         return IpmiAnswer{};
     });
 
     EXPECT_EQ(sent.netFn, 0x3A);
     EXPECT_EQ(sent.command, 0x09);
-    EXPECT_EQ(given, std::chrono::seconds(4));
+    EXPECT_EQ(given.silence, std::chrono::seconds(4));
+    EXPECT_EQ(given.total, std::chrono::milliseconds(8750));
 }
 
 TEST_F(ControllerNodeTest, Answer_IsWrittenAndLoggedAtSeverityFour) {
@@ -98,6 +101,43 @@ TEST_F(ControllerNodeTest, SecondAttempt_IsCountedInTheLog) {
     EXPECT_THAT(FakeDiagnostics::Lines(),
                 ElementsAre(Line(NQUVZDX20::kLogFinest,
                                  ".*: completion code 0x00, 1 data byte, 2 attempts, [0-9]+ ms")));
+}
+
+TEST_F(ControllerNodeTest, AnswerWithoutData_IsDeliveredAndLoggedAsTooShort) {
+    EXPECT_TRUE(Send([](const auto&, auto) { return IpmiAnswer{.completionCode = 0x00}; }));
+
+    EXPECT_EQ(length, 1);
+    EXPECT_THAT(FakeDiagnostics::Lines(),
+                ElementsAre(Line(NQUVZDX20::kLogError,
+                                 ".*: completion code 0x00, 0 data bytes \\(the answer is too "
+                                 "short\\), 1 attempt, [0-9]+ ms")));
+}
+
+TEST_F(ControllerNodeTest, Identify_GivesTheDeviceId) {
+    IpmiRequest sent;
+    const auto node = Node([&](const IpmiRequest& request, auto) {
+        sent = request;
+        return IpmiAnswer{.completionCode = 0x00, .data = std::vector<std::uint8_t>(11, 0x01)};
+    });
+
+    const std::optional<DeviceId> id = node->Identify();
+
+    EXPECT_EQ(sent.netFn, 0x06);
+    EXPECT_EQ(sent.command, 0x01);
+    ASSERT_TRUE(id);
+    EXPECT_EQ(id->product, 0x0101);
+}
+
+TEST_F(ControllerNodeTest, IdentifyWithAShortAnswer_IsLoggedAndGivesNothing) {
+    const auto node =
+        Node([](const auto&, auto) { return IpmiAnswer{.completionCode = 0x00, .data = {0x01}}; });
+
+    EXPECT_EQ(node->Identify(), std::nullopt);
+
+    EXPECT_THAT(FakeDiagnostics::Lines(),
+                ElementsAre(Line(NQUVZDX20::kLogError,
+                                 "SP: node 3 \\(scripted\\): network function 0x06, command 0x01: "
+                                 "The controller's answer to Get Device ID is too short: .*")));
 }
 
 struct CodeCase {

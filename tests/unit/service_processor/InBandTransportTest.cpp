@@ -1,3 +1,4 @@
+#include <gtest/gtest.h>
 #include <platform/service_processor/InBandTransport.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,7 +12,7 @@ namespace {
 std::optional<ThrownTrouble> TroubleWith(const std::string& device) {
     return TroubleOf([&] {
         InBandTransport(device).Send({.netFn = 0x3A, .lun = 0, .command = 0x09},
-                                     std::chrono::milliseconds(1000));
+                                     WholeAllowance(std::chrono::milliseconds(1000)));
     });
 }
 
@@ -65,12 +66,13 @@ TEST(InBandTransport, DeviceWithoutPermission_IsNamedWithItsReason) {
 TEST(InBandTransport, FileThatIsNoDevice_IsNamed) {
     const TemporaryFolder folder;
     const std::string device = folder.Write("ipmi0", "");
-    EXPECT_EQ(
-        TroubleWith(device),
-        (ThrownTrouble{Trouble::Other,
-                       "The device " + device +
-                           " does not work as an IPMI device: internal system error. Check that it "
-                           "belongs to the kernel module ipmi_devintf."}));
+    EXPECT_EQ(TroubleWith(device),
+              (ThrownTrouble{
+                  Trouble::Other,
+                  "The device " + device +
+                      " does not work as an IPMI device: Inappropriate ioctl for device. Check "
+                      "that it "
+                      "belongs to the kernel module ipmi_devintf."}));
 }
 
 }  // namespace

@@ -1,3 +1,4 @@
+#include <gtest/gtest.h>
 #include <platform/service_processor/LanTransport.h>
 
 #include "TemporaryFolder.h"
@@ -11,7 +12,8 @@ namespace {
 std::optional<ThrownTrouble> TroubleWith(const ControllerSettings& controller) {
     return TroubleOf([&] {
         LanTransport(controller)
-            .Send({.netFn = 0x3A, .lun = 0, .command = 0x09}, std::chrono::milliseconds(1000));
+            .Send({.netFn = 0x3A, .lun = 0, .command = 0x09},
+                  WholeAllowance(std::chrono::milliseconds(1000)));
     });
 }
 

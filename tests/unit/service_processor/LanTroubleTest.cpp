@@ -49,23 +49,28 @@ INSTANTIATE_TEST_SUITE_P(
              "The controller at bmc.example:623 did not answer within 4 s. Check the address, the "
              "port, and that IPMI over LAN is switched on."},
         Case{IPMI_ERR_SESSION_TIMEOUT, Trouble::NoAnswer,
-             "The controller at bmc.example:623 stopped answering for 4 s while a session was "
-             "opened."},
+             "The controller at bmc.example:623 stopped answering while a session was opened. Try "
+             "again; if that does not help, set another cipher_suite, or restart the controller."},
         Case{IPMI_ERR_HOSTNAME_INVALID, Trouble::UnknownHost,
              "The host name 'bmc.example' has no address."},
         Case{IPMI_ERR_USERNAME_INVALID, Trouble::UnknownUser,
-             "The controller at bmc.example:623 does not know the user 'tester'."},
+             "The controller at bmc.example:623 does not know the user 'tester'. Correct the "
+             "setting user."},
         Case{IPMI_ERR_PASSWORD_INVALID, Trouble::WrongPassword,
-             "The controller at bmc.example:623 has another password for the user 'tester'."},
-        Case{IPMI_ERR_PASSWORD_VERIFICATION_TIMEOUT, Trouble::WrongPassword,
-             "The controller at bmc.example:623 did not answer the log-in of the user 'tester' "
-             "within 4 s; the password is probably wrong."},
+             "The controller at bmc.example:623 has another password for the user 'tester'. "
+             "Correct the password file."},
+        Case{
+            IPMI_ERR_PASSWORD_VERIFICATION_TIMEOUT, Trouble::WrongPassword,
+            "The controller at bmc.example:623 did not answer the log-in of the user 'tester'; the "
+            "password is probably wrong. Correct the password file."},
         Case{IPMI_ERR_PRIVILEGE_LEVEL_INSUFFICIENT, Trouble::PrivilegeRefused,
              "The controller at bmc.example:623 does not let the user 'tester' work at the "
-             "privilege level administrator."},
+             "privilege level administrator. Raise it in the controller, or set a lower "
+             "privilege_level."},
         Case{IPMI_ERR_PRIVILEGE_LEVEL_CANNOT_BE_OBTAINED, Trouble::PrivilegeRefused,
              "The controller at bmc.example:623 does not let the user 'tester' work at the "
-             "privilege level administrator."},
+             "privilege level administrator. Raise it in the controller, or set a lower "
+             "privilege_level."},
         Case{IPMI_ERR_IPMI_2_0_UNAVAILABLE, Trouble::AuthenticationRefused,
              "The controller at bmc.example:623 does not offer IPMI 2.0. Set protocol = \"1.5\"."},
         Case{IPMI_ERR_AUTHENTICATION_TYPE_UNAVAILABLE, Trouble::AuthenticationRefused,
@@ -75,9 +80,23 @@ INSTANTIATE_TEST_SUITE_P(
              "The controller at bmc.example:623 opened no session by cipher suite 3: reason of "
              "FreeIPMI. Try another cipher_suite."},
         Case{IPMI_ERR_BMC_BUSY, Trouble::Busy,
-             "The controller at bmc.example:623 has no session free."},
+             "The controller at bmc.example:623 has no session free. Close one, or try again."},
         Case{IPMI_ERR_SYSTEM_ERROR, Trouble::Other,
              "The controller at bmc.example:623 opened no session: reason of FreeIPMI."}));
+
+TEST(OpenTrouble, SilenceOfProtocol15_NamesNoCipherSuite) {
+    ControllerSettings controller = Controller();
+    controller.protocol = "1.5";
+    const TransportError error = OpenTrouble({.controller = controller,
+                                              .address = "bmc.example:623",
+                                              .silence = milliseconds(4000),
+                                              .attempts = 2,
+                                              .error = IPMI_ERR_SESSION_TIMEOUT,
+                                              .errorText = ""});
+    EXPECT_STREQ(error.what(),
+                 "The controller at bmc.example:623 stopped answering while a session was opened. "
+                 "Try again; if that does not help, restart the controller.");
+}
 
 TEST(TooSlowToOpen, NoTimeLeft_SaysThatNothingWasSent) {
     const TransportError error = TooSlowToOpen(Circumstances(IPMI_ERR_SUCCESS));
@@ -85,20 +104,17 @@ TEST(TooSlowToOpen, NoTimeLeft_SaysThatNothingWasSent) {
     EXPECT_EQ(error.Kind(), Trouble::NoAnswer);
     EXPECT_STREQ(error.what(),
                  "The controller at bmc.example:623 took so long to open a session that the "
-                 "command was not sent.");
+                 "command was not sent. Raise its time_limit.");
     EXPECT_EQ(error.Attempts(), 2);
 }
 
 TEST(ExchangeTrouble, SilenceInTheSession_IsNoAnswer) {
-    LanCircumstances circumstances = Circumstances(IPMI_ERR_SESSION_TIMEOUT);
-    circumstances.silence = milliseconds(1500);
-
-    const TransportError error = ExchangeTrouble(circumstances);
+    const TransportError error = ExchangeTrouble(Circumstances(IPMI_ERR_SESSION_TIMEOUT));
 
     EXPECT_EQ(error.Kind(), Trouble::NoAnswer);
     EXPECT_STREQ(error.what(),
                  "The controller at bmc.example:623 opened a session, but did not answer the "
-                 "command within 1.5 s.");
+                 "command. If it is slow, raise its time_limit.");
     EXPECT_EQ(error.Attempts(), 2);
 }
 

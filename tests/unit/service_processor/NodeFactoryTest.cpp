@@ -61,6 +61,21 @@ TEST_F(NodeFactoryTest, OxcOfTheSettings_IsTheAnswer) {
     EXPECT_TRUE(MakeNode(settings, 0)->IsOxcControllerMachine());
 }
 
+TEST_F(NodeFactoryTest, OxcListOfTheSettings_IsComparedWithTheFirstController) {
+    Settings settings = Simulated({{}, NodeWith([](auto& it) { it.answers = false; })});
+    settings.oxc.value = std::vector<ControllerProduct>{{.manufacturer = 0, .product = 0}};
+    EXPECT_TRUE(MakeNode(settings, 1)->IsOxcControllerMachine());
+    settings.oxc.value = std::vector<ControllerProduct>{{.manufacturer = 1, .product = 0}};
+    EXPECT_FALSE(MakeNode(settings, 1)->IsOxcControllerMachine());
+}
+
+TEST_F(NodeFactoryTest, ObjectThatIsNotAskedForTheFamily_AsksNobody) {
+    Settings settings = Simulated({NodeWith([](auto& it) { it.answers = false; })});
+    settings.oxc.value = std::vector<ControllerProduct>{{.manufacturer = 0, .product = 0}};
+    MakeNode(settings, 0);
+    EXPECT_THAT(FakeDiagnostics::Lines(), IsEmpty());
+}
+
 TEST_F(NodeFactoryTest, NoDeviceWithoutSettings_IsLoggedForNodeZero) {
     const TemporaryFolder folder;
 

@@ -69,6 +69,32 @@ TEST(NodeList, ControllersOfTheSettings_AreTheNodesAndDevicesAreNot) {
     EXPECT_EQ(nodes[1].host, "192.0.2.1");
 }
 
+TEST(NodeList, DevicesAndNetworkInTheSettings_KeepTheirOrder) {
+    Settings settings;
+    auto& controllers = settings.controllers.value.emplace(3);
+    controllers[0].transport = TransportKind::Lan;
+    controllers[0].host = "192.0.2.1";
+    controllers[1].device = "/dev/ipmi1";
+    controllers[2].transport = TransportKind::Lan;
+    controllers[2].host = "192.0.2.2";
+
+    const auto nodes = NodeList(settings);
+
+    ASSERT_EQ(nodes.size(), 3U);
+    EXPECT_EQ(nodes[0].host, "192.0.2.1");
+    EXPECT_EQ(nodes[1].device, "/dev/ipmi1");
+    EXPECT_EQ(nodes[2].host, "192.0.2.2");
+}
+
+TEST(TimeLimit, LimitOfTheController_GoesBeforeThatOfAll) {
+    Settings settings;
+    settings.timeLimit.value = 7;
+    ControllerSettings controller;
+    EXPECT_EQ(TimeLimit(settings, controller), std::chrono::seconds(7));
+    controller.timeLimit = 2;
+    EXPECT_EQ(TimeLimit(settings, controller), std::chrono::seconds(2));
+}
+
 TEST(NodeList, NoControllersInTheSettings_AreNoNodes) {
     const TemporaryFolder folder;
     folder.Write("ipmi0", "");

@@ -1,3 +1,4 @@
+#include <gtest/gtest.h>
 #include <platform/service_processor/Password.h>
 #include <sys/stat.h>
 

@@ -11,7 +11,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr std::chrono::milliseconds kLimit{1000};
+constexpr TimeAllowance kLimit = WholeAllowance(std::chrono::milliseconds(1000));
 
 const IpmiRequest kStatus = {.netFn = kOemNetFn, .lun = 0, .command = kI2cBusStatus};
 const IpmiRequest kGeneration = {.netFn = kOemNetFn, .lun = 0, .command = kControllerGeneration};

@@ -1,0 +1,3 @@
+#include "FakeClock.h"
+
+platform::Time platform::Now() { return FakeClock::now; }

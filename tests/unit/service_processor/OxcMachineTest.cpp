@@ -1,0 +1,79 @@
+#include <fakes/FakeDiagnostics.h>
+#include <gmock/gmock.h>
+#include <platform/service_processor/OxcMachine.h>
+
+#include "NodeWith.h"
+
+namespace platform {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr std::chrono::milliseconds kLimit{1000};
+
+// The simulated controller names itself manufacturer 0, product 0.
+const std::vector<ControllerProduct> kListWithIt = {{.manufacturer = 1, .product = 2}, {}};
+const std::vector<ControllerProduct> kListWithoutIt = {{.manufacturer = 0, .product = 2},
+                                                       {.manufacturer = 1, .product = 0}};
+
+ControllerSettings Simulated(const SimulatedNode& node) {
+    ControllerSettings controller;
+    controller.transport = TransportKind::Simulated;
+    controller.simulated = std::make_shared<SimulatedNode>(node);
+    return controller;
+}
+
+// Each test runs in its own process, so that nobody is known at its beginning.
+class OxcMachine : public testing::Test {
+protected:
+    void SetUp() override { FakeDiagnostics::Reset(); }
+};
+
+TEST_F(OxcMachine, List_ComparesManufacturerAndProduct) {
+    const std::vector<ControllerProduct> list = {{.manufacturer = 20301, .product = 12}};
+    EXPECT_TRUE(IsInOxcList(list, {.manufacturer = 20301, .product = 12, .firmware = "1.00"}));
+    EXPECT_FALSE(IsInOxcList(list, {.manufacturer = 20301, .product = 13}));
+    EXPECT_FALSE(IsInOxcList(list, {.manufacturer = 20302, .product = 12}));
+    EXPECT_FALSE(IsInOxcList({}, {.manufacturer = 20301, .product = 12}));
+}
+
+TEST_F(OxcMachine, YesAndNo_AskNobody) {
+    const ControllerSettings silent = Simulated(NodeWith([](auto& it) { it.answers = false; }));
+    EXPECT_TRUE(IsOxcMachine(true, silent, kLimit));
+    EXPECT_FALSE(IsOxcMachine(false, silent, kLimit));
+    EXPECT_THAT(FakeDiagnostics::Lines(), IsEmpty());
+}
+
+TEST_F(OxcMachine, ListWithTheFirstController_IsYes) {
+    EXPECT_TRUE(IsOxcMachine(kListWithIt, Simulated({}), kLimit));
+}
+
+TEST_F(OxcMachine, ListWithoutTheFirstController_IsNo) {
+    EXPECT_FALSE(IsOxcMachine(kListWithoutIt, Simulated({}), kLimit));
+}
+
+TEST_F(OxcMachine, ControllerThatHasAnswered_IsNotAskedAgain) {
+    IsOxcMachine(kListWithIt, Simulated({}), kLimit);
+    FakeDiagnostics::Reset();
+    EXPECT_TRUE(IsOxcMachine(kListWithIt, Simulated({}), kLimit));
+    EXPECT_THAT(FakeDiagnostics::Lines(), IsEmpty());
+}
+
+TEST_F(OxcMachine, ControllerThatIsNotPresent_IsNo) {
+    EXPECT_FALSE(IsOxcMachine(kListWithIt,
+                              Simulated(NodeWith([](auto& it) { it.present = false; })), kLimit));
+}
+
+TEST_F(OxcMachine, SilentController_IsNoAndLogged) {
+    ControllerSettings controller;
+    controller.device = "/nonexistent/ipmi0";
+    EXPECT_FALSE(IsOxcMachine(kListWithIt, controller, kLimit));
+    EXPECT_THAT(FakeDiagnostics::Texts(NQUVZDX20::kLogError),
+                ElementsAre(testing::StartsWith(
+                    "SP: node 0 (inband /nonexistent/ipmi0): network function 0x06, command 0x01: "
+                    "The device /nonexistent/ipmi0 cannot be opened: No such file or directory.")));
+}
+
+}  // namespace
+}  // namespace platform

@@ -1,6 +1,8 @@
 """`info`: what is in force, and where it comes from."""
 
 import os
+import pathlib
+import re
 
 from conftest import node
 
@@ -11,12 +13,16 @@ def info(bmci2c, *arguments, env=None):
     return result.json()
 
 
+def told(value, origin, place=None):
+    return {"value": value, "origin": origin, "place": place}
+
+
 def test_module_and_registrations_are_named(bmci2c):
-    told = info(bmci2c)
-    assert told["module"] == os.path.realpath(os.environ["BMCI2C_BUILD_MODULE"])
-    assert len(told["registrations"]) == 23
+    facts = info(bmci2c)
+    assert facts["module"] == os.path.realpath(os.environ["BMCI2C_BUILD_MODULE"])
+    assert len(facts["registrations"]) == 23
     (service,) = [
-        one for one in told["registrations"] if one["class"] == "QUVSG_BMCI2C_DiagnosticService"
+        one for one in facts["registrations"] if one["class"] == "QUVSG_BMCI2C_DiagnosticService"
     ]
     assert service["provider"] == "QUVSG_BMCI2C_DiagnosticService_Provider"
     assert service["types"] == ["instance", "method"]
@@ -25,38 +31,97 @@ def test_module_and_registrations_are_named(bmci2c):
 def test_settings_tell_their_origin(bmci2c):
     config = bmci2c.write("platform.toml", "[controllers]\ntime_limit = 7\n")
     settings = info(bmci2c, "--config", config)["settings"]
-    assert settings["config_file"] == {"value": config, "origin": "environment"}
-    assert settings["controllers.time_limit"] == {"value": 7, "origin": "file"}
-    assert settings["controllers.oxc"] == {"value": False, "origin": "default"}
-    assert settings["diagnostics.root"] == {"value": str(bmci2c.root), "origin": "environment"}
+    assert settings["config_file"] == told(config, "command line", "--config")
+    assert settings["controllers.time_limit"] == told(7, "file", f"{config}:2")
+    assert settings["controllers.oxc"] == told(False, "default")
+    assert settings["diagnostics.root"] == told(str(bmci2c.root), "command line", "--root")
+
+
+def test_variables_are_named(bmci2c):
+    root = str(bmci2c.root)
+    profile = bmci2c.profile()
+    result = bmci2c.bare(
+        "info",
+        "--json",
+        env={"BMCI2C_ROOT": root, "BMCI2C_SIMULATE": profile, "BMCI2C_LOG_CAPTURE": "/dev/null"},
+    )
+    settings = result.json()["settings"]
+    assert settings["diagnostics.root"] == told(root, "environment", "BMCI2C_ROOT")
+    assert settings["profile"] == told(profile, "environment", "BMCI2C_SIMULATE")
+    assert settings["log_capture"] == told("/dev/null", "environment", "BMCI2C_LOG_CAPTURE")
+    assert settings["config_file"]["origin"] == "environment"
+    assert settings["config_file"]["place"] == "BMCI2C_CONFIG"
+
+
+def test_every_key_of_the_sample_is_told(bmci2c):
+    sample = pathlib.Path(os.environ["BMCI2C_BUILD_SHARE"], "bmci2c", "platform.toml").read_text()
+    lines = re.findall(r"^#(\[.*|[a-z_]+ = .*)$", sample, re.MULTILINE)
+    bmci2c.write("profiles/two-nodes-one-failed.toml", "[[node]]\n[[node]]\n")
+    config = bmci2c.write("platform.toml", "\n".join(lines) + "\n")
+    expected, table, controllers = set(), "", 0
+    for line in lines:
+        if line == "[[controller]]":
+            table, controllers = f"controller[{controllers}].", controllers + 1
+        elif line.startswith("["):
+            table = line[1:-1] + "."
+        else:
+            expected.add(table + line.split(" = ")[0])
+    # Shown once in the sample, and a key of each controller that may be silent.
+    expected.add("controller[2].time_limit")
+    assert controllers == 3
+    settings = info(bmci2c, "--config", config)["settings"]
+    assert set(settings) - expected == {"config_file", "profile", "log_capture", "controller"}
+    assert expected - set(settings) == set()
+
+
+def test_keys_of_a_controller_tell_their_origin(bmci2c):
+    config = bmci2c.write(
+        "platform.toml",
+        '[[controller]]\ntransport = "lan"\nhost = "192.0.2.1"\n'
+        '[[controller]]\ntransport = "inband"\ndevice = "/dev/ipmi0"\ntime_limit = 9\n',
+    )
+    settings = info(bmci2c, "--config", config)["settings"]
+    assert settings["controller"] == told(2, "file", f"{config}:1")
+    assert settings["controller[0].host"] == told("192.0.2.1", "file", f"{config}:3")
+    assert settings["controller[0].port"] == told(623, "default")
+    assert settings["controller[0].time_limit"] == told(4, "default")
+    assert settings["controller[1].time_limit"] == told(9, "file", f"{config}:7")
+
+
+def test_oxc_family_by_products_is_told(bmci2c):
+    config = bmci2c.write(
+        "platform.toml", "[controllers]\noxc = [{ manufacturer = 32473, product = 7 }]\n"
+    )
+    settings = info(bmci2c, "--config", config)["settings"]
+    assert settings["controllers.oxc"]["value"] == [{"manufacturer": 32473, "product": 7}]
 
 
 def test_profile_is_an_origin_of_its_own(bmci2c):
     profile = bmci2c.profile(node(data=[0]), oxc=True)
-    told = info(bmci2c, "--simulate", profile)
-    assert told["settings"]["controllers.oxc"] == {"value": True, "origin": "profile"}
-    assert told["machine_type"] == "7000"
-    assert told["bios_id"] == "P7E100A"
-    assert told["controllers"] == [{"way": "simulated"}]
+    facts = info(bmci2c, "--simulate", profile)
+    assert facts["settings"]["controllers.oxc"] == told(True, "profile", f"{profile}:3")
+    assert facts["machine_type"] == "7000"
+    assert facts["bios_id"] == "P7E100A"
+    assert facts["controllers"] == [{"way": "simulated"}]
 
 
 def test_what_the_command_chose_itself_is_told(bmci2c):
     settings = bmci2c.bare("info", "--json").json()["settings"]
     assert settings["diagnostics.root"]["origin"] == "command"
-    assert settings["log.sink"] == {"value": "stderr", "origin": "command"}
-    assert settings["log.level"] == {"value": 0, "origin": "command"}
+    assert settings["log.sink"] == told("stderr", "command")
+    assert settings["log.level"] == told(0, "command")
 
 
 def test_log_that_somebody_chose_is_left_alone(bmci2c):
     settings = info(bmci2c, env={"BMCI2C_LOG": "none"})["settings"]
-    assert settings["log.sink"] == {"value": "none", "origin": "environment"}
+    assert settings["log.sink"] == told("none", "environment", "BMCI2C_LOG")
     assert settings["log.level"]["origin"] == "default"
 
 
 def test_log_level_that_somebody_chose_is_kept(bmci2c):
     settings = info(bmci2c, env={"BMCI2C_LOG_LEVEL": "3"})["settings"]
-    assert settings["log.sink"] == {"value": "stderr", "origin": "command"}
-    assert settings["log.level"] == {"value": 3, "origin": "environment"}
+    assert settings["log.sink"] == told("stderr", "command")
+    assert settings["log.level"] == told(3, "environment", "BMCI2C_LOG_LEVEL")
 
 
 def test_lan_controller_is_told_without_its_password(bmci2c):
@@ -80,7 +145,11 @@ def test_text_has_the_same_facts(bmci2c):
     assert "  Machine type     7000\n" in result.out
     assert "  BIOS identifier  P7E100A\n" in result.out
     assert "  node 0  simulated\n" in result.out
-    assert "controllers.time_limit  4  [default]\n" in result.out
+    lines = [" ".join(line.split()) for line in result.out.splitlines()]
+    assert "controllers.time_limit 4 [default]" in lines
+    assert f"diagnostics.root {bmci2c.root} [command line --root]" in lines
+    assert "log.sink stderr [chosen by this command]" in lines
+    assert f"machine.type 7000 [profile {bmci2c.folder}/profile.toml:1]" in lines
     assert "\nRegistrations: 23 classes\n" in result.out
 
 

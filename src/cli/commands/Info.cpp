@@ -2,6 +2,7 @@
 #include <cli/Json.h>
 #include <cli/LogCapture.h>
 #include <cli/Machine.h>
+#include <cli/SettingList.h>
 #include <cli/Text.h>
 #include <cli/commands/Commands.h>
 
@@ -16,61 +17,15 @@ namespace cli {
 
 namespace {
 
-using platform::Origin;
 using Rows = std::vector<std::pair<std::string, std::string>>;
 
-std::string OriginText(Origin origin) {
-    switch (origin) {
-        case Origin::File:
-            return "file";
-        case Origin::Environment:
-            return "environment";
-        case Origin::Profile:
-            return "profile";
-        default:
-            return "default";
-    }
-}
-
-template <class T>
-Json SettingJson(const platform::Setting<T>& setting, bool choseItself = false) {
-    return {{"value", setting.value},
-            {"origin", choseItself ? "command" : OriginText(setting.origin)}};
-}
-
-Json SettingJson(const platform::Setting<std::optional<std::string>>& setting) {
-    return {{"value", setting.value ? Json(*setting.value) : Json()},
-            {"origin", OriginText(setting.origin)}};
-}
-
-Json OxcJson(const platform::OxcFamily& oxc) {
-    if (const bool* const all = std::get_if<bool>(&oxc)) return *all;
-    Json products = Json::array();
-    for (const auto& [manufacturer, product] :
-         std::get<std::vector<platform::ControllerProduct>>(oxc))
-        products.push_back({{"manufacturer", manufacturer}, {"product", product}});
-    return products;
-}
-
-// Every setting in force under its name in the settings file; null where nothing is set.
 Json SettingsJson(const Session& session) {
-    const platform::Settings& settings = session.settings;
-    return {{"config_file", SettingJson(settings.configFile)},
-            {"profile", SettingJson(settings.profileFile)},
-            {"machine.type", SettingJson(settings.machineType)},
-            {"machine.bios_id", SettingJson(settings.biosId)},
-            {"machine.smbios_dir", SettingJson(settings.smbiosDir)},
-            {"diagnostics.root", SettingJson(settings.root, session.choseRoot)},
-            {"diagnostics.oem_build", SettingJson(settings.oemBuild)},
-            {"controllers.oxc",
-             {{"value", OxcJson(settings.oxc.value)}, {"origin", OriginText(settings.oxc.origin)}}},
-            {"controllers.time_limit", SettingJson(settings.timeLimit)},
-            {"controller",
-             {{"value", settings.controllers.value ? Json(settings.controllers.value->size())
-                                                   : Json("every IPMI device")},
-              {"origin", OriginText(settings.controllers.origin)}}},
-            {"log.sink", SettingJson(settings.log, session.choseLog)},
-            {"log.level", SettingJson(settings.logLevel, session.choseLogLevel)}};
+    Json object = Json::object();
+    for (const auto& [name, value, source] : ListSettings(session))
+        object[name] = {{"value", value},
+                        {"origin", source.kind},
+                        {"place", source.place.empty() ? Json() : Json(source.place)}};
+    return object;
 }
 
 // A password stands in its file only, which is named.
@@ -121,10 +76,16 @@ std::string Plain(const Json& value) {
     return items.empty() ? "(none)" : Listed(items);
 }
 
+std::string OriginText(const Json& setting) {
+    if (setting["origin"] == "command") return "chosen by this command";
+    const std::string origin = Plain(setting["origin"]);
+    return setting["place"].is_null() ? origin : origin + " " + Plain(setting["place"]);
+}
+
 std::string SettingsText(const Json& settings) {
     Rows rows;
     for (const auto& [name, setting] : settings.items())
-        rows.emplace_back(name, Plain(setting["value"]) + "  [" + Plain(setting["origin"]) + "]");
+        rows.emplace_back(name, Plain(setting["value"]) + "  [" + OriginText(setting) + "]");
     return Table(rows);
 }
 

@@ -1,10 +1,9 @@
 #include <platform/diagnostics/SettingsInForce.h>
+#include <platform/diagnostics/SmbiosText.h>
 #include <platform/diagnostics/TOSSpecific.h>
 #include <platform/diagnostics/TRootObject.h>
-#include <platform/settings/FileText.h>
 
 #include <filesystem>
-#include <optional>
 #include <system_error>
 
 namespace NQUVZDX20 {
@@ -16,32 +15,20 @@ std::string WithoutTrailing(std::string text, const char* characters) {
     return text;
 }
 
-// One of the kernel's SMBIOS texts; `key` is the setting that replaces it.
-std::string ReadSmbios(const std::string& folder, const std::string& name, const std::string& key) {
-    const std::string path = folder + "/" + name;
-    try {
-        return WithoutTrailing(platform::ReadFileText(path), " \t\r\n\v\f");
-    } catch (const std::system_error& error) {
-        TRootObject::GetCoreLogger()->Log(
-            kLogError,
-            "DMI: " + path + " cannot be read: " + platform::ReasonText(error.code().value()) +
-                ". The key " + key + " under [machine] in the settings file can stand in for it.");
-        return "";
-    }
+std::string TextOf(const platform::SmbiosText& smbios) {
+    if (!smbios.problem.empty())
+        TRootObject::GetCoreLogger()->Log(kLogError, "DMI: " + smbios.problem);
+    return smbios.text;
 }
 
 }  // namespace
 
 std::string TOSSpecific::GetMachineTypeFromID() {
-    const auto settings = platform::SettingsInForce();
-    if (const auto& type = settings->machineType.value) return *type;
-    return ReadSmbios(settings->smbiosDir.value, "product_name", "type");
+    return TextOf(platform::ReadMachineType(*platform::SettingsInForce()));
 }
 
 std::string TOSSpecific::GetBiosID() {
-    const auto settings = platform::SettingsInForce();
-    if (const auto& biosId = settings->biosId.value) return *biosId;
-    return ReadSmbios(settings->smbiosDir.value, "bios_version", "bios_id");
+    return TextOf(platform::ReadBiosId(*platform::SettingsInForce()));
 }
 
 std::string TOSSpecific::GetZDXRootPath() {

@@ -28,12 +28,12 @@ std::string RequiredText(TomlTable& table, std::string_view key, const std::stri
 void ReadInBand(TomlTable& table, const std::filesystem::path& folder, ControllerSettings& inBand) {
     inBand.device =
         folder / RequiredText(table, "device", R"(is the path of a device, such as "/dev/ipmi0")");
-    inBand.timeLimit = ReadTimeLimit(table);
+    inBand.timeLimit = ReadTimeLimit(table, "time_limit");
 }
 
 void ReadLan(TomlTable& table, const std::filesystem::path& folder, ControllerSettings& lan) {
     lan.host = RequiredText(table, "host", "is the name or the address of the controller");
-    lan.timeLimit = ReadTimeLimit(table);
+    lan.timeLimit = ReadTimeLimit(table, "time_limit");
     lan.port = table.Integer<std::uint16_t>("port", 1, 65535).value_or(lan.port);
     lan.user = table.Text("user").value_or(lan.user);
     if (const auto file = table.NonEmptyText("password_file")) lan.passwordFile = folder / *file;
@@ -56,13 +56,15 @@ ControllerSettings ReadSimulated(TomlTable& table, std::size_t position,
                          std::to_string(profile.nodes.size()),
                      "is a profile with one for this controller, the number of which is " +
                          std::to_string(position) + ", counted from 0");
-    return SimulatedController(profile, position);
+    ControllerSettings controller = SimulatedController(profile, position);
+    controller.profile = folder / file;
+    return controller;
 }
 
 }  // namespace
 
-std::optional<int> ReadTimeLimit(TomlTable& table) {
-    return table.Integer("time_limit", 1, kLongestTimeLimit);
+std::optional<int> ReadTimeLimit(TomlTable& table, std::string_view key) {
+    return table.Integer(key, 1, kLongestTimeLimit);
 }
 
 ControllerSettings ReadController(TomlTable& table, std::size_t position,
@@ -80,6 +82,7 @@ ControllerSettings ReadController(TomlTable& table, std::size_t position,
         ReadInBand(table, folder, controller);
     }
     table.RejectOtherKeys();
+    controller.places = table.Places();
     return controller;
 }
 

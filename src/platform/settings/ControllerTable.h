@@ -7,11 +7,12 @@
 #include <cstddef>
 #include <filesystem>
 #include <optional>
+#include <string_view>
 
 namespace platform {
 
-// The key `time_limit` of a table: seconds. Throws SettingsError.
-std::optional<int> ReadTimeLimit(TomlTable& table);
+// A key that holds a time limit in seconds. Throws SettingsError.
+std::optional<int> ReadTimeLimit(TomlTable& table, std::string_view key);
 
 // Reads the [[controller]] table at `position` (from 0). Relative paths start at `folder`. Only
 // the keys of the table's transport are allowed. Throws SettingsError.

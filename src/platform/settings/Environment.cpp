@@ -10,15 +10,18 @@ namespace platform {
 
 namespace {
 
-void ApplyRoot(Settings& settings) {
-    Override(settings.root, EnvironmentText("BMCI2C_ROOT"), Origin::Environment);
+template <class T>
+void ApplyText(const char* variable, Setting<T>& setting) {
+    Override(setting, EnvironmentText(variable), Origin::Environment, variable);
 }
+
+void ApplyRoot(Settings& settings) { ApplyText("BMCI2C_ROOT", settings.root); }
 
 void ApplyLog(Settings& settings) {
     const auto log = EnvironmentText("BMCI2C_LOG");
     if (log && !ParseLogTarget(*log))
         throw SettingsError("BMCI2C_LOG", '"' + *log + '"', kLogTargetForms);
-    Override(settings.log, log, Origin::Environment);
+    Override(settings.log, log, Origin::Environment, "BMCI2C_LOG");
 }
 
 void ApplyLogLevel(Settings& settings) {
@@ -31,12 +34,10 @@ void ApplyLogLevel(Settings& settings) {
         throw SettingsError("BMCI2C_LOG_LEVEL", '"' + *text + '"',
                             "is an integer from " + std::to_string(kLowestLogLevel) + " to " +
                                 std::to_string(kHighestLogLevel));
-    settings.logLevel = {level, Origin::Environment};
+    settings.logLevel = {level, Origin::Environment, "BMCI2C_LOG_LEVEL"};
 }
 
-void ApplyLogCapture(Settings& settings) {
-    Override(settings.logCapture, EnvironmentText("BMCI2C_LOG_CAPTURE"), Origin::Environment);
-}
+void ApplyLogCapture(Settings& settings) { ApplyText("BMCI2C_LOG_CAPTURE", settings.logCapture); }
 
 constexpr auto kApplications = {ApplyRoot, ApplyLog, ApplyLogLevel, ApplyLogCapture};
 

@@ -20,14 +20,14 @@ std::system_error Failure(int errorNumber) {
 
 }  // namespace
 
-std::string ReadFileText(const std::string& path) {
+std::string ReadFileText(const std::string& path, std::size_t longest) {
     const std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "re"));
     if (!file) throw Failure(errno);
     std::string text;
     std::array<char, 4096> piece;
     while (const std::size_t length = std::fread(piece.data(), 1, piece.size(), file.get())) {
         text.append(piece.data(), length);
-        if (text.size() > kLongestFileText) throw Failure(EFBIG);
+        if (text.size() > longest) throw Failure(EFBIG);
     }
     if (std::ferror(file.get()) != 0) throw Failure(errno);
     return text;

@@ -9,9 +9,9 @@ namespace platform {
 // No file of settings comes near it; a device that never ends is found out by it.
 inline constexpr std::size_t kLongestFileText = std::size_t{1} << 20;
 
-// The whole text of a file of at most kLongestFileText bytes. Throws std::system_error, whose code
-// is the system's reason.
-std::string ReadFileText(const std::string& path);
+// The whole text of a file of at most `longest` bytes. Throws std::system_error, whose code is the
+// system's reason.
+std::string ReadFileText(const std::string& path, std::size_t longest = kLongestFileText);
 
 // The system's reason in words, such as "No such file or directory".
 std::string ReasonText(int errorNumber);

@@ -25,12 +25,12 @@ ControllerProduct ReadProduct(TomlTable& table) {
 
 }  // namespace
 
-std::optional<OxcFamily> ReadOxcFamily(TomlTable& table) {
-    if (!table.HoldsArray("oxc"))
-        return table.Boolean(
-            "oxc", "is true, false, or an array of tables { manufacturer = N, product = N }");
+std::optional<OxcFamily> ReadOxcFamily(TomlTable& table, std::string_view key) {
+    if (!table.HoldsArray(key))
+        return table.BooleanAmong(
+            key, "is true, false, or an array of tables { manufacturer = N, product = N }");
     std::vector<ControllerProduct> products;
-    auto tables = table.Tables("oxc").value_or(std::vector<TomlTable>{});
+    auto tables = table.Tables(key).value_or(std::vector<TomlTable>{});
     for (TomlTable& product : tables) products.push_back(ReadProduct(product));
     return products;
 }

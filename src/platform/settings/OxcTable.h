@@ -5,11 +5,12 @@
 #include <platform/settings/TomlTable.h>
 
 #include <optional>
+#include <string_view>
 
 namespace platform {
 
-// Reads the key `oxc`: true, false, or an array of tables with `manufacturer` and `product`. Throws
+// Reads a key that is true, false, or an array of tables with `manufacturer` and `product`. Throws
 // SettingsError.
-std::optional<OxcFamily> ReadOxcFamily(TomlTable& table);
+std::optional<OxcFamily> ReadOxcFamily(TomlTable& table, std::string_view key);
 
 }  // namespace platform

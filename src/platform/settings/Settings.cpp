@@ -3,6 +3,7 @@
 #include <platform/settings/Environment.h>
 #include <platform/settings/Override.h>
 #include <platform/settings/Settings.h>
+#include <platform/settings/SettingsError.h>
 #include <platform/settings/SettingsFile.h>
 
 #include <utility>
@@ -21,15 +22,20 @@ void ApplyProfile(Settings& settings) {
     const std::optional<std::string> path = EnvironmentText("BMCI2C_SIMULATE");
     if (!path) return;
     const SimulatedProfile profile = ReadSimulatedProfile(*path);
-    settings.profileFile = {*path, Origin::Environment};
-    Override(settings.machineType, profile.machineType, Origin::Profile);
-    Override(settings.biosId, profile.biosId, Origin::Profile);
-    Override(settings.oxc, profile.oxc, Origin::Profile);
-    Override(settings.oemBuild, profile.oemBuild, Origin::Profile);
+    settings.profileFile = {*path, Origin::Environment, "BMCI2C_SIMULATE"};
+    const auto apply = [&](const char* key, const auto& value, auto& setting) {
+        const auto place = profile.places.find(key);
+        Override(setting, value, Origin::Profile,
+                 place == profile.places.end() ? *path : place->second);
+    };
+    apply("machine_type", profile.machineType, settings.machineType);
+    apply("bios_id", profile.biosId, settings.biosId);
+    apply("oxc", profile.oxc, settings.oxc);
+    apply("oem_build", profile.oemBuild, settings.oemBuild);
     std::vector<ControllerSettings> controllers;
     while (controllers.size() < profile.nodes.size())
         controllers.push_back(SimulatedController(profile, controllers.size()));
-    settings.controllers = {std::move(controllers), Origin::Profile};
+    apply("node", std::optional(std::move(controllers)), settings.controllers);
 }
 
 }  // namespace
@@ -42,12 +48,16 @@ Settings ReadSettings() {
     return settings;
 }
 
-Settings SettingsInTrouble(const std::string& problem) {
-    Settings settings = DefaultSettings();
-    ApplyValidEnvironment(settings);
-    settings.controllers.value.emplace();
-    settings.problem = problem;
-    return settings;
+Settings ReadSettingsOrProblem() {
+    try {
+        return ReadSettings();
+    } catch (const SettingsError& error) {
+        Settings settings = DefaultSettings();
+        ApplyValidEnvironment(settings);
+        settings.controllers.value.emplace();
+        settings.problem = error.what();
+        return settings;
+    }
 }
 
 }  // namespace platform

@@ -10,6 +10,7 @@
 // working directory.
 #pragma once
 
+#include <platform/settings/KeyPlaces.h>
 #include <platform/settings/SimulatedProfile.h>
 
 #include <cstdint>
@@ -28,6 +29,7 @@ template <class T>
 struct Setting {
     T value{};
     Origin origin = Origin::Default;
+    std::string place = {};  // "FILE:LINE" of a file and a profile, the variable of the environment
 };
 
 enum class TransportKind { InBand, Lan, Simulated };
@@ -61,6 +63,16 @@ struct ControllerSettings {
     std::string privilegeLevel = "administrator";    // LAN: "user", "operator", "administrator"
     std::shared_ptr<const SimulatedNode> simulated;  // simulated: how it answers
     int simulatedGeneration = 1;                     // simulated: answer of the generation query
+    std::string profile;                             // simulated: the file that it is from
+    KeyPlaces places;                                // of the keys of its [[controller]]
+};
+
+// Where one of SMBIOS's texts is read, and what of it counts.
+struct SmbiosSource {
+    Setting<std::string> folder{"/sys/class/dmi/id"};
+    Setting<std::string> file;                          // its name in the folder
+    Setting<std::optional<std::string>> pattern{};      // as in TextPattern.h
+    Setting<std::optional<std::string>> replacement{};  // the same
 };
 
 struct Settings {
@@ -68,8 +80,9 @@ struct Settings {
     Setting<std::string> profileFile;  // the profile in force; empty when there is none
     Setting<std::optional<std::string>> machineType;  // replaces what SMBIOS says
     Setting<std::optional<std::string>> biosId;
-    Setting<std::string> smbiosDir{"/sys/class/dmi/id"};  // holds product_name and bios_version
-    Setting<std::string> root;                            // diagnostics root directory
+    SmbiosSource machineTypeSource{.file = {"product_name"}};
+    SmbiosSource biosIdSource{.file = {"bios_version"}};
+    Setting<std::string> root;  // diagnostics root directory
     Setting<bool> oemBuild;
     Setting<OxcFamily> oxc;
     Setting<int> timeLimit{4};  // seconds, per controller and command
@@ -84,13 +97,13 @@ struct Settings {
 // Reads what the environment names. Throws SettingsError.
 Settings ReadSettings();
 
-// What holds while the settings cannot be read: the defaults, what is right among BMCI2C_ROOT and
-// the log variables (they do not depend on a file), no controller at all, and `problem`.
-Settings SettingsInTrouble(const std::string& problem);
+// The same; while that cannot be done: the defaults, what is right among BMCI2C_ROOT and the log
+// variables (they do not depend on a file), no controller at all, and the problem.
+Settings ReadSettingsOrProblem();
 
 // The settings that the module works with: read once. While they cannot be read, every call tries
-// again and gives SettingsInTrouble, so that a broken file never lets the test talk to the wrong
-// controllers.
+// again and gives ReadSettingsOrProblem(), so that a broken file never lets the test talk to the
+// wrong controllers.
 std::shared_ptr<const Settings> CurrentSettings();
 
 }  // namespace platform

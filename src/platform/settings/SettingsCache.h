@@ -11,7 +11,7 @@ namespace platform {
 class SettingsCache {
 public:
     // Reads the settings until that succeeds once, then gives the same object again and again;
-    // until then gives SettingsInTrouble. Safe from any thread.
+    // until then gives ReadSettingsOrProblem(). Safe from any thread.
     std::shared_ptr<const Settings> Get();
 
 private:

@@ -2,10 +2,10 @@
 #include <platform/settings/DefaultPaths.h>
 #include <platform/settings/Environment.h>
 #include <platform/settings/LogTarget.h>
-#include <platform/settings/Override.h>
 #include <platform/settings/OxcTable.h>
 #include <platform/settings/SettingsFile.h>
-#include <platform/settings/TomlTable.h>
+#include <platform/settings/SmbiosTable.h>
+#include <platform/settings/TomlSetting.h>
 
 #include <filesystem>
 #include <system_error>
@@ -15,49 +15,51 @@ namespace platform {
 
 namespace {
 
-using Folder = std::filesystem::path;
-
-std::optional<std::string> PathIn(const Folder& folder, const std::optional<std::string>& path) {
-    return path ? std::optional<std::string>(folder / *path) : std::nullopt;
+void ReadMachine(TomlTable& table, const std::filesystem::path& folder, Settings& settings) {
+    Apply(table, "type", settings.machineType, &TomlTable::Text);
+    Apply(table, "bios_id", settings.biosId, &TomlTable::Text);
+    ReadSmbiosSource(table, "type_source", folder, settings.machineTypeSource);
+    ReadSmbiosSource(table, "bios_id_source", folder, settings.biosIdSource);
 }
 
-void ReadMachine(TomlTable& table, const Folder& folder, Settings& settings) {
-    Override(settings.machineType, table.Text("type"), Origin::File);
-    Override(settings.biosId, table.Text("bios_id"), Origin::File);
-    Override(settings.smbiosDir, PathIn(folder, table.NonEmptyText("smbios_dir")), Origin::File);
+void ReadDiagnostics(TomlTable& table, const std::filesystem::path& folder, Settings& settings) {
+    Apply(table, "root", settings.root, ReadPath, folder);
+    Apply(table, "oem_build", settings.oemBuild, &TomlTable::Boolean);
 }
 
-void ReadDiagnostics(TomlTable& table, const Folder& folder, Settings& settings) {
-    Override(settings.root, PathIn(folder, table.NonEmptyText("root")), Origin::File);
-    Override(settings.oemBuild, table.Boolean("oem_build"), Origin::File);
+void ReadControllers(TomlTable& table, const std::filesystem::path& /*folder*/,
+                     Settings& settings) {
+    Apply(table, "oxc", settings.oxc, ReadOxcFamily);
+    Apply(table, "time_limit", settings.timeLimit, ReadTimeLimit);
 }
 
-void ReadControllers(TomlTable& table, const Folder& /*folder*/, Settings& settings) {
-    Override(settings.oxc, ReadOxcFamily(table), Origin::File);
-    Override(settings.timeLimit, ReadTimeLimit(table), Origin::File);
+std::optional<std::string> ReadSink(TomlTable& table, std::string_view key,
+                                    const std::filesystem::path& folder) {
+    const std::optional<std::string> sink = table.Text(key);
+    if (!sink) return std::nullopt;
+    std::optional<LogTarget> target = ParseLogTarget(*sink);
+    if (!target) table.Reject(key, '"' + *sink + '"', kLogTargetForms);
+    if (!target->path.empty()) target->path = folder / target->path;
+    return LogTargetText(*target);
 }
 
-void ReadLog(TomlTable& table, const Folder& folder, Settings& settings) {
-    if (const std::optional<std::string> sink = table.Text("sink")) {
-        std::optional<LogTarget> target = ParseLogTarget(*sink);
-        if (!target) table.Reject("sink", '"' + *sink + '"', kLogTargetForms);
-        if (!target->path.empty()) target->path = folder / target->path;
-        settings.log = {LogTargetText(*target), Origin::File};
-    }
-    Override(settings.logLevel, table.Integer("level", kLowestLogLevel, kHighestLogLevel),
-             Origin::File);
+void ReadLog(TomlTable& table, const std::filesystem::path& folder, Settings& settings) {
+    Apply(table, "sink", settings.log, ReadSink, folder);
+    Apply(table, "level", settings.logLevel, &TomlTable::Integer<int>, kLowestLogLevel,
+          kHighestLogLevel);
 }
 
-void ReadControllerList(TomlTable& file, const Folder& folder, Settings& settings) {
-    std::optional<std::vector<TomlTable>> tables = file.Tables("controller");
-    if (!tables) return;
+std::optional<std::vector<ControllerSettings>> ReadControllerList(
+    TomlTable& file, std::string_view key, const std::filesystem::path& folder) {
+    std::optional<std::vector<TomlTable>> tables = file.Tables(key);
+    if (!tables) return std::nullopt;
     std::vector<ControllerSettings> controllers;
     for (TomlTable& table : *tables)
         controllers.push_back(ReadController(table, controllers.size(), folder));
-    settings.controllers = {std::move(controllers), Origin::File};
+    return controllers;
 }
 
-using ReadSection = void (*)(TomlTable&, const Folder&, Settings&);
+using ReadSection = void (*)(TomlTable&, const std::filesystem::path&, Settings&);
 
 constexpr std::pair<const char*, ReadSection> kSections[] = {
     {"machine", ReadMachine},
@@ -68,14 +70,14 @@ constexpr std::pair<const char*, ReadSection> kSections[] = {
 
 void ReadSettingsFile(const std::string& path, Settings& settings) {
     TomlTable file = TomlTable::Read(path);
-    const Folder folder = Folder(path).parent_path();
+    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
     for (const auto& [name, read] : kSections) {
         std::optional<TomlTable> table = file.Table(name);
         if (!table) continue;
         read(*table, folder, settings);
         table->RejectOtherKeys();
     }
-    ReadControllerList(file, folder, settings);
+    Apply(file, "controller", settings.controllers, ReadControllerList, folder);
     file.RejectOtherKeys();
 }
 
@@ -91,7 +93,8 @@ void ApplySettingsFile(Settings& settings) {
     const std::string path = named.value_or(DefaultSettingsFile());
     if (!named && IsAbsent(path)) return;
     ReadSettingsFile(path, settings);
-    settings.configFile = {path, named ? Origin::Environment : Origin::Default};
+    settings.configFile = {path, named ? Origin::Environment : Origin::Default,
+                           named ? "BMCI2C_CONFIG" : ""};
 }
 
 }  // namespace platform

@@ -37,6 +37,7 @@ SimulatedProfile ReadSimulatedProfile(const std::string& path) {
     for (TomlTable& node : file.Tables("node").value_or(std::vector<TomlTable>{}))
         profile.nodes.push_back(ReadNode(node));
     file.RejectOtherKeys();
+    profile.places = file.Places();
     return profile;
 }
 

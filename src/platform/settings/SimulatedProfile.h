@@ -1,6 +1,8 @@
 // A simulated machine, as a TOML profile describes it.
 #pragma once
 
+#include <platform/settings/KeyPlaces.h>
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -25,6 +27,7 @@ struct SimulatedProfile {
     std::optional<bool> oemBuild;
     int generation = 1;  // of the OXC controller: 1 or 2
     std::vector<SimulatedNode> nodes;
+    KeyPlaces places;  // of its keys outside [[node]]
 };
 
 // Throws SettingsError, which names file, line and key.

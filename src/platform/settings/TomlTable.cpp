@@ -18,9 +18,12 @@ struct Document {
     toml::table root;
 };
 
+std::string LineText(const Document& document, const toml::source_region& source) {
+    return document.path + ":" + std::to_string(source.begin.line);
+}
+
 std::string PlaceText(const Document& document, const toml::source_region& source) {
-    return document.path + ":" + std::to_string(source.begin.line) + ":" +
-           std::to_string(source.begin.column) + ": ";
+    return LineText(document, source) + ":" + std::to_string(source.begin.column) + ": ";
 }
 
 std::string Where(const Document& document, const toml::source_region& source,
@@ -155,7 +158,11 @@ TomlTable TomlTable::Read(const std::string& path) {
     return TomlTable(std::make_shared<Content>(Content{std::move(document), root, "", {}}));
 }
 
-std::optional<bool> TomlTable::Boolean(std::string_view key, const std::string& allowed) {
+std::optional<bool> TomlTable::Boolean(std::string_view key) {
+    return BooleanAmong(key, "is true or false");
+}
+
+std::optional<bool> TomlTable::BooleanAmong(std::string_view key, const std::string& allowed) {
     return content->Value(key, [&](const Found& found) { return ValueOf<bool>(found, allowed); });
 }
 
@@ -215,6 +222,18 @@ std::optional<std::vector<TomlTable>> TomlTable::Tables(std::string_view key) {
         return ArrayOf(found,
                        [&](const Found& element) { return content->Inner(element, "a table"); });
     });
+}
+
+KeyPlaces TomlTable::Places() const {
+    KeyPlaces places;
+    for (auto&& [key, value] : *content->table)
+        places.emplace(key.str(), LineText(*content->document, value.source()));
+    return places;
+}
+
+std::string TomlTable::Place(std::string_view key) const {
+    const toml::node* const node = content->table->get(key);
+    return node == nullptr ? "" : LineText(*content->document, node->source());
 }
 
 void TomlTable::RejectOtherKeys() const {

@@ -12,6 +12,8 @@
 // "file:line:column: key 'machine.type': found ..., allowed ....".
 #pragma once
 
+#include <platform/settings/KeyPlaces.h>
+
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -27,9 +29,9 @@ public:
     // Reads a file; a file that cannot be read is an error.
     static TomlTable Read(const std::string& path);
 
-    // `allowed` is for an error: what may stand there.
-    std::optional<bool> Boolean(std::string_view key,
-                                const std::string& allowed = "is true or false");
+    std::optional<bool> Boolean(std::string_view key);
+    // The same where something else may stand there, too, which `allowed` names in an error.
+    std::optional<bool> BooleanAmong(std::string_view key, const std::string& allowed);
     std::optional<std::string> Text(std::string_view key);
     std::optional<std::string> NonEmptyText(std::string_view key);
 
@@ -47,6 +49,11 @@ public:
     bool HoldsArray(std::string_view key) const;
     std::optional<TomlTable> Table(std::string_view key);
     std::optional<std::vector<TomlTable>> Tables(std::string_view key);
+
+    KeyPlaces Places() const;
+
+    // "FILE:LINE" of a key's value; empty when it is not there.
+    std::string Place(std::string_view key) const;
 
     // Throws when the table holds a key that was not asked for; names the first of them.
     void RejectOtherKeys() const;

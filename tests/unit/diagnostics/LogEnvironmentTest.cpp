@@ -27,7 +27,7 @@ TEST(LogEnvironment, LogAndLevelAndCapture_AreFollowedAlsoWhileTheFileIsBroken) 
 
     const std::string problem = R"({"severity":0,"text":"Settings: )" + config +
                                 ":2:1: key 'machine.kind': found an unknown key, allowed are "
-                                R"(bios_id, smbios_dir and type."})";
+                                R"(bios_id, bios_id_source, type and type_source."})";
     const std::string three = R"({"severity":3,"text":"three"})";
     const std::string four = R"({"severity":4,"text":"four"})";
     EXPECT_THAT(LinesOf(folder.File("log")), testing::ElementsAre(problem, three));

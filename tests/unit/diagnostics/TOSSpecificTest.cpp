@@ -16,7 +16,8 @@ class TOSSpecificTest : public testing::Test {
 protected:
     TOSSpecificTest() {
         replacedSettings = {};
-        replacedSettings.smbiosDir.value = folder.File("dmi");
+        replacedSettings.machineTypeSource.folder.value = folder.File("dmi");
+        replacedSettings.biosIdSource.folder.value = folder.File("dmi");
         std::filesystem::create_directory(folder.File("dmi"));
         recordedLines.clear();
     }
@@ -45,6 +46,45 @@ TEST_F(TOSSpecificTest, Settings_ReplaceSmbiosWhichIsThenNotRead) {
     replacedSettings.machineType.value = "7000";
     replacedSettings.biosId.value = "";
     EXPECT_EQ(TOSSpecific::GetMachineTypeFromID(), "7000");
+    EXPECT_EQ(TOSSpecific::GetBiosID(), "");
+    EXPECT_THAT(recordedLines, IsEmpty());
+}
+
+TEST_F(TOSSpecificTest, SourcesOfTheSettings_AreReadInstead) {
+    std::filesystem::create_directory(folder.File("other"));
+    replacedSettings.machineTypeSource.file.value = "board_name";
+    replacedSettings.biosIdSource.folder.value = folder.File("other");
+    folder.Write("dmi/board_name", "7001\n");
+    folder.Write("other/bios_version", "P7E100B\n");
+    EXPECT_EQ(TOSSpecific::GetMachineTypeFromID(), "7001");
+    EXPECT_EQ(TOSSpecific::GetBiosID(), "P7E100B");
+}
+
+TEST_F(TOSSpecificTest, Patterns_CutTheTexts) {
+    replacedSettings.machineTypeSource.pattern.value = "^QUV ([0-9]+)$";
+    replacedSettings.biosIdSource.pattern.value = "([A-Z])([0-9]+)";
+    replacedSettings.biosIdSource.replacement.value = R"(\2-\1)";
+    folder.Write("dmi/product_name", "QUV 7000 \n");
+    folder.Write("dmi/bios_version", "BIOS P100\n");
+    EXPECT_EQ(TOSSpecific::GetMachineTypeFromID(), "7000");
+    EXPECT_EQ(TOSSpecific::GetBiosID(), "100-P");
+    EXPECT_THAT(recordedLines, IsEmpty());
+}
+
+TEST_F(TOSSpecificTest, PatternThatIsNotInTheText_LeavesTheTextAndALine) {
+    replacedSettings.machineTypeSource.pattern.value = "^QUV ([0-9]+)";
+    folder.Write("dmi/product_name", "Standard PC\n");
+    EXPECT_EQ(TOSSpecific::GetMachineTypeFromID(), "Standard PC");
+    EXPECT_THAT(recordedLines,
+                ElementsAre(Pair(2, "DMI: The text of " + folder.File("dmi/product_name") +
+                                        ", \"Standard PC\", does not hold the pattern \"^QUV "
+                                        "([0-9]+)\", so it is taken whole. Mend the key pattern "
+                                        "under [machine.type_source] in the settings file.")));
+}
+
+TEST_F(TOSSpecificTest, EmptyText_NeedsNoPattern) {
+    replacedSettings.biosIdSource.pattern.value = "x";
+    folder.Write("dmi/bios_version", "\n");
     EXPECT_EQ(TOSSpecific::GetBiosID(), "");
     EXPECT_THAT(recordedLines, IsEmpty());
 }

@@ -63,7 +63,8 @@ constexpr BadFile kBadSettings[] = {
      ":2:1: key 'root': found an unknown key, allowed are controller, controllers, diagnostics, "
      "log and machine."},
     {"UnknownKeyInMachine", "[machine]\n  typ = \"7000\"\n",
-     ":2:3: key 'machine.typ': found an unknown key, allowed are bios_id, smbios_dir and type."},
+     ":2:3: key 'machine.typ': found an unknown key, allowed are bios_id, "
+     "bios_id_source, type and type_source."},
     {"UnknownKeyInDiagnostics", "[diagnostics]\nroots = \"/\"\n",
      ":2:1: key 'diagnostics.roots': found an unknown key, allowed are oem_build and root."},
     {"UnknownKeyInControllers", "[controllers]\nocx = true\n",
@@ -80,8 +81,31 @@ constexpr BadFile kBadSettings[] = {
      ":2:8: key 'machine.type': found an integer, allowed is a string."},
     {"BiosIdIsABoolean", "[machine]\nbios_id = true\n",
      ":2:11: key 'machine.bios_id': found a boolean, allowed is a string."},
-    {"SmbiosDirIsAnArray", "[machine]\nsmbios_dir = []\n",
-     ":2:14: key 'machine.smbios_dir': found an array, allowed is a string."},
+    {"TypeSourceIsAString", "[machine]\ntype_source = \"/sys\"\n",
+     ":2:15: key 'machine.type_source': found a string, allowed is a table, written "
+     "[machine.type_source]."},
+    {"UnknownKeyInTypeSource", "[machine.type_source]\nname = \"product_name\"\n",
+     ":2:1: key 'machine.type_source.name': found an unknown key, allowed are file, folder, "
+     "pattern "
+     "and replacement."},
+    {"FolderIsAnArray", "[machine.bios_id_source]\nfolder = []\n",
+     ":2:10: key 'machine.bios_id_source.folder': found an array, allowed is a string."},
+    {"FileIsEmpty", "[machine.bios_id_source]\nfile = \"\"\n",
+     ":2:8: key 'machine.bios_id_source.file': found an empty string, allowed is a string with at "
+     "least one character."},
+    {"PatternIsNone", "[machine.type_source]\npattern = \"^QUV-([0-9]+\"\n",
+     ":2:11: key 'machine.type_source.pattern': found \"^QUV-([0-9]+\" (Unmatched ( or \\(), "
+     "allowed is an extended regular expression, as of grep -E."},
+    {"PatternIsAnInteger", "[machine.type_source]\npattern = 7000\n",
+     ":2:11: key 'machine.type_source.pattern': found an integer, allowed is a string."},
+    {"ReplacementWithoutAPattern", "[machine.type_source]\nreplacement = \"7000\"\n",
+     ":2:15: key 'machine.type_source.replacement': found a replacement without a pattern, allowed "
+     "is a replacement beside the key pattern; add that key."},
+    {"ReplacementOfAGroupThatThePatternLacks",
+     "[machine.type_source]\npattern = \"x\"\nreplacement = '\\1'\n",
+     ":3:15: key 'machine.type_source.replacement': found \"\\1\" (the pattern has no group 1), "
+     "allowed is a text in which \\0 stands for what the pattern finds, \\1 to \\9 for its groups, "
+     "and \\\\ for a backslash."},
     {"RootIsEmpty", "[diagnostics]\nroot = \"\"\n",
      ":2:8: key 'diagnostics.root': found an empty string, allowed is a string with at least one "
      "character."},

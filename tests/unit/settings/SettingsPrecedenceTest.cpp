@@ -62,6 +62,24 @@ void ExpectSetting(const platform::Setting<T>& setting, const T& value, Origin o
     EXPECT_EQ(setting.origin, origin);
 }
 
+TEST_F(SettingsPrecedence, EnvironmentAndProfile_SayWhereExactly) {
+    UseProfile("\nmachine_type = \"7000\"\n[[node]]\n");
+    UseEnvironment();
+    const Settings settings = platform::ReadSettings();
+    EXPECT_EQ(settings.profileFile.place, "BMCI2C_SIMULATE");
+    EXPECT_EQ(settings.root.place, "BMCI2C_ROOT");
+    EXPECT_EQ(settings.log.place, "BMCI2C_LOG");
+    EXPECT_EQ(settings.logLevel.place, "BMCI2C_LOG_LEVEL");
+    EXPECT_EQ(settings.logCapture.place, "BMCI2C_LOG_CAPTURE");
+    EXPECT_EQ(settings.machineType.place, folder.File("profile.toml") + ":2");
+    EXPECT_EQ(settings.controllers.place, folder.File("profile.toml") + ":3");
+}
+
+TEST_F(SettingsPrecedence, ProfileWithoutNodes_IsTheWholePlaceOfNoControllers) {
+    UseProfile("");
+    EXPECT_EQ(platform::ReadSettings().controllers.place, folder.File("profile.toml"));
+}
+
 TEST_F(SettingsPrecedence, EnvironmentOverDefaults) {
     UseEnvironment();
     const Settings settings = platform::ReadSettings();

@@ -40,7 +40,12 @@ TEST_F(SettingsOf, NothingAtAll_AreTheDefaults) {
     EXPECT_EQ(settings.profileFile.value, "");
     EXPECT_EQ(settings.machineType.value, std::nullopt);
     EXPECT_EQ(settings.biosId.value, std::nullopt);
-    EXPECT_EQ(settings.smbiosDir.value, "/sys/class/dmi/id");
+    EXPECT_EQ(settings.machineTypeSource.folder.value, "/sys/class/dmi/id");
+    EXPECT_EQ(settings.machineTypeSource.file.value, "product_name");
+    EXPECT_EQ(settings.machineTypeSource.pattern.value, std::nullopt);
+    EXPECT_EQ(settings.machineTypeSource.replacement.value, std::nullopt);
+    EXPECT_EQ(settings.biosIdSource.folder.value, "/sys/class/dmi/id");
+    EXPECT_EQ(settings.biosIdSource.file.value, "bios_version");
     EXPECT_EQ(settings.root.value, kReplacedRoot);
     EXPECT_FALSE(settings.oemBuild.value);
     EXPECT_EQ(settings.oxc.value, OxcFamily(false));
@@ -80,7 +85,13 @@ TEST_F(SettingsOf, FileWithEveryKey_HoldWhatItSays) {
 [machine]
 type = "7000"
 bios_id = "P7E100A"
-smbios_dir = "/dmi"
+[machine.type_source]
+folder = "/dmi"
+file = "board_name"
+pattern = '^QUV-([0-9]+)([A-Z])'
+replacement = '\2\1'
+[machine.bios_id_source]
+file = "bios_release"
 [diagnostics]
 root = "/root/of/it"
 oem_build = true
@@ -93,7 +104,12 @@ level = 4
 )");
     EXPECT_EQ(settings.machineType.value, "7000");
     EXPECT_EQ(settings.biosId.value, "P7E100A");
-    EXPECT_EQ(settings.smbiosDir.value, "/dmi");
+    EXPECT_EQ(settings.machineTypeSource.folder.value, "/dmi");
+    EXPECT_EQ(settings.machineTypeSource.file.value, "board_name");
+    EXPECT_EQ(settings.machineTypeSource.pattern.value, "^QUV-([0-9]+)([A-Z])");
+    EXPECT_EQ(settings.machineTypeSource.replacement.value, R"(\2\1)");
+    EXPECT_EQ(settings.biosIdSource.folder.value, "/sys/class/dmi/id");
+    EXPECT_EQ(settings.biosIdSource.file.value, "bios_release");
     EXPECT_EQ(settings.root.value, "/root/of/it");
     EXPECT_TRUE(settings.oemBuild.value);
     EXPECT_EQ(settings.oxc.value, OxcFamily(true));
@@ -101,11 +117,44 @@ level = 4
     EXPECT_EQ(settings.log.value, "json:/var/log/bmci2c.json");
     EXPECT_EQ(settings.logLevel.value, 4);
     for (const Origin origin :
-         {settings.machineType.origin, settings.biosId.origin, settings.smbiosDir.origin,
-          settings.root.origin, settings.oemBuild.origin, settings.oxc.origin,
-          settings.timeLimit.origin, settings.log.origin, settings.logLevel.origin})
+         {settings.machineType.origin, settings.biosId.origin,
+          settings.machineTypeSource.folder.origin, settings.machineTypeSource.file.origin,
+          settings.machineTypeSource.pattern.origin, settings.machineTypeSource.replacement.origin,
+          settings.biosIdSource.file.origin, settings.root.origin, settings.oemBuild.origin,
+          settings.oxc.origin, settings.timeLimit.origin, settings.log.origin,
+          settings.logLevel.origin})
         EXPECT_EQ(origin, Origin::File);
     EXPECT_EQ(settings.controllers.origin, Origin::Default);
+    EXPECT_EQ(settings.biosIdSource.folder.origin, Origin::Default);
+}
+
+TEST_F(SettingsOf, KeyOfTheFile_SaysItsLine) {
+    const Settings settings = File(R"([machine]
+type = "7000"
+[machine.type_source]
+
+pattern = "x"
+[controllers]
+oxc = true
+[[controller]]
+transport = "inband"
+device = "/dev/ipmi0"
+[[controller]]
+transport = "lan"
+host = "bmc"
+)");
+    const std::string file = folder.File("platform.toml");
+    EXPECT_EQ(settings.configFile.place, "BMCI2C_CONFIG");
+    EXPECT_EQ(settings.machineType.place, file + ":2");
+    EXPECT_EQ(settings.machineTypeSource.pattern.place, file + ":5");
+    EXPECT_EQ(settings.oxc.place, file + ":7");
+    EXPECT_EQ(settings.controllers.place, file + ":8");
+    EXPECT_EQ(settings.biosId.place, "");
+    EXPECT_THAT(
+        settings.controllers.value->at(0).places,
+        ElementsAre(std::pair("device", file + ":10"), std::pair("transport", file + ":9")));
+    EXPECT_THAT(settings.controllers.value->at(1).places,
+                ElementsAre(std::pair("host", file + ":13"), std::pair("transport", file + ":12")));
 }
 
 TEST_F(SettingsOf, EmptyMachineType_StandsInForSmbios) {
@@ -114,8 +163,8 @@ TEST_F(SettingsOf, EmptyMachineType_StandsInForSmbios) {
 
 TEST_F(SettingsOf, RelativePathsInTheFile_StartAtItsFolder) {
     const Settings settings = File(R"(
-[machine]
-smbios_dir = "dmi"
+[machine.bios_id_source]
+folder = "dmi"
 [diagnostics]
 root = "share"
 [log]
@@ -128,7 +177,7 @@ transport = "lan"
 host = "bmc"
 password_file = "password"
 )");
-    EXPECT_EQ(settings.smbiosDir.value, folder.File("dmi"));
+    EXPECT_EQ(settings.biosIdSource.folder.value, folder.File("dmi"));
     EXPECT_EQ(settings.root.value, folder.File("share"));
     EXPECT_EQ(settings.log.value, "file:" + folder.File("bmci2c.log"));
     EXPECT_EQ(settings.controllers.value->at(0).device, folder.File("ipmi0"));
@@ -262,6 +311,7 @@ profile = "profiles/machine.toml"
     EXPECT_EQ(controller.transport, TransportKind::Simulated);
     EXPECT_THAT(controller.simulated->data, ElementsAre(7));
     EXPECT_EQ(controller.simulatedGeneration, 2);
+    EXPECT_EQ(controller.profile, folder.File("profiles/machine.toml"));
     // Of such a profile only the node counts: the machine is this one.
     EXPECT_EQ(settings.machineType.value, std::nullopt);
     EXPECT_EQ(settings.profileFile.value, "");

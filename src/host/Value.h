@@ -54,6 +54,11 @@ std::optional<ObjectPath> ParseObjectPath(const std::string& text);
 struct Instance {
     ObjectPath path;
     std::vector<NamedValue> properties;  // in class order
+
+    // Where a provider and the class disagree, for those who check a module against its schema:
+    // what it could not set, each a sentence, and the properties that it did not even set to NULL.
+    std::vector<std::string> refused = {};
+    std::vector<std::string> untouched = {};
 };
 
 }  // namespace host

@@ -58,19 +58,29 @@ CMPICount GetPropertyCount(const CMPIInstance* inst, CMPIStatus* rc) {
 }
 
 // A property that a filter hides is ignored without an error, as servers do.
+void Set(InstanceData& data, const char* name, const CMPIValue* value, CMPIType type) {
+    const std::size_t index = IndexOf(data, name);
+    const PropertyInfo& property = data.cls->properties[index];
+    Value given = FromCmpi(value, type);
+    if (given.type != CMPI_null && !property.Accepts(given.type))
+        throw Failure(CMPI_RC_ERR_TYPE_MISMATCH, "The property '" + property.name + "' of '" +
+                                                     data.cls->Name() +
+                                                     "' is of another type than the value.");
+    if (given.IsNull()) given.type = property.type;
+    if (data.Shows(name)) data.instance.properties[index].value = std::move(given);
+    data.touched.insert(index);
+}
+
 CMPIStatus SetProperty(const CMPIInstance* inst, const char* name, const CMPIValue* value,
                        CMPIType type) {
     return GuardStatus([&] {
         InstanceData& data = Data(inst);
-        const std::size_t index = IndexOf(data, name);
-        const PropertyInfo& property = data.cls->properties[index];
-        Value given = FromCmpi(value, type);
-        if (given.type != CMPI_null && !property.Accepts(given.type))
-            throw Failure(CMPI_RC_ERR_TYPE_MISMATCH, "The property '" + property.name + "' of '" +
-                                                         data.cls->Name() +
-                                                         "' is of another type than the value.");
-        if (given.IsNull()) given.type = property.type;
-        if (data.Shows(name)) data.instance.properties[index].value = std::move(given);
+        try {
+            Set(data, name, value, type);
+        } catch (const Failure& failure) {
+            data.instance.refused.push_back(failure.status.text);
+            throw;
+        }
     });
 }
 

@@ -59,9 +59,13 @@ InstanceData Imported(const ClassRepository& classes, const Instance& instance) 
 }
 
 Instance Exported(const InstanceData& data) {
-    Instance instance{PathOf(data), {}};
-    for (const NamedValue& property : data.instance.properties)
-        if (data.Shows(property.name)) instance.properties.push_back(property);
+    Instance instance{.path = PathOf(data), .properties = {}, .refused = data.instance.refused};
+    for (std::size_t index = 0; index < data.instance.properties.size(); ++index) {
+        const NamedValue& property = data.instance.properties[index];
+        if (!data.Shows(property.name)) continue;
+        instance.properties.push_back(property);
+        if (!data.touched.contains(index)) instance.untouched.push_back(property.name);
+    }
     return instance;
 }
 

@@ -48,6 +48,7 @@ struct InstanceData {
     Instance instance;  // all properties of the class; the path without keys, see PathOf
     const ClassInfo* cls = nullptr;
     std::optional<std::set<std::string>> filter = {};  // folded names; without it all are shown
+    std::set<std::size_t> touched = {};                // indexes of what a provider set
 
     bool Shows(const std::string& property) const;
 };

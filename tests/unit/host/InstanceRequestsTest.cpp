@@ -53,6 +53,24 @@ TEST_F(InstanceRequestsTest, EnumerateInstances_Properties_StandInClassOrderWith
     EXPECT_EQ(std::get<std::uint64_t>(FindValue(properties, "U16")->data), 7U);
 }
 
+TEST_F(InstanceRequestsTest, EnumerateInstances_TellsWhatTheProviderSetAgainstTheClass) {
+    const auto result = host.EnumerateInstances(PathTo("T_Widget"));
+    ASSERT_EQ(result.instances.size(), 1U);
+    EXPECT_THAT(result.instances[0].refused,
+                ElementsAre("The instance of 'T_Widget' has no property 'Number'."));
+    EXPECT_THAT(host.EnumerateInstances(PathTo("T_Numbered")).instances.at(0).refused, IsEmpty());
+}
+
+TEST_F(InstanceRequestsTest, EnumerateInstances_TellsWhatTheProviderLeftUntouched) {
+    const auto result = host.EnumerateInstances(PathTo("T_Widget"));
+    ASSERT_EQ(result.instances.size(), 1U);
+    const auto& untouched = result.instances[0].untouched;
+    EXPECT_EQ(untouched.size(), result.instances[0].properties.size() - 2);
+    EXPECT_THAT(untouched, testing::Not(testing::Contains("Name")));
+    EXPECT_THAT(untouched, testing::Not(testing::Contains("Caption")));
+    EXPECT_THAT(untouched, testing::Contains("U16"));
+}
+
 TEST_F(InstanceRequestsTest, EnumerateInstances_WithAList_GivesOnlyTheListed) {
     const std::vector<std::string> list{"CAPTION", "Unknown"};
     const auto result = host.EnumerateInstances(PathTo("T_Widget"), &list);

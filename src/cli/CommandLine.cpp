@@ -14,8 +14,8 @@ namespace cli {
 
 namespace {
 
-constexpr auto kCommands = {AddRun,  AddEnumerate, AddNames,     AddInvoke,
-                            AddInfo, AddRegister,  AddUnregister};
+constexpr auto kCommands = {AddRun,  AddEnumerate, AddNames,      AddInvoke,
+                            AddInfo, AddRegister,  AddUnregister, AddDoctor};
 
 void AddFileOption(CLI::App& app, const std::string& name, std::string& value,
                    const std::string& form, const std::string& description) {
@@ -42,7 +42,11 @@ int Report(const std::exception& error, int exitCode) {
 
 int CarryOut(const Command& command, const GlobalOptions& options) {
     try {
-        const int exitCode = command(OpenSession(options));
+        const Session session = OpenSession(options);
+        const std::string& problem = session.settings.problem;
+        if (!problem.empty() && command.brokenSettings == Command::BrokenSettings::EndIt)
+            throw platform::SettingsError(problem);
+        const int exitCode = command.carryOut(session);
         std::cout.flush();
         if (std::cout) return exitCode;
         std::cerr << "bmci2c: The standard output cannot be written.\n";
@@ -68,7 +72,8 @@ int Main(int argc, const char* const* argv) {
     app.require_subcommand(1);
     app.footer(
         "Exit codes of run: 0 passed, 1 a bus has failed, 2 not completed, 3 the module could not\n"
-        "be loaded or the call failed, 64 wrong usage or settings.");
+        "be loaded or the call failed, 64 wrong usage or settings. Of doctor: 0 all is well, 1\n"
+        "something is wrong.");
     for (const auto add : kCommands) add(app, chosen);
     try {
         app.parse(argc, argv);

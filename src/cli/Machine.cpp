@@ -1,36 +1,14 @@
 #include <cli/Machine.h>
+#include <cli/ScopedVariable.h>
 #include <platform/diagnostics/TOSSpecific.h>
 #include <platform/service_processor/NodeList.h>
 #include <platform/service_processor/TransportFactory.h>
-#include <platform/settings/Environment.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <optional>
 
 namespace cli {
 
 namespace {
-
-// Keeps this program's own core logger, which takes its settings at its first line, from the sinks
-// that the module is to write to.
-class SilentLog {
-public:
-    SilentLog() : before(platform::EnvironmentText(kVariable)) { ::setenv(kVariable, "none", 1); }
-    ~SilentLog() {
-        if (before) {
-            ::setenv(kVariable, before->c_str(), 1);
-        } else {
-            ::unsetenv(kVariable);
-        }
-    }
-    SilentLog(const SilentLog&) = delete;
-    SilentLog& operator=(const SilentLog&) = delete;
-
-private:
-    static constexpr const char* kVariable = "BMCI2C_LOG";
-    const std::optional<std::string> before;
-};
 
 bool IsSimulatedController(const platform::ControllerSettings& controller) {
     return controller.transport == platform::TransportKind::Simulated;
@@ -39,7 +17,7 @@ bool IsSimulatedController(const platform::ControllerSettings& controller) {
 }  // namespace
 
 Machine ReadMachine(const platform::Settings& settings) {
-    const SilentLog silence;
+    const ScopedVariable silence = SilentLog();
     Machine machine{.type = NQUVZDX20::TOSSpecific::GetMachineTypeFromID(),
                     .biosId = NQUVZDX20::TOSSpecific::GetBiosID(),
                     .controllers = {}};

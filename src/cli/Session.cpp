@@ -36,16 +36,18 @@ Session OpenSession(const GlobalOptions& options) {
     session.executable = Executable();
     const std::filesystem::path folder = session.executable.parent_path();
     session.files = FindFiles(folder, options.module);
-    session.settings = platform::ReadSettings();
+    session.settings = platform::ReadSettingsOrProblem();
 
     const std::filesystem::path root = FindRoot(folder);
     session.choseRoot = session.settings.root.origin == Origin::Default && !root.empty();
-    session.choseLog = session.settings.log.origin == Origin::Default;
+    // What is wrong must stay to be seen: a log of the command's own could hide it.
+    session.choseLog =
+        session.settings.problem.empty() && session.settings.log.origin == Origin::Default;
     session.choseLogLevel = session.choseLog && session.settings.logLevel.origin == Origin::Default;
     if (session.choseRoot) SetVariable("BMCI2C_ROOT", root);
     if (session.choseLog) SetVariable("BMCI2C_LOG", "stderr");
     if (session.choseLogLevel) SetVariable("BMCI2C_LOG_LEVEL", "0");
-    session.settings = platform::ReadSettings();
+    session.settings = platform::ReadSettingsOrProblem();
     return session;
 }
 

@@ -36,7 +36,8 @@ struct Session {
 // Hands the options to the module in the environment of this process, as any other program that
 // loads it would, and reads the settings once to learn what is wrong with them. Where nobody says
 // otherwise, the catalog is the one beside the program, and only lines of severity 0 (what is wrong
-// in the catalog) are logged, to the standard error output. Throws platform::SettingsError.
+// in the catalog) are logged, to the standard error output. Settings that cannot be read are those
+// of platform::ReadSettingsOrProblem().
 Session OpenSession(const GlobalOptions& options);
 
 // Loads the module. What its providers report as errors goes to the standard error output. Throws

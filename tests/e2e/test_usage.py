@@ -34,13 +34,13 @@ def test_wrong_usage_ends_with_64_and_a_message(bmci2c, arguments):
 def test_help_lists_the_commands(bmci2c):
     result = bmci2c.bare("--help")
     assert (result.code, result.err) == (0, "")
-    for command in ("run", "enumerate", "names", "invoke", "info"):
+    for command in ("run", "enumerate", "names", "invoke", "info", "doctor"):
         assert f"\n  {command} " in result.out
     for option in ("--config", "--module", "--root", "--simulate"):
         assert option in result.out
 
 
-@pytest.mark.parametrize("command", ["run", "enumerate", "names", "invoke", "info"])
+@pytest.mark.parametrize("command", ["run", "enumerate", "names", "invoke", "info", "doctor"])
 def test_help_of_a_command_ends_with_0(bmci2c, command):
     result = bmci2c.bare(command, "--help")
     assert result.code == 0

@@ -4,7 +4,9 @@
 
 #include <cli/Session.h>
 
+#include <concepts>
 #include <functional>
+#include <utility>
 
 namespace CLI {
 class App;
@@ -12,7 +14,18 @@ class App;
 
 namespace cli {
 
-using Command = std::function<int(const Session&)>;
+struct Command {
+    // What it does while the settings cannot be read: not start, or start and show why.
+    enum class BrokenSettings { EndIt, AreShown };
+
+    Command() = default;
+    template <std::invocable<const Session&> Function>
+    Command(Function function, BrokenSettings whenBroken = BrokenSettings::EndIt)
+        : carryOut(std::move(function)), brokenSettings(whenBroken) {}
+
+    std::function<int(const Session&)> carryOut;
+    BrokenSettings brokenSettings = BrokenSettings::EndIt;
+};
 
 void AddRun(CLI::App& app, Command& chosen);
 void AddEnumerate(CLI::App& app, Command& chosen);
@@ -21,5 +34,6 @@ void AddInvoke(CLI::App& app, Command& chosen);
 void AddInfo(CLI::App& app, Command& chosen);
 void AddRegister(CLI::App& app, Command& chosen);
 void AddUnregister(CLI::App& app, Command& chosen);
+void AddDoctor(CLI::App& app, Command& chosen);
 
 }  // namespace cli

@@ -1,0 +1,65 @@
+#include <cli/Installation.h>
+#include <cli/doctor/CatalogChecks.h>
+#include <cli/doctor/ControllerChecks.h>
+#include <cli/doctor/Doctor.h>
+#include <cli/doctor/MachineChecks.h>
+#include <cli/doctor/ModuleChecks.h>
+#include <cli/doctor/ProviderChecks.h>
+#include <cli/doctor/SettingsChecks.h>
+#include <platform/diagnostics/SmbiosText.h>
+
+#include <iterator>
+#include <optional>
+#include <utility>
+
+namespace cli {
+
+namespace {
+
+void Append(Checks& all, Checks more) {
+    all.insert(all.end(), std::make_move_iterator(more.begin()),
+               std::make_move_iterator(more.end()));
+}
+
+CatalogMachine MachineOf(const platform::Settings& settings) {
+    return {.type = platform::ReadMachineType(settings).text,
+            .biosId = platform::ReadBiosId(settings).text,
+            .oxc = settings.oxc.value};
+}
+
+Check NotLookedAt(const std::string& name) {
+    return Bad(name, "This depends on the settings, which cannot be read.",
+               "Mend the settings first.");
+}
+
+}  // namespace
+
+Checks Examine(const Session& session) {
+    const platform::Settings& settings = session.settings;
+    const bool areKnown = settings.problem.empty();
+    const std::string catalog = CatalogBelow(settings.root.value);
+    Checks checks = CheckSettings(settings);
+    Append(checks, CheckModule(session.files));
+    Append(checks, CheckProviders(session.files));
+    if (areKnown) {
+        Append(checks, CheckSmbios(settings));
+        Append(checks, CheckCatalog(catalog, MachineOf(settings)));
+        Append(checks, CheckControllers(settings));
+    } else {
+        for (const char* const name :
+             {"machine type", "BIOS identifier", "catalog", "machine in the catalog", "devices"})
+            checks.push_back(NotLookedAt(name));
+    }
+    return checks;
+}
+
+std::string ChecksText(const Checks& checks) {
+    std::string text;
+    for (const Check& check : checks) {
+        text += (check.ok ? "OK     " : "WRONG  ") + check.name + ": " + check.text;
+        text += check.advice.empty() ? "\n" : " " + check.advice + "\n";
+    }
+    return text;
+}
+
+}  // namespace cli

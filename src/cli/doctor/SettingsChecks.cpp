@@ -1,0 +1,104 @@
+#include <cli/doctor/SettingsChecks.h>
+#include <platform/service_processor/Password.h>
+#include <platform/service_processor/TransportError.h>
+#include <platform/settings/DefaultPaths.h>
+#include <platform/settings/FileText.h>
+#include <platform/settings/LogTarget.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+namespace cli {
+
+namespace {
+
+using platform::ControllerSettings;
+using platform::Settings;
+
+// Who can write the file decides which controllers a privileged program asks.
+bool IsWritableByOthers(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
+           (status.st_mode & (S_IWGRP | S_IWOTH)) != 0;
+}
+
+Check CheckSettingsFile(const Settings& settings) {
+    constexpr const char* kName = "settings";
+    const std::string& file = settings.configFile.value;
+    if (file.empty())
+        return Good(kName, "There is no settings file " + platform::DefaultSettingsFile() +
+                               ", so the defaults hold.");
+    if (IsWritableByOthers(file))
+        return Bad(kName, "The settings file " + file + " may be written by others than its owner.",
+                   "Take that away with: chmod go-w " + file);
+    return Good(kName, "The settings file " + file + " is right.");
+}
+
+// What keeps lines from being appended to a file that may not be there yet; empty when nothing
+// does.
+std::string ReasonAgainstAppending(const std::string& path) {
+    const std::filesystem::path file(path);
+    const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : ".";
+    std::error_code ignored;
+    if (std::filesystem::is_directory(file, ignored)) return platform::ReasonText(EISDIR);
+    const std::filesystem::path& target = std::filesystem::exists(file, ignored) ? file : folder;
+    return ::access(target.c_str(), W_OK) == 0 ? "" : platform::ReasonText(errno);
+}
+
+void CheckLog(const Settings& settings, Checks& checks) {
+    constexpr const char* kName = "log";
+    const auto target = platform::ParseLogTarget(settings.log.value);
+    if (!target || target->path.empty()) return;
+    const std::string reason = ReasonAgainstAppending(target->path);
+    checks.push_back(
+        reason.empty()
+            ? Good(kName, "The log " + target->path + " can be written.")
+            : Bad(kName, "The log " + target->path + " cannot be written: " + reason + ".",
+                  "Name another one with the key sink under [log] or with BMCI2C_LOG."));
+}
+
+// As the protocols have it, in bytes.
+std::size_t LongestPassword(const std::string& protocol) { return protocol == "1.5" ? 16 : 20; }
+
+Check CheckPasswordFile(const std::string& name, const ControllerSettings& controller) {
+    try {
+        const platform::Password unused(controller.passwordFile,
+                                        LongestPassword(controller.protocol));
+        return Good(name, "The password file " + controller.passwordFile +
+                              " can be read, by its owner only.");
+    } catch (const platform::TransportError& error) {
+        return BadFrom(name, error.what(),
+                       "Name a file that holds the password with the key password_file.");
+    }
+}
+
+void CheckPasswordFiles(const Settings& settings, Checks& checks) {
+    if (!settings.controllers.value) return;
+    int number = 0;
+    for (const ControllerSettings& controller : *settings.controllers.value) {
+        const std::string name = "password file of controller " + std::to_string(number++);
+        if (!controller.passwordFile.empty()) checks.push_back(CheckPasswordFile(name, controller));
+    }
+}
+
+}  // namespace
+
+Checks CheckSettings(const Settings& settings) {
+    if (!settings.problem.empty())
+        return {
+            BadFrom("settings", settings.problem,
+                    "Write there what is allowed; docs/platform-settings.md tells of every key.")};
+    Checks checks = {CheckSettingsFile(settings)};
+    if (const std::string& profile = settings.profileFile.value; !profile.empty())
+        checks.push_back(
+            Good("profile", "The profile " + profile + " is right; its machine is simulated."));
+    CheckLog(settings, checks);
+    CheckPasswordFiles(settings, checks);
+    return checks;
+}
+
+}  // namespace cli

@@ -1,0 +1,13 @@
+// What `bmci2c doctor` says of settings and of the files that they name.
+#pragma once
+
+#include <cli/doctor/Check.h>
+#include <platform/settings/Settings.h>
+
+namespace cli {
+
+// The settings file (or that there is none), the profile, the log's file, and the password file of
+// each controller that has one. Of settings that cannot be read: only why.
+Checks CheckSettings(const platform::Settings& settings);
+
+}  // namespace cli

@@ -1,0 +1,134 @@
+#include <cli/doctor/CatalogChecks.h>
+
+#include "CheckMatchers.h"
+#include "TemporaryFolder.h"
+
+namespace cli {
+namespace {
+
+using testing::ElementsAre;
+
+class CatalogChecks : public testing::Test {
+protected:
+    std::string Write(const std::string& machines) const {
+        return folder.Write("bmci2c.msg.xml",
+                            "<bmci2cmsg version=\"1.0\">\n" + machines + "</bmci2cmsg>\n");
+    }
+
+    static std::string Entry(const std::string& type) {
+        return "<machine type=\"" + type + "\">\n</machine>\n";
+    }
+
+    Check OfMachine(const std::string& machines, const CatalogMachine& machine) const {
+        const Checks checks = CheckCatalog(Write(machines), machine);
+        EXPECT_EQ(checks.size(), 2u);
+        EXPECT_TRUE(checks.at(0).ok);
+        return checks.at(1);
+    }
+
+    const TemporaryFolder folder;
+};
+
+constexpr const char* kCatalog = "catalog";
+constexpr const char* kMachine = "machine in the catalog";
+constexpr const char* kMend = "Mend that; docs/catalog-guide.md tells how catalogs are written.";
+
+TEST_F(CatalogChecks, CatalogThatIsRead_IsGoodWithItsNumberOfEntries) {
+    const std::string path = Write(Entry("GENERIC_QUV") + Entry("7000"));
+    EXPECT_THAT(CheckCatalog(path, {}),
+                ElementsAre(Good(kCatalog, "The catalog " + path + " has 2 entries.")));
+}
+
+TEST_F(CatalogChecks, CatalogThatIsGone_IsBadAndAllThatIsSaid) {
+    EXPECT_THAT(CheckCatalog("/absent/bmci2c.msg.xml", CatalogMachine{}),
+                ElementsAre(Bad(kCatalog,
+                                "The catalog /absent/bmci2c.msg.xml cannot be read: No such file "
+                                "or directory.",
+                                "Name the folder that holds bmci2c/bmci2c.msg.xml with the key "
+                                "root under [diagnostics], with BMCI2C_ROOT or with --root.")));
+}
+
+TEST_F(CatalogChecks, CatalogThatIsAFolder_IsBad) {
+    std::filesystem::create_directory(folder.File("folder"));
+    EXPECT_EQ(CheckCatalog(folder.File("folder"), {}).at(0).text,
+              "The catalog " + folder.File("folder") + " cannot be read: Is a directory.");
+}
+
+TEST_F(CatalogChecks, UnknownElement_IsAnErrorOfBothItsTags) {
+    const std::string path = Write("<colour></colour>\n" + Entry("GENERIC_QUV"));
+    EXPECT_THAT(CheckCatalog(path, {}),
+                ElementsAre(Bad(kCatalog,
+                                "The catalog " + path +
+                                    " has 2 errors, the first in line 2: Unrecognized identifier: "
+                                    "colour.",
+                                kMend)));
+}
+
+TEST_F(CatalogChecks, SyntaxError_IsBadWithItsLine) {
+    const std::string path =
+        folder.Write("bmci2c.msg.xml", "<bmci2cmsg version=\"1.0\">\n<machine\n");
+    const Check check = CheckCatalog(path, {}).at(0);
+    EXPECT_FALSE(check.ok);
+    EXPECT_EQ(check.text, "The catalog " + path +
+                              " has 1 error, the first in line 2: Not well-formed XML at column 1: "
+                              "unclosed token. Nothing from here on is read.");
+}
+
+TEST_F(CatalogChecks, NumberThatIsNone_IsBadWithItsLine) {
+    const std::string path = Write(
+        "<machine type=\"7000\">\n<property name=\"message\" index=\"x\">\n"
+        "<value>text</value></property>\n</machine>\n");
+    const Check check = CheckCatalog(path, {}).at(0);
+    EXPECT_FALSE(check.ok);
+    EXPECT_THAT(check.text,
+                testing::StartsWith("The catalog " + path + " has 1 error, the first in line "));
+}
+
+TEST_F(CatalogChecks, CatalogWithoutMachines_IsBad) {
+    const std::string path = Write("");
+    EXPECT_THAT(CheckCatalog(path, {}),
+                ElementsAre(Bad(kCatalog, "The catalog " + path + " has no machine.", kMend)));
+}
+
+TEST_F(CatalogChecks, ListedMachine_IsGood) {
+    const std::string machines = Entry("GENERIC_QUV") + Entry("7000");
+    EXPECT_EQ(OfMachine(machines, {"7000", "B", false}),
+              Good(kMachine, "The catalog knows the machine type \"7000\"."));
+    EXPECT_EQ(OfMachine(machines, {"A", "7000", false}),
+              Good(kMachine, "The catalog knows the BIOS identifier \"7000\"."));
+}
+
+TEST_F(CatalogChecks, MachineThatIsNotListed_IsBad) {
+    EXPECT_EQ(OfMachine(Entry("GENERIC_QUV") + Entry("7000"), {"7001", "b", false}),
+              Bad(kMachine,
+                  "The catalog knows neither the machine type \"7001\" nor the BIOS identifier "
+                  "\"b\".",
+                  "Add one of them to the catalog, or set the key type under [machine] in the "
+                  "settings file to what the catalog calls this machine."));
+}
+
+Check NoGenericEntry(const std::string& entry) {
+    return Bad(kMachine,
+               "The catalog has no entry " + entry +
+                   ", which holds the texts of machines without texts of their own.",
+               "Add <machine type=\"" + entry + "\"> to the catalog.");
+}
+
+TEST_F(CatalogChecks, GenericEntryOfTheFamily_MustBeThere) {
+    const std::string standard = Entry("GENERIC_QUV") + Entry("7000");
+    const std::string oxc = Entry("GENERIC_QUV_OXC") + Entry("7000");
+    EXPECT_TRUE(OfMachine(standard, {"7000", "", false}).ok);
+    EXPECT_TRUE(OfMachine(oxc, {"7000", "", true}).ok);
+    EXPECT_EQ(OfMachine(standard, {"7000", "", true}), NoGenericEntry("GENERIC_QUV_OXC"));
+    EXPECT_EQ(OfMachine(oxc, {"7000", "", false}), NoGenericEntry("GENERIC_QUV"));
+}
+
+TEST_F(CatalogChecks, FamilyByProducts_NeedsBothGenericEntries) {
+    const CatalogMachine machine{"7000", "", std::vector<platform::ControllerProduct>{}};
+    const std::string entries = Entry("GENERIC_QUV") + Entry("7000");
+    EXPECT_EQ(OfMachine(entries, machine), NoGenericEntry("GENERIC_QUV_OXC"));
+    EXPECT_TRUE(OfMachine(entries + Entry("GENERIC_QUV_OXC"), machine).ok);
+}
+
+}  // namespace
+}  // namespace cli

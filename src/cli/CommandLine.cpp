@@ -9,6 +9,7 @@
 #include <exception>
 #include <iostream>
 #include <string>
+#include <vector>
 
 namespace cli {
 
@@ -35,8 +36,16 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
                   "Profile of a simulated machine (BMCI2C_SIMULATE)");
 }
 
-int Report(const std::exception& error, int exitCode) {
-    std::cerr << "bmci2c: " << error.what() << '\n';
+// One sentence of what is wrong, and where to read what is right.
+std::string UsageText(const CLI::App* app, const CLI::Error& error) {
+    const std::vector<CLI::App*> commands = app->get_subcommands();
+    const std::string command = commands.empty() ? "" : " " + commands.front()->get_name();
+    return "bmci2c: " + std::string(error.what()) + ". Call bmci2c" + command +
+           " --help to see what it takes.\n";
+}
+
+int Report(const std::exception& error, int exitCode, const std::string& advice = "") {
+    std::cerr << "bmci2c: " << error.what() << advice << '\n';
     return exitCode;
 }
 
@@ -49,12 +58,16 @@ int CarryOut(const Command& command, const GlobalOptions& options) {
         const int exitCode = command.carryOut(session);
         std::cout.flush();
         if (std::cout) return exitCode;
-        std::cerr << "bmci2c: The standard output cannot be written.\n";
+        std::cerr
+            << "bmci2c: The standard output cannot be written. Check that its disk is not full "
+               "and its reader still there.\n";
         return kCallFailed;
     } catch (const platform::SettingsError& error) {
         return Report(error, kWrongUsage);
     } catch (const UsageError& error) {
         return Report(error, kWrongUsage);
+    } catch (const host::LoadError& error) {
+        return Report(error, kCallFailed, kLoadAdvice);
     } catch (const std::exception& error) {
         return Report(error, kCallFailed);
     }
@@ -70,6 +83,7 @@ int Main(int argc, const char* const* argv) {
     app.set_version_flag("--version", "bmci2c " BMCI2C_VERSION);
     app.fallthrough();  // options of the program may stand behind the command, too
     app.require_subcommand(1);
+    app.failure_message(UsageText);
     app.footer(
         "Exit codes of run: 0 passed, 1 a bus has failed, 2 not completed, 3 the module could not\n"
         "be loaded or the call failed, 64 wrong usage or settings. Of doctor: 0 all is well, 1\n"

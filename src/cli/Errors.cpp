@@ -31,6 +31,10 @@ constexpr std::array<std::string_view, 19> kMeanings = {
     "no more elements",
 };
 
+std::string Advice(const host::Status& status) {
+    return status.code == CMPI_RC_ERR_INVALID_CLASS ? " Call bmci2c info to see the classes." : "";
+}
+
 }  // namespace
 
 std::string StatusText(const host::Status& status) {
@@ -41,6 +45,6 @@ std::string StatusText(const host::Status& status) {
 }
 
 CallError::CallError(const std::string& request, const host::Status& status)
-    : std::runtime_error(request + " failed. " + StatusText(status)) {}
+    : std::runtime_error(request + " failed. " + StatusText(status) + Advice(status)) {}
 
 }  // namespace cli

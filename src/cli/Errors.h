@@ -14,10 +14,15 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// What to do when the module, the schema or the registrations cannot be loaded.
+inline constexpr const char* kLoadAdvice =
+    " Call bmci2c doctor to see which files are wrong, and what to do.";
+
 // A provider or the host refused a request.
 class CallError : public std::runtime_error {
 public:
-    // `request` says what was asked for: "Enumerating X".
+    // `request` says what was asked for: "Enumerating X". Where the class is wrong, what() says
+    // where to find the right ones.
     CallError(const std::string& request, const host::Status& status);
 };
 

@@ -156,4 +156,8 @@ def test_text_has_the_same_facts(bmci2c):
 def test_missing_module_ends_with_3(bmci2c):
     result = bmci2c("--module", "/nowhere/module.so", "info")
     assert (result.code, result.out) == (3, "")
-    assert "/nowhere/module.so" in result.err
+    assert result.err == (
+        "bmci2c: The provider module '/nowhere/module.so' cannot be loaded: cannot open shared object "
+        "file: No such file or directory. Call bmci2c doctor to see which files are wrong, and what "
+        "to do.\n"
+    )

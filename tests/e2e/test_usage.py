@@ -1,5 +1,7 @@
 """Help, version and wrong usage."""
 
+import re
+
 import pytest
 from conftest import SERVICE, node
 
@@ -28,7 +30,19 @@ def test_wrong_usage_ends_with_64_and_a_message(bmci2c, arguments):
     result = bmci2c.bare(*arguments)
     assert result.code == 64
     assert result.out == ""
-    assert result.err != ""
+    assert re.fullmatch(
+        r"bmci2c: .*\. Call bmci2c( [a-z]+)? --help to see what it takes\.\n", result.err, re.DOTALL
+    )
+
+
+def test_wrong_usage_names_the_argument(bmci2c):
+    assert bmci2c.bare("run", "--nonsense").err == (
+        "bmci2c: The following argument was not expected: --nonsense. Call bmci2c run --help to see "
+        "what it takes.\n"
+    )
+    assert bmci2c.bare().err == (
+        "bmci2c: A subcommand is required. Call bmci2c --help to see what it takes.\n"
+    )
 
 
 def test_help_lists_the_commands(bmci2c):

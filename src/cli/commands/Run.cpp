@@ -1,4 +1,5 @@
 #include <cli/DiagnosticRun.h>
+#include <cli/Errors.h>
 #include <cli/Installation.h>
 #include <cli/Json.h>
 #include <cli/LogCapture.h>
@@ -10,6 +11,7 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
+#include <string>
 
 namespace cli {
 
@@ -22,7 +24,7 @@ DiagnosticRun LoadAndRun(const Session& session) {
         return RunDiagnostic(*host);
     } catch (const host::LoadError& error) {
         DiagnosticRun run;
-        run.problem = error.what();
+        run.problem = std::string(error.what()) + kLoadAdvice;
         return run;
     }
 }

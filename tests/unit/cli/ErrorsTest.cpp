@@ -19,5 +19,12 @@ TEST(Errors, CallError_NamesTheRequest) {
                  "Enumerating X failed. CIM status 1, failed: No.");
 }
 
+TEST(Errors, CallErrorOfAnUnknownClass_SaysWhereTheClassesAre) {
+    EXPECT_STREQ(
+        CallError("Enumerating X", {CMPI_RC_ERR_INVALID_CLASS, "There is no X."}).what(),
+        "Enumerating X failed. CIM status 5, invalid class: There is no X. Call bmci2c info "
+        "to see the classes.");
+}
+
 }  // namespace
 }  // namespace cli

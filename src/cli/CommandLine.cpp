@@ -2,6 +2,8 @@
 #include <cli/Errors.h>
 #include <cli/ExitCodes.h>
 #include <cli/Session.h>
+#include <cli/Spelling.h>
+#include <cli/Text.h>
 #include <cli/commands/Commands.h>
 #include <platform/settings/SettingsError.h>
 
@@ -36,12 +38,26 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
                   "Profile of a simulated machine (BMCI2C_SIMULATE)");
 }
 
-// One sentence of what is wrong, and where to read what is right.
+// What is wrong where the line names no command that there is.
+std::string NoCommandText(const CLI::App& app) {
+    std::vector<std::string> names;
+    for (const CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; }))
+        names.push_back(command->get_name());
+    const std::vector<std::string> words = app.remaining();
+    if (words.empty()) return "A command is missing: " + Listed(names);
+    const std::string nearest = Nearest(words.front(), names);
+    return "There is no command '" + words.front() + "'" +
+           (nearest.empty() ? "" : ", but '" + nearest + "'") + ". The commands are " +
+           Listed(names);
+}
+
+// What is wrong, and where to read what is right.
 std::string UsageText(const CLI::App* app, const CLI::Error& error) {
     const std::vector<CLI::App*> commands = app->get_subcommands();
+    const bool lacksCommand = commands.empty() && error.get_name() == "RequiredError";
     const std::string command = commands.empty() ? "" : " " + commands.front()->get_name();
-    return "bmci2c: " + std::string(error.what()) + ". Call bmci2c" + command +
-           " --help to see what it takes.\n";
+    return "bmci2c: " + (lacksCommand ? NoCommandText(*app) : error.what()) + ". Call bmci2c" +
+           command + " --help to see what it takes.\n";
 }
 
 int Report(const std::exception& error, int exitCode, const std::string& advice = "") {

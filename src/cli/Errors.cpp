@@ -44,7 +44,8 @@ std::string StatusText(const host::Status& status) {
     return status.text.empty() ? text + "." : text + ": " + status.text;
 }
 
-CallError::CallError(const std::string& request, const host::Status& status)
-    : std::runtime_error(request + " failed. " + StatusText(status) + Advice(status)) {}
+CallError::CallError(const std::string& request, const host::Status& status,
+                     const std::string& advice)
+    : std::runtime_error(request + " failed. " + StatusText(status) + Advice(status) + advice) {}
 
 }  // namespace cli

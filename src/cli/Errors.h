@@ -22,8 +22,9 @@ inline constexpr const char* kLoadAdvice =
 class CallError : public std::runtime_error {
 public:
     // `request` says what was asked for: "Enumerating X". Where the class is wrong, what() says
-    // where to find the right ones.
-    CallError(const std::string& request, const host::Status& status);
+    // where to find the right ones. `advice` stands at the end, with a blank before it.
+    CallError(const std::string& request, const host::Status& status,
+              const std::string& advice = "");
 };
 
 // "CIM status 5, invalid class: There is no class X.": the number, its meaning and the text.

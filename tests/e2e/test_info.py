@@ -28,6 +28,19 @@ def test_module_and_registrations_are_named(bmci2c):
     assert service["types"] == ["instance", "method"]
 
 
+def test_missing_catalog_is_told(bmci2c):
+    catalog = bmci2c.root / "bmci2c" / "bmci2c.msg.xml"
+    profile = bmci2c.profile(node(data=[0]))
+    facts = bmci2c.simulate(profile, "info", "--json").json()
+    assert (facts["catalog"], facts["troubles"]) == (str(catalog), [])
+    catalog.unlink()
+    facts = bmci2c.simulate(profile, "info", "--json").json()
+    assert facts["troubles"] == [f"There is no message catalog {catalog}."]
+    assert bmci2c.simulate(profile, "info").out.endswith(
+        f"\nThere is no message catalog {catalog}.\n"
+    )
+
+
 def test_settings_tell_their_origin(bmci2c):
     config = bmci2c.write("platform.toml", "[controllers]\ntime_limit = 7\n")
     settings = info(bmci2c, "--config", config)["settings"]

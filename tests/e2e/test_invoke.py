@@ -60,9 +60,14 @@ def test_name_of_no_test_fails(invoke, keys):
     assert result.code == 3
     outcome = result.json()
     assert (outcome["status"], outcome["return_value"], outcome["out"]) == (1, None, {})
-    assert "Invoking QUVSG_BMCI2C_DiagnosticService.RunDiagnostic failed. CIM status 1, failed" in (
-        result.err
+    advice = (
+        "There is no instance with these keys."
+        if keys
+        else "The call names no instance: name one with --key NAME=VALUE."
     )
+    failed = f"Invoking {SERVICE}.RunDiagnostic failed. CIM status 1, failed: "
+    assert failed in result.err
+    assert result.err.endswith(f" {advice} bmci2c names {SERVICE} prints those that there are.\n")
 
 
 @pytest.mark.parametrize("method", ["StartService", "StopService", "STARTSERVICE"])
@@ -107,6 +112,8 @@ def test_reference_arguments_are_object_paths(invoke):
 def test_unknown_method_ends_with_3(invoke):
     result = invoke(SERVICE, "NoSuchMethod", "--key", NAME, "--json")
     assert (result.code, result.json()["status"]) == (3, 17)
+    methods = "RequestStateChange, StartService, StopService and RunDiagnostic"
+    assert result.err.endswith(f" Its methods are {methods}.\n")
 
 
 def test_method_of_another_class_ends_with_3(invoke):

@@ -57,13 +57,14 @@ def test_map_has_a_row_for_each_node_and_a_cell_for_each_bus(bmci2c):
         "  node 0   .  .  .  .  .  .  .  .  .  .  .  .  .  .  .  .\n"
         "  node 1   .  .  X  .  .  .  .  .  .  .  .  .  .  .  .  X\n"
         "\n"
-        "  .  good     X  failed     -  not examined\n"
+        "  .  good     X  failed\n"
     ) in text
 
 
-def test_map_of_an_oxc_controller_shows_what_is_not_examined(bmci2c):
+def test_map_of_an_oxc_controller_shows_numbers_without_a_bus(bmci2c):
     text = text_of(bmci2c, node(data=[0xC1]), oxc=True, generation=1)
     assert "  node 0   X  .  .  .  .  .  -  -\n" in text
+    assert "\n  .  good     X  failed     -  no such bus\n" in text
     text = text_of(bmci2c, node(data=[1, 0xFF, 2]), oxc=True, generation=2)
     assert "  node 0   X  .  .  .  .  .  .  .  .  X  .  .  .  .  .  .\n" in text
     assert "The second status byte of node 0 stands for no bus and was not examined." in text

@@ -40,8 +40,24 @@ def test_wrong_usage_names_the_argument(bmci2c):
         "bmci2c: The following argument was not expected: --nonsense. Call bmci2c run --help to see "
         "what it takes.\n"
     )
-    assert bmci2c.bare().err == (
-        "bmci2c: A subcommand is required. Call bmci2c --help to see what it takes.\n"
+
+
+COMMANDS = "run, enumerate, names, invoke, info, register, unregister and doctor"
+
+
+def test_missing_command_is_told_with_those_there_are(bmci2c):
+    told = f"bmci2c: A command is missing: {COMMANDS}. Call bmci2c --help to see what it takes.\n"
+    assert bmci2c.bare().err == told
+    assert bmci2c.bare("--root", "/nowhere").err == told
+
+
+@pytest.mark.parametrize(
+    "word, nearest", [("bogus", ""), ("rum", ", but 'run'"), ("docter", ", but 'doctor'")]
+)
+def test_unknown_command_is_told_with_the_nearest(bmci2c, word, nearest):
+    assert bmci2c.bare(word).err == (
+        f"bmci2c: There is no command '{word}'{nearest}. The commands are {COMMANDS}. Call bmci2c "
+        "--help to see what it takes.\n"
     )
 
 

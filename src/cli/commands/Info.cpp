@@ -1,10 +1,12 @@
 #include <cli/ExitCodes.h>
+#include <cli/Installation.h>
 #include <cli/Json.h>
 #include <cli/LogCapture.h>
 #include <cli/Machine.h>
 #include <cli/SettingList.h>
 #include <cli/Text.h>
 #include <cli/commands/Commands.h>
+#include <cli/report/CatalogTrouble.h>
 
 #include <CLI/CLI.hpp>
 #include <iostream>
@@ -49,10 +51,19 @@ Json RegistrationsJson(const std::vector<host::Registration>& registrations) {
     return array;
 }
 
+std::vector<std::string> AllTroubles(const std::filesystem::path& catalog,
+                                     const std::vector<LogLine>& lines) {
+    std::vector<std::string> troubles = Troubles(lines);
+    if (std::string text = CatalogTrouble(catalog, lines); !text.empty())
+        troubles.push_back(std::move(text));
+    return troubles;
+}
+
 Json InfoJson(const Session& session) {
     const LogCapture capture;
     const Machine machine = ReadMachine(session.settings);
     const std::unique_ptr<host::Host> host = LoadHost(session);
+    const std::filesystem::path catalog = CatalogBelow(session.settings.root.value);
     Json controllers = Json::array();
     for (const Controller& controller : machine.controllers)
         controllers.push_back(ControllerJson(controller));
@@ -60,10 +71,11 @@ Json InfoJson(const Session& session) {
             {"schema", session.files.schema},
             {"registrations", RegistrationsJson(host->Registrations())},
             {"settings", SettingsJson(session)},
+            {"catalog", catalog.string()},
             {"machine_type", machine.type},
             {"bios_id", machine.biosId},
             {"controllers", std::move(controllers)},
-            {"troubles", Troubles(capture.Lines())}};
+            {"troubles", AllTroubles(catalog, capture.Lines())}};
 }
 
 // A JSON value for people: texts without quotation marks, nothing as "(none)".
@@ -110,6 +122,7 @@ std::string RegistrationsText(const Json& registrations) {
 std::string InfoText(const Json& info) {
     std::string text = Table({{"Module", Plain(info["module"])},
                               {"Schema", Plain(info["schema"])},
+                              {"Catalog", Plain(info["catalog"])},
                               {"Machine type", Plain(info["machine_type"])},
                               {"BIOS identifier", Plain(info["bios_id"])}});
     text += "\nControllers\n" + ControllersText(info["controllers"]);

@@ -1,6 +1,7 @@
 #include <cli/DiagnosticRun.h>
 #include <cli/Errors.h>
 #include <cli/ExitCodes.h>
+#include <cli/InvokeAdvice.h>
 #include <cli/Json.h>
 #include <cli/Text.h>
 #include <cli/TypedArguments.h>
@@ -40,7 +41,8 @@ int Invoke(const Session& session, const InvokeOptions& options) {
                   << ValuesText(result.out);
     }
     if (!result.status.IsOk())
-        throw CallError("Invoking " + options.className + "." + options.method, result.status);
+        throw CallError("Invoking " + options.className + "." + options.method, result.status,
+                        InvokeAdvice(*host, target, result.status));
     return kSuccess;
 }
 

@@ -82,11 +82,18 @@ private:
     std::size_t cellWidth;
 };
 
+bool HasGap(const std::vector<ControllerStatus>& controllers) {
+    return std::ranges::any_of(controllers, [](const ControllerStatus& controller) {
+        return std::ranges::find(controller.busses, Bus::None) != controller.busses.end();
+    });
+}
+
 }  // namespace
 
 std::string BusMapText(const std::vector<ControllerStatus>& controllers, const Terminal& terminal) {
     std::string text = Map(controllers, terminal).Text();
-    text += "\n  .  good     " + terminal.Red("X") + "  failed     -  not examined\n";
+    text += "\n  .  good     " + terminal.Red("X") + "  failed" +
+            (HasGap(controllers) ? "     -  no such bus\n" : "\n");
     for (std::size_t node = 0; node < controllers.size(); ++node)
         if (controllers[node].hasBytesWithoutBusses)
             text += "  The second status byte of " + NodeName(node) +

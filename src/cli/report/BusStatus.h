@@ -10,7 +10,11 @@
 
 namespace cli {
 
-enum class Bus { Good, Failed, NotExamined };
+enum class Bus {
+    Good,
+    Failed,
+    None,  // the controller has no bus of this number
+};
 
 struct ControllerStatus {
     enum class Outcome {

@@ -149,7 +149,7 @@ private:
         const bool isBus =
             !(generation == Generation::V2 && position == kByteUnusedByOxcV2) &&
             !(generation == Generation::V1 && position == 0 && bit >= kBussesInFirstByteOfOxcV1);
-        if (!isBus) return Bus::NotExamined;
+        if (!isBus) return Bus::None;
         return (byte >> bit & 1U) != 0 ? Bus::Failed : Bus::Good;
     }
 

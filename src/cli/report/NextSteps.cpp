@@ -84,8 +84,9 @@ std::string CatalogStep(const RunReport& report) {
     const std::string catalog = CatalogBelow(report.session.settings.root.value);
     if (!report.catalogTrouble.empty())
         return report.catalogTrouble +
-               " Put that right, or name the diagnostics root directory of another catalog (--root "
-               "DIR).";
+               " Mend it or put one there, or name the diagnostics root directory of another "
+               "catalog "
+               "(--root DIR).";
     if (report.machine.type.empty() && report.machine.biosId.empty())
         return "Neither the machine type nor the BIOS identifier of this machine could be read "
                "from "
@@ -99,18 +100,34 @@ std::string CatalogStep(const RunReport& report) {
 }
 
 std::string NoControllerStep(const RunReport& report) {
-    if (report.session.settings.controllers.value)
-        return "The settings or the profile list no controller: add them, or leave them out to "
-               "use this machine's IPMI devices.";
-    return "Load the kernel's IPMI driver (modprobe -a ipmi_si ipmi_devintf), or list the "
-           "controllers in the settings file, then run the test again.";
+    const auto& controllers = report.session.settings.controllers;
+    if (controllers.origin == platform::Origin::Profile)
+        return "The profile " + controllers.place +
+               " lists no controller: add a [[node]], or run the test without a profile to use "
+               "this "
+               "machine's IPMI devices.";
+    if (controllers.value)
+        return "The settings list no controller (" + controllers.place +
+               "): add a [[controller]], or remove the key to use this machine's IPMI devices.";
+    return "No device /dev/ipmi0, /dev/ipmi1 and so on was found: load the kernel's IPMI driver "
+           "(modprobe -a ipmi_si ipmi_devintf), or list the controllers in the settings file, then "
+           "run the test again.";
+}
+
+bool HasRecommendations(const DiagnosticRun& run) {
+    return std::ranges::any_of(run.records, [](const host::Instance& record) {
+        return RecordText(record).find("Recommendations:") != std::string::npos;
+    });
 }
 
 std::string UnjudgedStep(const RunReport& report) {
     const std::vector<std::string> nodes = UnjudgedNodes(report);
     const std::string where = report.troubles.empty() ? "" : " (see what the library said above)";
-    return "Find out why " + (nodes.empty() ? "a controller" : Listed(nodes)) +
-           " could not be examined" + where + ", then run the test again.";
+    const std::string why =
+        " why " + (nodes.empty() ? "a controller" : Listed(nodes)) + " could not be examined";
+    return (HasRecommendations(report.run) ? "Follow the recommendations above to find out" + why
+                                           : "Find out" + why) +
+           where + ", then run the test again.";
 }
 
 std::string NotCompletedStep(const RunReport& report) {

@@ -8,7 +8,7 @@ using Outcome = ControllerStatus::Outcome;
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr const char* kLegend = "\n  .  good     X  failed     -  not examined\n";
+constexpr const char* kLegend = "\n  .  good     X  failed\n";
 
 ControllerStatus Examined(std::vector<Bus> busses) {
     return {.outcome = Outcome::Examined, .busses = std::move(busses)};
@@ -17,12 +17,22 @@ ControllerStatus Examined(std::vector<Bus> busses) {
 TEST(BusMap, EachController_HasARowAndEachBusACell) {
     const Terminal plain;
     EXPECT_EQ(BusMapText({Examined({Bus::Good, Bus::Good, Bus::Good}),
-                          Examined({Bus::Good, Bus::Failed, Bus::NotExamined})},
+                          Examined({Bus::Good, Bus::Failed, Bus::Good})},
                          plain),
               std::string("  bus      0  1  2\n"
                           "  node 0   .  .  .\n"
-                          "  node 1   .  X  -\n") +
+                          "  node 1   .  X  .\n") +
                   kLegend);
+}
+
+TEST(BusMap, NumberWithoutABus_IsADashThatTheLegendExplains) {
+    const Terminal plain;
+    EXPECT_EQ(
+        BusMapText({Examined({Bus::Good}), Examined({Bus::Good, Bus::None, Bus::Failed})}, plain),
+        "  bus      0  1  2\n"
+        "  node 0   .\n"
+        "  node 1   .  -  X\n"
+        "\n  .  good     X  failed     -  no such bus\n");
 }
 
 TEST(BusMap, MoreThanSixteenBusses_ContinueInAnotherBlock) {

@@ -46,10 +46,10 @@ TEST(BusStatusFromLog, AnswerLongerThanTheBuffer_EndsWithTheBuffer) {
     EXPECT_THAT(StatusFromLog(lines, 1)[0].busses, SizeIs(8 * (256 - 9)));
 }
 
-TEST(BusStatusFromLog, OxcV1_DoesNotExamineBits6And7OfTheFirstByte) {
+TEST(BusStatusFromLog, OxcV1_HasNoBusses6And7) {
     const auto controllers =
         StatusFromLog(RunLog(1).Controller({0xC1, 0xC0}).Generation(1).lines, 1);
-    EXPECT_EQ(BussesIn(controllers[0], Bus::NotExamined), (std::vector<std::size_t>{6, 7}));
+    EXPECT_EQ(BussesIn(controllers[0], Bus::None), (std::vector<std::size_t>{6, 7}));
     EXPECT_EQ(BussesIn(controllers[0], Bus::Failed), (std::vector<std::size_t>{0, 14, 15}));
 }
 
@@ -58,7 +58,7 @@ TEST(BusStatusFromLog, OxcV2WithASecondByte_GivesItNoBusNumbers) {
         StatusFromLog(RunLog(1).Controller({0x01, 0xFF, 0x02}).Generation(2).lines, 1);
     EXPECT_THAT(controllers[0].busses, SizeIs(16));
     EXPECT_EQ(BussesIn(controllers[0], Bus::Failed), (std::vector<std::size_t>{0, 9}));
-    EXPECT_THAT(BussesIn(controllers[0], Bus::NotExamined), IsEmpty());
+    EXPECT_THAT(BussesIn(controllers[0], Bus::None), IsEmpty());
     EXPECT_TRUE(controllers[0].hasBytesWithoutBusses);
 }
 
@@ -67,7 +67,7 @@ TEST(BusStatusFromLog, OxcV2WithAZeroSecondByte_GivesItBusNumbers) {
         StatusFromLog(RunLog(1).Controller({0x01, 0x00, 0x02}).Generation(2).lines, 1);
     EXPECT_THAT(controllers[0].busses, SizeIs(24));
     EXPECT_EQ(BussesIn(controllers[0], Bus::Failed), (std::vector<std::size_t>{0, 17}));
-    EXPECT_EQ(BussesIn(controllers[0], Bus::NotExamined),
+    EXPECT_EQ(BussesIn(controllers[0], Bus::None),
               (std::vector<std::size_t>{8, 9, 10, 11, 12, 13, 14, 15}));
     EXPECT_FALSE(controllers[0].hasBytesWithoutBusses);
 }

@@ -19,6 +19,11 @@ TEST(Errors, CallError_NamesTheRequest) {
                  "Enumerating X failed. CIM status 1, failed: No.");
 }
 
+TEST(Errors, CallErrorWithAdvice_EndsWithIt) {
+    EXPECT_STREQ(CallError("Invoking X.Y", {CMPI_RC_ERR_FAILED, "No."}, " Try again.").what(),
+                 "Invoking X.Y failed. CIM status 1, failed: No. Try again.");
+}
+
 TEST(Errors, CallErrorOfAnUnknownClass_SaysWhereTheClassesAre) {
     EXPECT_STREQ(
         CallError("Enumerating X", {CMPI_RC_ERR_INVALID_CLASS, "There is no X."}).what(),

@@ -36,9 +36,8 @@ ControllerStatus Examined(std::vector<Bus> busses) {
 const ControllerStatus kSilent{.outcome = Outcome::NotDelivered};
 
 TEST(RunReport, PassedRun_CountsTheGoodBusses) {
-    const auto report =
-        ReportWith({Record(2, "166-000-001 Pass")},
-                   {Examined({Bus::Good, Bus::NotExamined}), Examined({Bus::Good})});
+    const auto report = ReportWith({Record(2, "166-000-001 Pass")},
+                                   {Examined({Bus::Good, Bus::None}), Examined({Bus::Good})});
     EXPECT_EQ(Headline(report), "PASSED: all 2 busses of 2 controllers are good.");
     EXPECT_THAT(NextSteps(report), ElementsAre("Nothing needs to be done."));
 }
@@ -102,9 +101,11 @@ TEST(RunReport, CatalogThatCannotBeUsed_IsTheReasonAndThePlaceToBegin) {
     report.catalogTrouble = "The message catalog /c.xml is not a file.";
     EXPECT_EQ(Headline(report),
               "NOT COMPLETED: there is no usable message catalog, so no controller was asked.");
-    EXPECT_THAT(NextSteps(report),
-                ElementsAre("The message catalog /c.xml is not a file. Put that right, or name the "
-                            "diagnostics root directory of another catalog (--root DIR)."));
+    EXPECT_THAT(
+        NextSteps(report),
+        ElementsAre("The message catalog /c.xml is not a file. Mend it or put one there, or "
+                    "name the diagnostics root directory of another catalog (--root "
+                    "DIR)."));
 }
 
 TEST(RunReport, CatalogThatIsWrongBehindThisMachine_IsNoStep) {
@@ -117,8 +118,34 @@ TEST(RunReport, MachineWithoutController_PointsToTheDriver) {
     const auto report = ReportWith({}, {});
     EXPECT_EQ(Headline(report), "NOT COMPLETED: no management controller was found.");
     EXPECT_THAT(NextSteps(report),
-                ElementsAre("Load the kernel's IPMI driver (modprobe -a ipmi_si ipmi_devintf), or "
-                            "list the controllers in the settings file, then run the test again."));
+                ElementsAre("No device /dev/ipmi0, /dev/ipmi1 and so on was found: load the "
+                            "kernel's IPMI driver (modprobe -a ipmi_si ipmi_devintf), or list the "
+                            "controllers in the settings file, then run the test again."));
+}
+
+TEST(RunReport, SettingsWithoutController_ArePointedTo) {
+    auto report = ReportWith({}, {});
+    report.session.settings.controllers = {{{}}, Origin::File, "/etc/p.toml:3"};
+    EXPECT_THAT(NextSteps(report),
+                ElementsAre("The settings list no controller (/etc/p.toml:3): add a "
+                            "[[controller]], or remove the key to use this machine's IPMI "
+                            "devices."));
+}
+
+TEST(RunReport, ProfileWithoutController_IsPointedTo) {
+    auto report = ReportWith({}, {});
+    report.session.settings.controllers = {{{}}, Origin::Profile, "/p.toml"};
+    EXPECT_THAT(NextSteps(report),
+                ElementsAre("The profile /p.toml lists no controller: add a [[node]], or run the "
+                            "test without a profile to use this machine's IPMI devices."));
+}
+
+TEST(RunReport, UnjudgedControllerWithRecommendations_PointsToThem) {
+    const auto report =
+        ReportWith({Record(6, "166-802-001 Silent\nRecommendations:\n\nRestart it.")}, {kSilent});
+    EXPECT_THAT(NextSteps(report),
+                ElementsAre("Follow the recommendations above to find out why node 0 could not be "
+                            "examined, then run the test again."));
 }
 
 TEST(RunReport, Text_ShowsEverySection) {
@@ -147,7 +174,7 @@ TEST(RunReport, Text_ShowsEverySection) {
               "  node 0   .\n"
               "  node 1   X\n"
               "\n"
-              "  .  good     X  failed     -  not examined\n"
+              "  .  good     X  failed\n"
               "\n"
               "What the test recorded\n"
               "  166-000-001 Pass\n"

@@ -1,0 +1,16 @@
+// What to do when a method could not be invoked.
+#pragma once
+
+#include <host/Host.h>
+
+#include <string>
+
+namespace cli {
+
+// After an invocation that ended with `status`, with a blank before it: which methods the class has
+// when the method was none of them, how to name an instance when `target` names none that there is.
+// Empty when neither is the cause.
+std::string InvokeAdvice(host::Host& host, const host::ObjectPath& target,
+                         const host::Status& status);
+
+}  // namespace cli

@@ -8,8 +8,8 @@
 namespace {
 
 // More than the sessions that the simulator has.
-constexpr int kSessions = 200;
-constexpr int kSessionsBefore = 50;
+constexpr int kSessions = 1000;
+constexpr int kSessionsBefore = 100;
 
 TEST(LanEndurance, ManySessions_LeaveNoSessionDescriptorOrMemory) {
     const IpmiSimulator simulator("09: 00 01\n");

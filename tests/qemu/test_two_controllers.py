@@ -116,15 +116,68 @@ def test_user_without_rights_is_told_so(machine):
     assert outcome.log == [asked(node) + refused.format(node) for node in (0, 1)]
 
 
+def controller_checks(result):
+    """The lines of `doctor` that tell of devices and controllers."""
+    return re.findall(r"^(?:OK     |WRONG  )(?:devices|device|controller)\b.*", result.out, re.M)
+
+
+def test_doctor_asks_the_controllers_who_they_are(machine):
+    result = machine("bmci2c doctor")
+    assert (result.code, result.err) == (0, "")
+    assert controller_checks(result) == [
+        *(
+            f"OK     device /dev/ipmi{node}: The device /dev/ipmi{node} may be read and written."
+            for node in (0, 1)
+        ),
+        *(
+            f"OK     controller {node}: Controller {node}, inband /dev/ipmi{node}, answers: "
+            f"manufacturer 0, product {node + 1}, firmware 1.00."
+            for node in (0, 1)
+        ),
+    ]
+
+
+def test_doctor_of_a_user_without_rights_tells_so(machine):
+    result = machine.as_guest("bmci2c doctor")
+    assert result.code == 1
+    assert controller_checks(result) == [
+        *(
+            f"WRONG  device /dev/ipmi{node}: The device /dev/ipmi{node} cannot be read and written: "
+            "Permission denied. Call the test as root, or as a user who may do both."
+            for node in (0, 1)
+        ),
+        *(
+            f"WRONG  controller {node}: Controller {node}, inband /dev/ipmi{node}, is not reached: "
+            f"The device /dev/ipmi{node} cannot be opened: Permission denied. Run as root, or as a "
+            "user who may read and write it."
+            for node in (0, 1)
+        ),
+    ]
+
+
+def test_family_by_products_goes_by_get_device_id(machine, controllers):
+    """An OXC controller that does not tell its generation is of the first, without busses 6 and 7."""
+    controllers[0].answer("09: 00 c0 00 00\n")
+    assert run_on(machine).code == 1
+    for product, code in ((1, 0), (2, 1)):
+        machine(
+            f"printf '[controllers]\\noxc = [{{ manufacturer = 0, product = {product} }}]\\n' "
+            ">/tmp/family.toml"
+        )
+        assert run_on(machine, "BMCI2C_CONFIG=/tmp/family.toml").code == code
+
+
 def test_driver_that_is_not_loaded_is_told_so(machine):
     machine("modprobe -r ipmi_devintf")
     try:
         outcome = run_on(machine)
+        examined = machine("bmci2c doctor")
     finally:
         machine(f"{LOAD_DRIVER}; {WAIT_FOR_DEVICES}")
     assert (outcome.code, outcome.verdict) == (2, "not completed")
     assert outcome.records == []
     assert set(outcome.log) == {NO_DEVICE}
+    assert controller_checks(examined) == ["WRONG  devices: " + NO_DEVICE.removeprefix("SP: ")]
 
 
 def test_controller_that_falls_silent_is_not_completed(machine, controllers):

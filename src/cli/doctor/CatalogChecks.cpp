@@ -89,6 +89,11 @@ Check CheckMachine(const std::set<std::string>& types, const CatalogMachine& mac
         if (types.contains(text))
             return Good(kMachineName,
                         std::string("The catalog knows the ") + noun + " \"" + text + "\".");
+    if (machine.type.empty() && machine.biosId.empty())
+        return Bad(kMachineName,
+                   "Neither machine type nor BIOS identifier is known, so no entry of the catalog "
+                   "is this machine's.",
+                   "Do what the checks of the two say.");
     return Bad(
         kMachineName,
         "The catalog knows neither the machine type \"" + machine.type +

@@ -107,6 +107,15 @@ TEST_F(CatalogChecks, MachineThatIsNotListed_IsBad) {
                   "settings file to what the catalog calls this machine."));
 }
 
+TEST_F(CatalogChecks, MachineThatIsNotKnown_IsBad) {
+    EXPECT_EQ(
+        OfMachine(Entry("GENERIC_QUV") + Entry("7000"), {"", "", false}),
+        Bad(kMachine,
+            "Neither machine type nor BIOS identifier is known, so no entry of the catalog is "
+            "this machine's.",
+            "Do what the checks of the two say."));
+}
+
 Check NoGenericEntry(const std::string& entry) {
     return Bad(kMachine,
                "The catalog has no entry " + entry +

@@ -13,13 +13,13 @@ using testing::IsEmpty;
 
 // No other test asks this node, so that its count of requests begins at 0.
 constexpr int kNode = 1201;
-constexpr std::chrono::milliseconds kLimit{1000};
+constexpr std::chrono::milliseconds kProbeLimit{1000};
 
 ProbeResult Probe(const SimulatedNode& node, int number = kNode) {
     ControllerSettings controller;
     controller.transport = TransportKind::Simulated;
     controller.simulated = std::make_shared<SimulatedNode>(node);
-    return ProbeController(controller, number, kLimit);
+    return ProbeController(controller, number, kProbeLimit);
 }
 
 TEST(ControllerProbe, ControllerThatAnswers_NamesItself) {
@@ -55,7 +55,7 @@ TEST(ControllerProbe, AnyTrouble_WritesNoLogLine) {
     FakeDiagnostics::Reset();
     ControllerSettings controller;
     controller.device = "/nonexistent/ipmi0";
-    EXPECT_EQ(ProbeController(controller, 0, kLimit).trouble,
+    EXPECT_EQ(ProbeController(controller, 0, kProbeLimit).trouble,
               "The device /nonexistent/ipmi0 cannot be opened: No such file or directory. Is the "
               "kernel module ipmi_devintf loaded?");
     EXPECT_THAT(FakeDiagnostics::Lines(), IsEmpty());

@@ -16,7 +16,7 @@ using testing::ElementsAre;
 using testing::EndsWith;
 using testing::IsEmpty;
 
-constexpr seconds kLimit{4};
+constexpr seconds kRunLimit{4};
 
 // Takes all the time that it may, or the time given, and answers.
 struct Behaviour {
@@ -50,8 +50,9 @@ protected:
     static bool Send(int node, std::uint8_t command, Behaviour behaviour) {
         std::array<unsigned char, 256> buffer = {0x01, 0x20, 0x3A, 0x00, command};
         int length = 250;
-        ControllerNode object({.node = node, .nodeCount = 4, .isOxc = nullptr, .timeLimit = kLimit},
-                              std::make_unique<PlayedTransport>(behaviour));
+        ControllerNode object(
+            {.node = node, .nodeCount = 4, .isOxc = nullptr, .timeLimit = kRunLimit},
+            std::make_unique<PlayedTransport>(behaviour));
         return object.sendIPMICommand(buffer.data(), &length, buffer.size(), true);
     }
 
@@ -75,7 +76,7 @@ TEST_F(NodeTime, EveryControllerAsSlowAsItMayBe_KeepsTheTimeOfTheRun) {
         AskStatus(node, {});
         Send(0, 0xC1, {});
     }
-    EXPECT_LE(Passed(), 4 * (kLimit + seconds(5)));
+    EXPECT_LE(Passed(), 4 * (kRunLimit + seconds(5)));
 }
 
 class BusyNodeTime : public NodeTime, public testing::WithParamInterface<milliseconds> {};
@@ -85,7 +86,7 @@ TEST_P(BusyNodeTime, EveryControllerBusyAfterATime_KeepsTheTimeOfTheRun) {
         AskStatus(node, {.time = GetParam(), .completionCode = 0xFF});
         Send(0, 0xC1, {});
     }
-    EXPECT_LE(Passed(), 4 * (kLimit + seconds(5)));
+    EXPECT_LE(Passed(), 4 * (kRunLimit + seconds(5)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Times, BusyNodeTime,

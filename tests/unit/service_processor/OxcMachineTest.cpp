@@ -10,7 +10,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr std::chrono::milliseconds kLimit{1000};
+constexpr std::chrono::milliseconds kProductLimit{1000};
 
 // The simulated controller names itself manufacturer 0, product 0.
 const std::vector<ControllerProduct> kListWithIt = {{.manufacturer = 1, .product = 2}, {}};
@@ -40,35 +40,35 @@ TEST_F(OxcMachine, List_ComparesManufacturerAndProduct) {
 
 TEST_F(OxcMachine, YesAndNo_AskNobody) {
     const ControllerSettings silent = Simulated(NodeWith([](auto& it) { it.answers = false; }));
-    EXPECT_TRUE(IsOxcMachine(true, silent, kLimit));
-    EXPECT_FALSE(IsOxcMachine(false, silent, kLimit));
+    EXPECT_TRUE(IsOxcMachine(true, silent, kProductLimit));
+    EXPECT_FALSE(IsOxcMachine(false, silent, kProductLimit));
     EXPECT_THAT(FakeDiagnostics::Lines(), IsEmpty());
 }
 
 TEST_F(OxcMachine, ListWithTheFirstController_IsYes) {
-    EXPECT_TRUE(IsOxcMachine(kListWithIt, Simulated({}), kLimit));
+    EXPECT_TRUE(IsOxcMachine(kListWithIt, Simulated({}), kProductLimit));
 }
 
 TEST_F(OxcMachine, ListWithoutTheFirstController_IsNo) {
-    EXPECT_FALSE(IsOxcMachine(kListWithoutIt, Simulated({}), kLimit));
+    EXPECT_FALSE(IsOxcMachine(kListWithoutIt, Simulated({}), kProductLimit));
 }
 
 TEST_F(OxcMachine, ControllerThatHasAnswered_IsNotAskedAgain) {
-    IsOxcMachine(kListWithIt, Simulated({}), kLimit);
+    IsOxcMachine(kListWithIt, Simulated({}), kProductLimit);
     FakeDiagnostics::Reset();
-    EXPECT_TRUE(IsOxcMachine(kListWithIt, Simulated({}), kLimit));
+    EXPECT_TRUE(IsOxcMachine(kListWithIt, Simulated({}), kProductLimit));
     EXPECT_THAT(FakeDiagnostics::Lines(), IsEmpty());
 }
 
 TEST_F(OxcMachine, ControllerThatIsNotPresent_IsNo) {
-    EXPECT_FALSE(IsOxcMachine(kListWithIt,
-                              Simulated(NodeWith([](auto& it) { it.present = false; })), kLimit));
+    EXPECT_FALSE(IsOxcMachine(
+        kListWithIt, Simulated(NodeWith([](auto& it) { it.present = false; })), kProductLimit));
 }
 
 TEST_F(OxcMachine, SilentController_IsNoAndLogged) {
     ControllerSettings controller;
     controller.device = "/nonexistent/ipmi0";
-    EXPECT_FALSE(IsOxcMachine(kListWithIt, controller, kLimit));
+    EXPECT_FALSE(IsOxcMachine(kListWithIt, controller, kProductLimit));
     EXPECT_THAT(FakeDiagnostics::Texts(NQUVZDX20::kLogError),
                 ElementsAre(testing::StartsWith(
                     "SP: node 0 (inband /nonexistent/ipmi0): network function 0x06, command 0x01: "

@@ -2,6 +2,7 @@
 #include <platform/service_processor/SimulatedTransport.h>
 
 #include "NodeWith.h"
+#include "Requests.h"
 #include "TroubleOf.h"
 
 namespace platform {
@@ -11,11 +12,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr TimeAllowance kLimit = WholeAllowance(std::chrono::milliseconds(1000));
-
-const IpmiRequest kStatus = {.netFn = kOemNetFn, .lun = 0, .command = kI2cBusStatus};
-const IpmiRequest kGeneration = {.netFn = kOemNetFn, .lun = 0, .command = kControllerGeneration};
-const IpmiRequest kDeviceId = {.netFn = kAppNetFn, .lun = 0, .command = kGetDeviceId};
+constexpr TimeAllowance kAllowance = WholeAllowance(std::chrono::milliseconds(1000));
 
 class SimulatedTransportTest : public testing::Test {
 protected:
@@ -23,7 +20,7 @@ protected:
                    int generation = 1) {
         SimulatedTransport transport(std::make_shared<SimulatedNode>(node), generation, number,
                                      counts);
-        return transport.Send(request, kLimit);
+        return transport.Send(request, kAllowance);
     }
 
     RequestCounts counts;
@@ -93,10 +90,10 @@ TEST_F(SimulatedTransportTest, CountsOfTheProcess_OutliveTransports) {
     constexpr int kNumberOfNoOtherTest = 4711;
 
     EXPECT_EQ(
-        SimulatedTransport(node, 1, kNumberOfNoOtherTest).Send(kStatus, kLimit).completionCode,
+        SimulatedTransport(node, 1, kNumberOfNoOtherTest).Send(kStatus, kAllowance).completionCode,
         0xFF);
     EXPECT_EQ(
-        SimulatedTransport(node, 1, kNumberOfNoOtherTest).Send(kStatus, kLimit).completionCode,
+        SimulatedTransport(node, 1, kNumberOfNoOtherTest).Send(kStatus, kAllowance).completionCode,
         0x00);
 }
 

@@ -1,17 +1,15 @@
 #include <gtest/gtest.h>
 #include <platform/service_processor/TimeShare.h>
 
+#include "Requests.h"
+
 namespace platform {
 namespace {
 
 using std::chrono::milliseconds;
 using std::chrono::seconds;
 
-constexpr seconds kLimit{4};
-
-const IpmiRequest kStatus = {.netFn = kOemNetFn, .lun = 0, .command = kI2cBusStatus};
-const IpmiRequest kGeneration = {.netFn = kOemNetFn, .lun = 0, .command = kControllerGeneration};
-const IpmiRequest kDeviceId = {.netFn = kAppNetFn, .lun = 0, .command = kGetDeviceId};
+constexpr seconds kNodeLimit{4};
 
 constexpr bool kBusy = true;
 constexpr bool kNotBusy = false;
@@ -20,7 +18,7 @@ class TimeShareTest : public testing::Test {
 protected:
     // What a command that takes `time` may take.
     milliseconds Total(int node, const IpmiRequest& request, milliseconds time = {},
-                       bool isBusy = kNotBusy, milliseconds limit = kLimit) {
+                       bool isBusy = kNotBusy, milliseconds limit = kNodeLimit) {
         const TimeAllowance allowance = share.Begin(node, request, limit, now);
         now += time;
         share.End(isBusy, now);
@@ -32,7 +30,7 @@ protected:
 };
 
 TEST_F(TimeShareTest, FirstCommand_HasTheLimitAndThePause) {
-    const TimeAllowance allowance = share.Begin(0, kStatus, kLimit, now);
+    const TimeAllowance allowance = share.Begin(0, kStatus, kNodeLimit, now);
     EXPECT_EQ(allowance.silence, seconds(4));
     EXPECT_EQ(allowance.total, milliseconds(8750));
 }
@@ -46,7 +44,7 @@ TEST_F(TimeShareTest, SecondStatusAfterABusyAnswer_HasTheRest) {
 TEST_F(TimeShareTest, RestBelowTheLimit_IsTheLongestSilence) {
     Total(0, kStatus, milliseconds(1000), kBusy);
     now += seconds(5);
-    EXPECT_EQ(share.Begin(0, kStatus, kLimit, now).silence, milliseconds(2750));
+    EXPECT_EQ(share.Begin(0, kStatus, kNodeLimit, now).silence, milliseconds(2750));
 }
 
 TEST_F(TimeShareTest, ThirdStatusAfterTwoBusyAnswers_IsOfAnotherRun) {
@@ -113,17 +111,17 @@ TEST_F(TimeShareTest, QuestionLongBeforeTheStatus_DoesNotCount) {
 }
 
 TEST_F(TimeShareTest, PauseAfterABusyAnswer_MustFit) {
-    share.Begin(0, kStatus, kLimit, now);
+    share.Begin(0, kStatus, kNodeLimit, now);
     EXPECT_TRUE(share.End(kBusy, now + milliseconds(3750)));
     now += seconds(60);
-    share.Begin(0, kStatus, kLimit, now);
+    share.Begin(0, kStatus, kNodeLimit, now);
     EXPECT_FALSE(share.End(kBusy, now + milliseconds(3751)));
 }
 
 TEST_F(TimeShareTest, NoPauseFollowsTheSecondBusyAnswer) {
     Total(0, kStatus, milliseconds(1000), kBusy);
     now += seconds(5);
-    share.Begin(0, kStatus, kLimit, now);
+    share.Begin(0, kStatus, kNodeLimit, now);
     EXPECT_TRUE(share.End(kBusy, now + milliseconds(2750)));
 }
 

@@ -141,11 +141,12 @@ Status Host::DeleteInstance(const ObjectPath& instancePath) {
 
 InstancesResult Host::Associators(const ObjectPath& source, const std::string& associationClass,
                                   const std::string& resultClass, const std::string& role,
-                                  const std::string& resultRole) {
+                                  const std::string& resultRole,
+                                  const std::vector<std::string>* properties) {
     return Answered<InstancesResult>([&](InstancesResult& answer) {
         answer.instances = state->associations.Associators(
             ClientContext(source.nameSpace),
-            {source, associationClass, resultClass, role, resultRole}, nullptr);
+            {source, associationClass, resultClass, role, resultRole}, properties);
     });
 }
 
@@ -160,11 +161,12 @@ NamesResult Host::AssociatorNames(const ObjectPath& source, const std::string& a
 }
 
 InstancesResult Host::References(const ObjectPath& source, const std::string& resultClass,
-                                 const std::string& role) {
+                                 const std::string& role,
+                                 const std::vector<std::string>* properties) {
     return Answered<InstancesResult>([&](InstancesResult& answer) {
         answer.instances = state->associations.References(
             ClientContext(source.nameSpace),
-            {.source = source, .associationClass = resultClass, .role = role}, nullptr);
+            {.source = source, .associationClass = resultClass, .role = role}, properties);
     });
 }
 
@@ -188,6 +190,8 @@ MethodResult Host::InvokeMethod(const ObjectPath& target, const std::string& met
 }
 
 const mof::Schema& Host::Schema() const { return state->classes.Schema(); }
+
+const ClassRepository& Host::Classes() const { return state->classes; }
 
 const std::vector<Registration>& Host::Registrations() const { return state->registrations; }
 

@@ -11,6 +11,7 @@
 #include <host/Value.h>
 #include <host/loading/LoadError.h>
 #include <host/loading/Registration.h>
+#include <host/schema/ClassRepository.h>
 #include <mof/Model.h>
 
 #include <memory>
@@ -73,18 +74,21 @@ public:
     Status DeleteInstance(const ObjectPath& instancePath);
     InstancesResult Associators(const ObjectPath& source, const std::string& associationClass,
                                 const std::string& resultClass, const std::string& role,
-                                const std::string& resultRole);
+                                const std::string& resultRole,
+                                const std::vector<std::string>* properties = nullptr);
     NamesResult AssociatorNames(const ObjectPath& source, const std::string& associationClass,
                                 const std::string& resultClass, const std::string& role,
                                 const std::string& resultRole);
     InstancesResult References(const ObjectPath& source, const std::string& resultClass,
-                               const std::string& role);
+                               const std::string& role,
+                               const std::vector<std::string>* properties = nullptr);
     NamesResult ReferenceNames(const ObjectPath& source, const std::string& resultClass,
                                const std::string& role);
     MethodResult InvokeMethod(const ObjectPath& target, const std::string& method,
                               const std::vector<NamedValue>& arguments);
 
     const mof::Schema& Schema() const;
+    const ClassRepository& Classes() const;
     const std::vector<Registration>& Registrations() const;
 
 private:

@@ -1,6 +1,6 @@
+#include <host/NumberText.h>
 #include <host/Value.h>
 
-#include <charconv>
 #include <optional>
 #include <string_view>
 
@@ -67,18 +67,9 @@ private:
         const std::string text = Take(rest.find(','));
         if (text == "true" || text == "TRUE") return Value{CMPI_boolean, true};
         if (text == "false" || text == "FALSE") return Value{CMPI_boolean, false};
-        if (const auto number = ReadNumber<std::uint64_t>(text)) return Value{CMPI_uint64, *number};
-        if (const auto number = ReadNumber<std::int64_t>(text)) return Value{CMPI_sint64, *number};
+        if (const auto number = NumberIn<std::uint64_t>(text)) return Value{CMPI_uint64, *number};
+        if (const auto number = NumberIn<std::int64_t>(text)) return Value{CMPI_sint64, *number};
         return std::nullopt;
-    }
-
-    template <class Number>
-    static std::optional<Number> ReadNumber(const std::string& text) {
-        Number number{};
-        const char* const end = text.data() + text.size();
-        const auto read = std::from_chars(text.data(), end, number);
-        if (read.ec != std::errc{} || read.ptr != end) return std::nullopt;
-        return number;
     }
 
     std::string_view rest;

@@ -10,9 +10,11 @@ namespace host {
 namespace {
 
 PropertyInfo MakeProperty(const mof::Schema& schema, const mof::Class& cls,
-                          const mof::Property& property) {
+                          const mof::Inherited<mof::Property>& inherited) {
+    const mof::Property& property = *inherited.member;
     PropertyInfo info;
     info.name = property.name;
+    info.origin = inherited.origin->name;
     info.type = TypeOf(property.type);
     info.isKey = mof::IsKey(schema, cls, property.name);
     info.isEmbedded = mof::HasFlag(property.qualifiers, "EmbeddedObject") ||
@@ -26,7 +28,7 @@ std::unique_ptr<ClassInfo> MakeClass(const mof::Schema& schema, const mof::Class
     auto info = std::make_unique<ClassInfo>();
     info->declaration = &cls;
     for (const auto& property : mof::AllProperties(schema, cls))
-        info->properties.push_back(MakeProperty(schema, cls, *property.member));
+        info->properties.push_back(MakeProperty(schema, cls, property));
     info->isAssociation = mof::HasFlag(cls.qualifiers, "Association");
     return info;
 }

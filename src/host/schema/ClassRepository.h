@@ -17,6 +17,7 @@ struct PropertyInfo {
     CMPIType type = CMPI_null;
     bool isKey = false;
     bool isEmbedded = false;     // a string that holds an instance
+    std::string origin;          // the class that introduced it
     std::string referenceClass;  // of a reference, else empty
     Value defaultValue;          // NULL when the class declares none
 

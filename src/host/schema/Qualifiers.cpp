@@ -30,15 +30,16 @@ bool IsRestricted(const mof::QualifierDeclaration* declaration) {
                        [](const auto& flavor) { return mof::SameName(flavor, "Restricted"); });
 }
 
+}  // namespace
+
 // A qualifier that stands without a value is a flag that is set.
-Value ValueOf(const mof::Qualifier& qualifier, const mof::QualifierDeclaration* declaration) {
+Value QualifierValue(const mof::Qualifier& qualifier,
+                     const mof::QualifierDeclaration* declaration) {
     const Value shown = FromLiteral(qualifier.value);
     const CMPIType type = declaration ? TypeOf(declaration->type) : shown.type;
     if (shown.IsNull() && (type == CMPI_boolean || type == CMPI_null)) return {CMPI_boolean, true};
     return FromLiteral(qualifier.value, type);
 }
-
-}  // namespace
 
 Value QualifierValue(const ClassRepository& classes, const std::string& className,
                      const QualifierPlace& place, const std::string& qualifier) {
@@ -48,7 +49,7 @@ Value QualifierValue(const ClassRepository& classes, const std::string& classNam
     for (const ClassInfo* level = cls; level; level = level->superClass) {
         if (const auto* qualifiers = OwnQualifiers(*level->declaration, place))
             if (const auto* found = mof::FindQualifier(*qualifiers, qualifier))
-                return ValueOf(*found, declaration);
+                return QualifierValue(*found, declaration);
         if (IsRestricted(declaration)) break;
     }
     throw Failure(CMPI_RC_ERR_NOT_FOUND,

@@ -22,4 +22,8 @@ struct QualifierPlace {
 Value QualifierValue(const ClassRepository& classes, const std::string& className,
                      const QualifierPlace& place, const std::string& qualifier);
 
+// The value of a qualifier that stands somewhere. `declaration` may be null: then the value shows
+// its type.
+Value QualifierValue(const mof::Qualifier& qualifier, const mof::QualifierDeclaration* declaration);
+
 }  // namespace host

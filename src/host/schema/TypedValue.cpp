@@ -1,8 +1,8 @@
+#include <host/NumberText.h>
 #include <host/schema/DateTimeText.h>
 #include <host/schema/TypedValue.h>
 #include <mof/Names.h>
 
-#include <charconv>
 #include <limits>
 #include <type_traits>
 #include <utility>
@@ -10,15 +10,6 @@
 namespace host {
 
 namespace {
-
-template <class Number>
-std::optional<Number> ReadNumber(const std::string& text) {
-    Number number{};
-    const char* const end = text.data() + text.size();
-    const auto read = std::from_chars(text.data(), end, number);
-    if (text.empty() || read.ec != std::errc{} || read.ptr != end) return std::nullopt;
-    return number;
-}
 
 // The value as a number of the type that stores `Limits`, if it lies within the limits.
 template <class Limits>
@@ -31,7 +22,7 @@ std::optional<Value::Data> AsInteger(const Value::Data& data) {
     if (const auto* number = std::get_if<std::int64_t>(&data)) return within(*number);
     if (const auto* number = std::get_if<std::uint64_t>(&data)) return within(*number);
     if (const auto* text = std::get_if<std::string>(&data))
-        if (const auto number = ReadNumber<Stored>(*text)) return within(*number);
+        if (const auto number = NumberIn<Stored>(*text)) return within(*number);
     return std::nullopt;
 }
 
@@ -39,7 +30,7 @@ std::optional<Value::Data> AsReal(const Value::Data& data) {
     if (const auto* real = std::get_if<double>(&data)) return *real;
     if (const auto* number = std::get_if<std::int64_t>(&data)) return static_cast<double>(*number);
     if (const auto* number = std::get_if<std::uint64_t>(&data)) return static_cast<double>(*number);
-    if (const auto* text = std::get_if<std::string>(&data)) return ReadNumber<double>(*text);
+    if (const auto* text = std::get_if<std::string>(&data)) return NumberIn<double>(*text);
     return std::nullopt;
 }
 

@@ -90,6 +90,18 @@ TEST_F(AssociationRequestsTest, AllAssociationClasses_AreAsked_FailingOnesAreLef
               "neither asked for nor enumerated.");
 }
 
+TEST_F(AssociationRequestsTest, PropertyList_ChoosesPropertiesOfEndsAndLinks) {
+    const std::vector<std::string> list{"caption", "TO"};
+    const auto ends = host.Associators(one, "T_Refused", "", "", "", &list);
+    ASSERT_EQ(ends.instances.size(), 1U);
+    ASSERT_EQ(ends.instances[0].properties.size(), 1U);
+    EXPECT_EQ(ends.instances[0].properties[0].name, "Caption");
+    const auto links = host.References(one, "T_Refused", "", &list);
+    ASSERT_EQ(links.instances.size(), 1U);
+    ASSERT_EQ(links.instances[0].properties.size(), 1U);
+    EXPECT_EQ(links.instances[0].properties[0].name, "To");
+}
+
 TEST_F(AssociationRequestsTest, NamedFailingClass_Fails) {
     EXPECT_THAT(host.AssociatorNames(one, "T_Failing", "", "", "").status,
                 IsFailure(CMPI_RC_ERR_FAILED, "An end of the link is missing."));

@@ -42,6 +42,12 @@ TEST_F(ClassRepositoryTest, Properties_StandInClassOrder) {
     EXPECT_FALSE(thing.FindProperty("Code"));
 }
 
+TEST_F(ClassRepositoryTest, Properties_KnowTheClassThatIntroducedThem) {
+    const ClassInfo& widget = *classes.Find("T_Widget");
+    EXPECT_EQ(widget.FindProperty("Name")->origin, "T_Element");
+    EXPECT_EQ(widget.FindProperty("U16")->origin, "T_Thing");
+}
+
 TEST_F(ClassRepositoryTest, DefaultValues_AreTypedByTheProperty) {
     const ClassInfo& thing = *classes.Find("T_Thing");
     EXPECT_EQ(thing.FindProperty("S32")->defaultValue.type, CMPI_sint32);

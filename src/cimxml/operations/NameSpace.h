@@ -1,0 +1,49 @@
+// A CIM name space: its classes, and where its instances come from.
+#pragma once
+
+#include <host/Host.h>
+#include <host/requests/AssociationQuery.h>
+#include <host/requests/ProviderCall.h>
+#include <host/schema/ClassRepository.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace cimxml {
+
+class NameSpace {
+public:
+    explicit NameSpace(std::string itsName) : name(std::move(itsName)) {}
+    virtual ~NameSpace() = default;
+    NameSpace(const NameSpace&) = delete;
+    NameSpace& operator=(const NameSpace&) = delete;
+
+    const std::string name;
+
+    virtual const host::ClassRepository& Classes() const = 0;
+
+    // Requests, from several threads at once. Paths lie in this name space and name classes that
+    // it has; `properties` is null for all.
+    virtual host::InstancesResult EnumerateInstances(const host::ObjectPath& classPath,
+                                                     host::PropertyList properties) const = 0;
+    virtual host::NamesResult EnumerateInstanceNames(const host::ObjectPath& classPath) const = 0;
+    virtual host::InstancesResult GetInstance(const host::ObjectPath& path,
+                                              host::PropertyList properties) const = 0;
+    virtual host::InstancesResult Associators(const host::AssociationQuery& query,
+                                              host::PropertyList properties) const = 0;
+    virtual host::NamesResult AssociatorNames(const host::AssociationQuery& query) const = 0;
+    virtual host::InstancesResult References(const host::AssociationQuery& query,
+                                             host::PropertyList properties) const = 0;
+    virtual host::NamesResult ReferenceNames(const host::AssociationQuery& query) const = 0;
+    virtual host::MethodResult InvokeMethod(
+        const host::ObjectPath& target, const std::string& method,
+        const std::vector<host::NamedValue>& arguments) const = 0;
+};
+
+using NameSpaces = std::vector<std::unique_ptr<const NameSpace>>;
+
+// Those that the host's providers serve.
+NameSpaces ProviderNameSpaces(host::Host& host);
+
+}  // namespace cimxml

@@ -1,0 +1,158 @@
+#include "OperationsFixture.h"
+
+namespace cimxml {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+class InstanceOperationsTest : public OperationsTest {
+protected:
+    static constexpr const char* kThree =
+        "<INSTANCENAME CLASSNAME=\"T_Widget\"><KEYBINDING NAME=\"Name\">"
+        "<KEYVALUE VALUETYPE=\"string\">three</KEYVALUE></KEYBINDING></INSTANCENAME>";
+
+    static Parameter Object(const std::string& name) {
+        return {"ObjectName", host::ObjectPath{"", "T_Thing", {{"name", {CMPI_string, name}}}}};
+    }
+};
+
+TEST_F(InstanceOperationsTest, Instances_OfABaseClass_AreThoseOfAllThatDerive) {
+    EXPECT_THAT(All(Call("EnumerateInstances", {Class("t_thing")}), "INSTANCE", "CLASSNAME"),
+                ElementsAre("T_Thing", "T_Thing", "T_Widget"));
+    EXPECT_THAT(
+        All(Call("EnumerateInstanceNames", {Class("t_thing")}), "INSTANCENAME", "CLASSNAME"),
+        ElementsAre("T_Thing", "T_Thing", "T_Widget"));
+}
+
+TEST_F(InstanceOperationsTest, ClassThatNobodyServes_HasNone) {
+    EXPECT_EQ(Call("EnumerateInstances", {Class("T_Orphan")}), "<IRETURNVALUE></IRETURNVALUE>");
+    EXPECT_EQ(Call("EnumerateInstanceNames", {Class("T_Orphan")}), "<IRETURNVALUE></IRETURNVALUE>");
+}
+
+TEST_F(InstanceOperationsTest, UnknownClass_IsInvalid) {
+    EXPECT_EQ(ErrorIn(Call("EnumerateInstances", {Class("T_No")})),
+              "5: There is no class 'T_No' in the name space 'root/test'.");
+}
+
+TEST_F(InstanceOperationsTest, Instance_HasNameAndListedProperties) {
+    EXPECT_EQ(Call("EnumerateInstances", {Class("T_Widget"), List({"caption", "U8"})}),
+              "<IRETURNVALUE><VALUE.NAMEDINSTANCE>" + std::string(kThree) +
+                  "<INSTANCE CLASSNAME=\"T_Widget\">"
+                  "<PROPERTY NAME=\"Caption\" TYPE=\"string\"><VALUE>third</VALUE></PROPERTY>"
+                  "<PROPERTY NAME=\"U8\" TYPE=\"uint8\"></PROPERTY>"
+                  "</INSTANCE></VALUE.NAMEDINSTANCE></IRETURNVALUE>");
+}
+
+TEST_F(InstanceOperationsTest, EmptyPropertyList_LeavesTheName) {
+    EXPECT_EQ(Call("EnumerateInstances", {Class("T_Widget"), List({})}),
+              "<IRETURNVALUE><VALUE.NAMEDINSTANCE>" + std::string(kThree) +
+                  "<INSTANCE CLASSNAME=\"T_Widget\"></INSTANCE></VALUE.NAMEDINSTANCE>"
+                  "</IRETURNVALUE>");
+}
+
+TEST_F(InstanceOperationsTest, ShallowInheritance_LeavesOutWhatSubclassesAdd) {
+    const auto shallow =
+        Call("EnumerateInstances", {Class("T_Element"), Flag("DeepInheritance", false)});
+    EXPECT_THAT(shallow, HasSubstr(kThree));
+    EXPECT_THAT(shallow, HasSubstr("NAME=\"Caption\""));
+    EXPECT_THAT(shallow, Not(HasSubstr("NAME=\"U16\"")));
+    EXPECT_THAT(Call("EnumerateInstances", {Class("T_Element")}), HasSubstr("NAME=\"U16\""));
+}
+
+TEST_F(InstanceOperationsTest, LocalOnly_LeavesWhatTheClassItselfDeclares) {
+    EXPECT_THAT(All(Call("EnumerateInstances", {Class("T_Numbered"), Flag("LocalOnly", true)}),
+                    "PROPERTY", "NAME"),
+                ElementsAre("Number"));
+    EXPECT_THAT(All(Call("EnumerateInstances", {Class("T_Numbered")}), "PROPERTY", "NAME"),
+                ElementsAre("Name", "Caption", "Number"));
+}
+
+TEST_F(InstanceOperationsTest, OriginAndQualifiers_ComeWhenAskedFor) {
+    EXPECT_EQ(Call("EnumerateInstances", {Class("T_Numbered"), Flag("IncludeClassOrigin", true),
+                                          Flag("IncludeQualifiers", true), List({"Number"})}),
+              "<IRETURNVALUE><VALUE.NAMEDINSTANCE><INSTANCENAME CLASSNAME=\"T_Numbered\">"
+              "<KEYBINDING NAME=\"Name\"><KEYVALUE VALUETYPE=\"string\">four</KEYVALUE>"
+              "</KEYBINDING><KEYBINDING NAME=\"Number\"><KEYVALUE VALUETYPE=\"numeric\">44"
+              "</KEYVALUE></KEYBINDING></INSTANCENAME><INSTANCE CLASSNAME=\"T_Numbered\">"
+              "<QUALIFIER NAME=\"Description\" TYPE=\"string\" PROPAGATED=\"true\" "
+              "TRANSLATABLE=\"true\"><VALUE>Anything with a name.</VALUE></QUALIFIER>"
+              "<PROPERTY NAME=\"Number\" TYPE=\"uint32\" CLASSORIGIN=\"T_Numbered\">"
+              "<QUALIFIER NAME=\"Key\" TYPE=\"boolean\" OVERRIDABLE=\"false\"><VALUE>TRUE</VALUE>"
+              "</QUALIFIER><VALUE>44</VALUE></PROPERTY></INSTANCE></VALUE.NAMEDINSTANCE>"
+              "</IRETURNVALUE>");
+}
+
+TEST_F(InstanceOperationsTest, GetInstance_IsTheProvidersAnswer) {
+    const auto get = [&](const host::ObjectPath& path) {
+        return Call("GetInstance", {{"InstanceName", path}, List({"Caption"})});
+    };
+    EXPECT_EQ(get({"", "T_THING", {{"NAME", {CMPI_string, std::string("two")}}}}),
+              "<IRETURNVALUE><INSTANCE CLASSNAME=\"T_Thing\"><PROPERTY NAME=\"Caption\" "
+              "TYPE=\"string\"><VALUE>second</VALUE></PROPERTY></INSTANCE></IRETURNVALUE>");
+    EXPECT_EQ(ErrorIn(get({"", "T_Thing", {{"Name", {CMPI_string, std::string("TWO")}}}})),
+              "6: There is no instance 'root/test:T_Thing.Name=\"TWO\"'.");
+    EXPECT_EQ(ErrorIn(get({"", "T_Orphan", {}})),
+              "7: No provider serves the class 'T_Orphan' in the name space 'root/test'.");
+    EXPECT_EQ(ErrorIn(get({"", "T_No", {}})),
+              "5: There is no class 'T_No' in the name space 'root/test'.");
+}
+
+TEST_F(InstanceOperationsTest, KeyWithoutName_IsTheOnlyOne) {
+    const host::ObjectPath path{"", "T_Thing", {{"", {CMPI_string, std::string("two")}}}};
+    EXPECT_THAT(Call("GetInstance", {{"InstanceName", path}}), HasSubstr("second"));
+    const host::ObjectPath several{"", "T_Numbered", {{"", {CMPI_uint64, std::uint64_t{44}}}}};
+    EXPECT_EQ(ErrorIn(Call("GetInstance", {{"InstanceName", several}})),
+              "4: A key value without a name does not say which key of the class 'T_Numbered' "
+              "it is.");
+    const host::ObjectPath none{"", "T_Base", {{"", {CMPI_uint64, std::uint64_t{44}}}}};
+    EXPECT_EQ(ErrorIn(Call("GetInstance", {{"InstanceName", none}})),
+              "4: The class 'T_Base' has no keys.");
+}
+
+TEST_F(InstanceOperationsTest, Associators_HavePathsOnThisServer) {
+    EXPECT_EQ(
+        Call("Associators", {Object("one"), Class("T_Refused", "AssocClass"), List({"Caption"})}),
+        "<IRETURNVALUE><VALUE.OBJECTWITHPATH><INSTANCEPATH><NAMESPACEPATH>"
+        "<HOST>server:5988</HOST><LOCALNAMESPACEPATH><NAMESPACE NAME=\"root\"/>"
+        "<NAMESPACE NAME=\"test\"/></LOCALNAMESPACEPATH></NAMESPACEPATH>" +
+            std::string(kThree) +
+            "</INSTANCEPATH><INSTANCE CLASSNAME=\"T_Widget\"><PROPERTY NAME=\"Caption\" "
+            "TYPE=\"string\"><VALUE>third</VALUE></PROPERTY></INSTANCE>"
+            "</VALUE.OBJECTWITHPATH></IRETURNVALUE>");
+}
+
+TEST_F(InstanceOperationsTest, AssociatorNames_FollowRoles) {
+    const auto names = [&](const std::string& role) {
+        return All(Call("AssociatorNames",
+                        {Object("one"), Class("T_Refused", "AssocClass"), {"Role", role}}),
+                   "INSTANCENAME", "CLASSNAME");
+    };
+    EXPECT_THAT(names("FROM"), ElementsAre("T_Widget"));
+    EXPECT_THAT(names("To"), IsEmpty());
+}
+
+TEST_F(InstanceOperationsTest, References_HoldTheSource) {
+    EXPECT_THAT(All(Call("References", {Object("one"), Class("T_Refused", "ResultClass")}),
+                    "PROPERTY.REFERENCE", "NAME"),
+                ElementsAre("From", "To"));
+    const auto names = Call("ReferenceNames", {Object("one"), Class("T_Refused", "ResultClass")});
+    EXPECT_THAT(names, HasSubstr("<OBJECTPATH><INSTANCEPATH>"));
+    EXPECT_THAT(All(names, "KEYBINDING", "NAME"), ElementsAre("From", "Name", "To", "Name"));
+}
+
+TEST_F(InstanceOperationsTest, AssociationsOfClasses_AreNotSupported) {
+    for (const char* operation : {"Associators", "AssociatorNames", "References", "ReferenceNames"})
+        EXPECT_EQ(ErrorIn(Call(operation, {Class("T_Thing", "ObjectName")})),
+                  "7: This server follows associations of instances, not of classes.");
+}
+
+TEST_F(InstanceOperationsTest, UnknownAssociationClass_IsInvalid) {
+    EXPECT_EQ(ErrorIn(Call("Associators", {Object("one"), Class("T_No", "AssocClass")})),
+              "4: The association class 'T_No' does not exist.");
+}
+
+}  // namespace
+}  // namespace cimxml

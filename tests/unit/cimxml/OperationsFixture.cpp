@@ -1,0 +1,68 @@
+#include "OperationsFixture.h"
+
+#include <pugixml.hpp>
+
+namespace cimxml {
+
+namespace {
+
+// What is inside the response's innermost envelope.
+std::string Inside(const std::string& document) {
+    constexpr std::string_view kHead =
+        "<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n<CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
+        "<MESSAGE ID=\"42\" PROTOCOLVERSION=\"1.0\"><SIMPLERSP><";
+    constexpr std::string_view kTail = "METHODRESPONSE></SIMPLERSP></MESSAGE></CIM>";
+    EXPECT_TRUE(document.starts_with(kHead)) << document;
+    EXPECT_TRUE(document.ends_with(kTail)) << document;
+    const auto begin = document.find('>', kHead.size()) + 1;
+    return document.substr(begin, document.rfind("</", document.size() - kTail.size()) - begin);
+}
+
+}  // namespace
+
+Operations OperationsTest::MakeOperations() {
+    return Operations(ProviderNameSpaces(host));
+}
+
+std::string OperationsTest::Call(const std::string& operation, std::vector<Parameter> parameters,
+                                 const std::string& nameSpace) const {
+    return Inside(operations.Answer({.messageId = "42",
+                                     .isIntrinsic = true,
+                                     .method = operation,
+                                     .nameSpace = nameSpace,
+                                     .parameters = std::move(parameters)},
+                                    "server:5988"));
+}
+
+std::string OperationsTest::Invoke(const host::ObjectPath& target, const std::string& method,
+                                   std::vector<host::NamedValue> arguments) const {
+    return Inside(operations.Answer({.messageId = "42",
+                                     .isIntrinsic = false,
+                                     .method = method,
+                                     .nameSpace = target.nameSpace,
+                                     .parameters = {},
+                                     .target = target,
+                                     .arguments = std::move(arguments)},
+                                    "server:5988"));
+}
+
+std::vector<std::string> OperationsTest::All(const std::string& xml, const std::string& element,
+                                             const std::string& attribute) {
+    pugi::xml_document document;
+    EXPECT_TRUE(document.load_string(xml.c_str())) << xml;
+    std::vector<std::string> values;
+    for (const auto& found : document.select_nodes(("//" + element + "/@" + attribute).c_str()))
+        values.emplace_back(found.attribute().value());
+    return values;
+}
+
+std::string OperationsTest::ErrorIn(const std::string& xml) {
+    const auto codes = All(xml, "ERROR", "CODE");
+    return codes.empty() ? "" : codes[0] + ": " + All(xml, "ERROR", "DESCRIPTION")[0];
+}
+
+host::ObjectPath OperationsTest::Thing(const std::string& name) {
+    return {"root/test", "T_Thing", {{"Name", {CMPI_string, name}}}};
+}
+
+}  // namespace cimxml

@@ -17,6 +17,7 @@ EXPECTED = {
     "share/bmci2c/schema/bmci2c-published.mof",
     "share/bmci2c/schema/bmci2c.mof",
     "share/bmci2c/schema/bmci2c.reg",
+    "share/bmci2c/schema/interop.mof",
     "share/doc/bmci2c/deployment.md",
     "share/doc/bmci2c/troubleshooting.md",
     "share/man/man1/bmci2c.1",

@@ -21,7 +21,9 @@ std::string Inside(const std::string& document) {
 }  // namespace
 
 Operations OperationsTest::MakeOperations() {
-    return Operations(ProviderNameSpaces(host));
+    NameSpaces all = ProviderNameSpaces(host);
+    all.push_back(InteropNameSpace(INTEROP_SCHEMA, "1.2.3", {"root/test", "root/other"}));
+    return Operations(std::move(all));
 }
 
 std::string OperationsTest::Call(const std::string& operation, std::vector<Parameter> parameters,

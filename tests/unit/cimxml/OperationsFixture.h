@@ -1,6 +1,7 @@
-// The operations in front of a host with the host tests' module.
+// The operations in front of a host with the host tests' module, and of root/interop.
 #pragma once
 
+#include <cimxml/operations/InteropNameSpace.h>
 #include <cimxml/operations/Operations.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

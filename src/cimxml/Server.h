@@ -1,0 +1,54 @@
+// A CIM server: CIM-XML over HTTP in front of the embedded host.
+//
+//     cimxml::Server server({.listen = "127.0.0.1:5988", .interopSchema = "…/interop.mof"}, host,
+//     log); std::cout << server.Url() << std::endl; server.Run();  // until another thread calls
+//     Stop()
+#pragma once
+
+#include <cimxml/SetupError.h>
+#include <cimxml/http/Limits.h>
+#include <host/Host.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace cimxml {
+
+struct ServerOptions {
+    std::string listen = "127.0.0.1:5988";  // port 0: any free one
+    std::string certificate = {};           // with key: TLS
+    std::string key = {};
+    std::string passwordFile = {};  // empty: everybody may send requests
+    std::string interopSchema = {};
+    std::string version = {};  // what the object manager says that it is
+    Limits limits = {};
+};
+
+class Server {
+public:
+    // Listens at the address. Clients of other machines are served only through TLS and by
+    // password. `log` takes lines, from several threads at once. The host must outlive the server.
+    // Throws SetupError and host::LoadError.
+    Server(const ServerOptions& options, host::Host& host,
+           std::function<void(const std::string&)> log);
+
+    // Waits for the requests under way.
+    ~Server();
+
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
+
+    // Where clients find the server, with the port that was chosen.
+    std::string Url() const;
+
+    // Answers requests until Stop() is called, from whichever thread.
+    void Run();
+    void Stop();
+
+private:
+    struct State;
+    const std::unique_ptr<State> state;
+};
+
+}  // namespace cimxml

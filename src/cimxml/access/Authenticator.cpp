@@ -1,0 +1,63 @@
+#include <cimxml/access/Authenticator.h>
+#include <mof/Names.h>
+#include <openssl/crypto.h>
+#include <openssl/evp.h>
+
+#include <utility>
+
+namespace cimxml {
+
+namespace {
+
+constexpr std::string_view kScheme = "Basic ";
+constexpr std::size_t kMostCredentials = 1024;  // characters; a hash of longer ones costs too much
+
+// The "user:password" of the header; empty when it holds none.
+std::string Decoded(std::string_view authorization) {
+    if (authorization.size() > kMostCredentials ||
+        !mof::SameName(authorization.substr(0, kScheme.size()), kScheme))
+        return {};
+    authorization.remove_prefix(kScheme.size());
+    std::string decoded(authorization.size(), '\0');
+    const int size = EVP_DecodeBlock(reinterpret_cast<unsigned char*>(decoded.data()),
+                                     reinterpret_cast<const unsigned char*>(authorization.data()),
+                                     static_cast<int>(authorization.size()));
+    if (size < 0) return {};
+    decoded.resize(static_cast<std::size_t>(size));
+    // Padding is decoded to NULs, which crypt() would end the password at.
+    return decoded.substr(0, decoded.find('\0'));
+}
+
+// The name without characters that could forge a line of a log.
+std::string Readable(std::string name) {
+    for (char& letter : name)
+        if (static_cast<unsigned char>(letter) < ' ' || letter == '\x7F') letter = '?';
+    return name;
+}
+
+}  // namespace
+
+Authenticator::Authenticator(std::vector<User> knownUsers) : users(std::move(knownUsers)) {}
+
+bool Authenticator::IsSame(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && CRYPTO_memcmp(a.data(), b.data(), a.size()) == 0;
+}
+
+Authenticator::Verdict Authenticator::Judge(const std::string& authorization) const {
+    const std::string credentials = Decoded(authorization);
+    const auto colon = credentials.find(':');
+    const std::string name = credentials.substr(0, colon);
+    const std::string password = colon == std::string::npos ? "" : credentials.substr(colon + 1);
+    // For a stranger the first user's hash is worked out, and the result is not used.
+    const User* judged = &users.front();
+    bool isKnown = false;
+    for (const User& user : users) {
+        const bool isIt = IsSame(user.name, name);
+        judged = isIt ? &user : judged;
+        isKnown = isKnown || isIt;
+    }
+    const bool isRight = IsSame(HashLike(password, judged->hash), judged->hash);
+    return {isKnown && isRight, Readable(name)};
+}
+
+}  // namespace cimxml

@@ -1,0 +1,58 @@
+#include <cimxml/access/Authenticator.h>
+#include <gtest/gtest.h>
+
+namespace cimxml {
+namespace {
+
+// SHA-512 with few rounds: quick, for tests.
+constexpr const char* kSettings = "$6$rounds=1000$saltsaltsalt$";
+
+class AuthenticatorTest : public testing::Test {
+protected:
+    const Authenticator authenticator{
+        {{"ann", HashLike("sesame", kSettings)}, {"bob", HashLike("open:up", kSettings)}}};
+
+    bool IsGranted(const std::string& authorization) const {
+        return authenticator.Judge(authorization).isGranted;
+    }
+};
+
+TEST_F(AuthenticatorTest, RightPassword_IsGranted) {
+    EXPECT_TRUE(IsGranted("Basic YW5uOnNlc2FtZQ=="));  // ann:sesame
+    EXPECT_TRUE(IsGranted("basic Ym9iOm9wZW46dXA="));  // bob:open:up
+    EXPECT_EQ(authenticator.Judge("Basic YW5uOnNlc2FtZQ==").user, "ann");
+}
+
+TEST_F(AuthenticatorTest, WrongPassword_IsRefused) {
+    EXPECT_FALSE(IsGranted("Basic YW5uOlNlc2FtZQ=="));  // ann:Sesame
+    EXPECT_FALSE(IsGranted("Basic YW5uOg=="));          // ann:
+    EXPECT_FALSE(IsGranted("Basic YW5u"));              // ann
+    EXPECT_FALSE(IsGranted("Basic Ym9iOnNlc2FtZQ=="));  // bob:sesame
+}
+
+TEST_F(AuthenticatorTest, Stranger_IsRefusedEvenWithAUsersPassword) {
+    const auto verdict = authenticator.Judge("Basic ZXZlOnNlc2FtZQ==");  // eve:sesame
+    EXPECT_FALSE(verdict.isGranted);
+    EXPECT_EQ(verdict.user, "eve");
+}
+
+TEST_F(AuthenticatorTest, WhatIsNotBasic_IsRefused) {
+    EXPECT_FALSE(IsGranted(""));
+    EXPECT_FALSE(IsGranted("Bearer YW5uOnNlc2FtZQ=="));
+    EXPECT_FALSE(IsGranted("Basic"));
+    EXPECT_FALSE(IsGranted("Basic !!!!"));
+    EXPECT_FALSE(IsGranted("Basic " + std::string(2000, 'A')));
+}
+
+TEST_F(AuthenticatorTest, ControlCharactersOfAName_AreNotLogged) {
+    EXPECT_EQ(authenticator.Judge("Basic YQpiOng=").user, "a?b");  // a, line break, b:x
+}
+
+TEST_F(AuthenticatorTest, Sameness_IsExact) {
+    EXPECT_TRUE(Authenticator::IsSame("a", "a"));
+    EXPECT_FALSE(Authenticator::IsSame("a", "A"));
+    EXPECT_FALSE(Authenticator::IsSame("a", "ab"));
+}
+
+}  // namespace
+}  // namespace cimxml

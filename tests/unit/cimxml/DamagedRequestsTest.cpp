@@ -1,0 +1,209 @@
+// Requests that are damaged at random; the same ones in every run.
+#include <cimxml/codec/ProtocolError.h>
+#include <cimxml/codec/RequestReader.h>
+#include <cimxml/http/CimHandler.h>
+#include <cimxml/http/Connection.h>
+#include <sys/socket.h>
+
+#include <array>
+#include <pugixml.hpp>
+#include <random>
+
+#include "OperationsFixture.h"
+#include "ScriptedStream.h"
+
+namespace cimxml {
+namespace {
+
+constexpr int kRounds = 2000;  // for each request
+
+class Damage {
+public:
+    std::string To(std::string text) {
+        for (std::size_t times = 1 + Below(3); times > 0; --times) Once(text);
+        return text;
+    }
+
+private:
+    static constexpr std::string_view kTroubles[] = {"<",
+                                                     ">",
+                                                     "\"",
+                                                     "&",
+                                                     "&#0;",
+                                                     "&#x110000;",
+                                                     "]]>",
+                                                     "<![CDATA[",
+                                                     "<!--",
+                                                     "<?",
+                                                     "<!DOCTYPE x [",
+                                                     "<VALUE.NULL/>",
+                                                     "\r\n",
+                                                     "\r\n\r\n",
+                                                     ":",
+                                                     "%",
+                                                     "-",
+                                                     "0",
+                                                     "99999999999999999999",
+                                                     "\r\nContent-Length: 1",
+                                                     "\r\nTransfer-Encoding: chunked",
+                                                     "\xFF",
+                                                     "\xED\xA0\x80"};
+
+    std::size_t Below(std::size_t end) { return random() % end; }
+
+    void Once(std::string& text) {
+        if (text.empty()) return;
+        const std::size_t at = Below(text.size());
+        const std::size_t length = Below(60);
+        switch (Below(5)) {
+            case 0:
+                text[at] = static_cast<char>(Below(256));
+                break;
+            case 1:
+                text.erase(at, length);
+                break;
+            case 2:
+                text.insert(Below(text.size()), text.substr(at, length));
+                break;
+            case 3:
+                text.insert(at, kTroubles[Below(std::size(kTroubles))]);
+                break;
+            default:
+                if (Below(8) == 0) text.resize(at);
+        }
+    }
+
+    std::mt19937 random{20};
+};
+
+std::string Message(const std::string& call) {
+    return "<?xml version=\"1.0\" encoding=\"utf-8\" ?><CIM CIMVERSION=\"2.0\" DTDVERSION=\"2.0\">"
+           "<MESSAGE ID=\"1\" PROTOCOLVERSION=\"1.0\"><SIMPLEREQ>" +
+           call + "</SIMPLEREQ></MESSAGE></CIM>";
+}
+
+constexpr const char* kNameSpacePath =
+    "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root\"/><NAMESPACE NAME=\"test\"/></LOCALNAMESPACEPATH>";
+
+constexpr const char* kThing =
+    "<INSTANCENAME CLASSNAME=\"T_Thing\"><KEYBINDING NAME=\"Name\"><KEYVALUE "
+    "VALUETYPE=\"string\">one</KEYVALUE></KEYBINDING></INSTANCENAME>";
+
+std::string Intrinsic(const std::string& method, const std::string& parameters) {
+    return Message("<IMETHODCALL NAME=\"" + method + "\">" + kNameSpacePath + parameters +
+                   "</IMETHODCALL>");
+}
+
+struct Example {
+    std::string method;
+    std::string object;
+    std::string document;
+};
+
+const std::array kExamples = {
+    Example{"GetClass", "root/test",
+            Intrinsic("GetClass",
+                      "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"T_Thing\"/></IPARAMVALUE>"
+                      "<IPARAMVALUE NAME=\"LocalOnly\"><VALUE>FALSE</VALUE></IPARAMVALUE>")},
+    Example{"EnumerateInstances", "root/test",
+            Intrinsic("EnumerateInstances",
+                      "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"T_Element\"/>"
+                      "</IPARAMVALUE><IPARAMVALUE NAME=\"PropertyList\"><VALUE.ARRAY><VALUE>Name"
+                      "</VALUE><VALUE>U8</VALUE></VALUE.ARRAY></IPARAMVALUE>")},
+    Example{"GetInstance", "root/test",
+            Intrinsic("GetInstance", std::string("<IPARAMVALUE NAME=\"InstanceName\">") + kThing +
+                                         "</IPARAMVALUE>")},
+    Example{
+        "Associators", "root/test",
+        Intrinsic("Associators", std::string("<IPARAMVALUE NAME=\"ObjectName\">") + kThing +
+                                     "</IPARAMVALUE><IPARAMVALUE NAME=\"AssocClass\"><CLASSNAME "
+                                     "NAME=\"T_Link\"/></IPARAMVALUE><IPARAMVALUE NAME=\"Role\">"
+                                     "<VALUE>From</VALUE></IPARAMVALUE>")},
+    Example{"Echo", "root/test:T_Thing.Name=\"one\"",
+            Message(std::string("<METHODCALL NAME=\"Echo\"><LOCALINSTANCEPATH>") + kNameSpacePath +
+                    kThing +
+                    "</LOCALINSTANCEPATH><PARAMVALUE NAME=\"Text\"><VALUE>a</VALUE></PARAMVALUE>"
+                    "<PARAMVALUE NAME=\"Numbers\"><VALUE.ARRAY><VALUE>7</VALUE></VALUE.ARRAY>"
+                    "</PARAMVALUE><PARAMVALUE NAME=\"Other\"><VALUE.REFERENCE>" +
+                    kThing + "</VALUE.REFERENCE></PARAMVALUE></METHODCALL>")},
+};
+
+std::string Post(const Example& example) {
+    return "POST /cimom HTTP/1.1\r\nHost: localhost\r\nContent-Type: application/xml\r\n"
+           "CIMOperation: MethodCall\r\nCIMMethod: " +
+           example.method + "\r\nCIMObject: " + example.object +
+           "\r\nContent-Length: " + std::to_string(example.document.size()) + "\r\n\r\n" +
+           example.document;
+}
+
+// A socket whose other end is closed.
+Descriptor HungUpSocket() {
+    int ends[2] = {-1, -1};
+    EXPECT_EQ(::socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0, ends), 0);
+    const Descriptor closed(ends[1]);
+    return Descriptor(ends[0]);
+}
+
+class DamagedRequestsTest : public OperationsTest {
+protected:
+    // What a client gets that sends the bytes and waits for no answer.
+    std::string AnswerTo(const std::string& bytes) {
+        ScriptedStream stream(bytes, 4096, HungUpSocket());
+        const CimHandler handler(operations, limits, nullptr, stop,
+                                 [this](const std::string& line) { log.push_back(line); });
+        try {
+            ServeConnection(stream, limits, handler, stop, {});
+        } catch (const ConnectionLost&) {
+            // The request was cut short: nobody waits for an answer.
+        }
+        return stream.written;
+    }
+
+    const Limits limits{};
+    const StopSignal stop;
+    std::vector<std::string> log;
+    Damage damage;
+};
+
+TEST_F(DamagedRequestsTest, Examples_AreAnsweredUndamaged) {
+    for (const Example& example : kExamples) {
+        const std::string answer = AnswerTo(Post(example));
+        EXPECT_THAT(answer, testing::StartsWith("HTTP/1.1 200 OK\r\n")) << example.document;
+    }
+}
+
+TEST_F(DamagedRequestsTest, DamagedDocument_IsAnsweredOrRefused) {
+    int answered = 0;
+    int refused = 0;
+    for (const Example& example : kExamples)
+        for (int round = 0; round < kRounds; ++round) {
+            const std::string document = damage.To(example.document);
+            try {
+                const Request request = ReadRequest(document, limits.maxDepth);
+                pugi::xml_document answer;
+                ASSERT_TRUE(answer.load_string(operations.Answer(request, "localhost").c_str()))
+                    << document;
+                ASSERT_TRUE(answer.child("CIM").child("MESSAGE").child("SIMPLERSP").first_child())
+                    << document;
+                ++answered;
+            } catch (const ProtocolError&) {
+                ++refused;
+            }
+        }
+    EXPECT_GT(answered, kRounds / 10);
+    EXPECT_GT(refused, kRounds / 10);
+}
+
+TEST_F(DamagedRequestsTest, DamagedMessage_IsAnsweredOrRefused) {
+    for (const Example& example : kExamples)
+        for (int round = 0; round < kRounds; ++round) {
+            const std::string bytes = damage.To(Post(example));
+            const std::string answer = AnswerTo(bytes);
+            ASSERT_TRUE(answer.empty() || answer.starts_with("HTTP/1.1 ")) << bytes;
+            ASSERT_EQ(answer.find("HTTP/1.1 500"), std::string::npos) << bytes;
+        }
+    EXPECT_THAT(log, testing::IsEmpty());
+}
+
+}  // namespace
+}  // namespace cimxml

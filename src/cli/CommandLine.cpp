@@ -1,3 +1,4 @@
+#include <cimxml/SetupError.h>
 #include <cli/CommandLine.h>
 #include <cli/Errors.h>
 #include <cli/ExitCodes.h>
@@ -17,8 +18,8 @@ namespace cli {
 
 namespace {
 
-constexpr auto kCommands = {AddRun,  AddEnumerate, AddNames,      AddInvoke,
-                            AddInfo, AddRegister,  AddUnregister, AddDoctor};
+constexpr auto kCommands = {AddRun,       AddEnumerate,  AddNames,  AddInvoke, AddInfo,
+                            AddRegister,  AddUnregister, AddDoctor, AddServe,  AddPasswd};
 
 void AddFileOption(CLI::App& app, const std::string& name, std::string& value,
                    const std::string& form, const std::string& description) {
@@ -79,6 +80,8 @@ int CarryOut(const Command& command, const GlobalOptions& options) {
                "and its reader still there.\n";
         return kCallFailed;
     } catch (const platform::SettingsError& error) {
+        return Report(error, kWrongUsage);
+    } catch (const cimxml::SetupError& error) {
         return Report(error, kWrongUsage);
     } catch (const UsageError& error) {
         return Report(error, kWrongUsage);

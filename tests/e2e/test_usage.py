@@ -42,7 +42,7 @@ def test_wrong_usage_names_the_argument(bmci2c):
     )
 
 
-COMMANDS = "run, enumerate, names, invoke, info, register, unregister and doctor"
+COMMANDS = "run, enumerate, names, invoke, info, register, unregister, doctor, serve and passwd"
 
 
 def test_missing_command_is_told_with_those_there_are(bmci2c):

@@ -35,5 +35,7 @@ void AddInfo(CLI::App& app, Command& chosen);
 void AddRegister(CLI::App& app, Command& chosen);
 void AddUnregister(CLI::App& app, Command& chosen);
 void AddDoctor(CLI::App& app, Command& chosen);
+void AddServe(CLI::App& app, Command& chosen);
+void AddPasswd(CLI::App& app, Command& chosen);
 
 }  // namespace cli

@@ -1,0 +1,86 @@
+#include <cimxml/access/PasswordFile.h>
+#include <cli/Errors.h>
+#include <cli/ExitCodes.h>
+#include <cli/commands/Commands.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <csignal>
+#include <iostream>
+#include <memory>
+#include <string>
+
+namespace cli {
+
+namespace {
+
+// The terminal does not show what is typed as long as this lives. Signals that would end the
+// program meanwhile wait until the terminal is as it was.
+class WithoutEcho {
+public:
+    WithoutEcho() {
+        sigset_t ending{};
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGTSTP})
+            sigaddset(&ending, signal);
+        ::sigprocmask(SIG_BLOCK, &ending, &signalsBefore);
+        ::tcgetattr(STDIN_FILENO, &before);
+        termios silent = before;
+        silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
+    }
+    ~WithoutEcho() {
+        ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &before);
+        ::sigprocmask(SIG_SETMASK, &signalsBefore, nullptr);
+    }
+    WithoutEcho(const WithoutEcho&) = delete;
+    WithoutEcho& operator=(const WithoutEcho&) = delete;
+
+private:
+    termios before{};
+    sigset_t signalsBefore{};
+};
+
+std::string ReadLine() {
+    std::string line;
+    if (!std::getline(std::cin, line)) throw UsageError("The standard input holds no password.");
+    return line;
+}
+
+std::string Ask(const std::string& question) {
+    const WithoutEcho silent;  // before the question: who types ahead is not shown, either
+    std::cerr << question << ": " << std::flush;
+    std::string answer = ReadLine();
+    std::cerr << '\n';
+    return answer;
+}
+
+std::string ReadPassword(const std::string& user) {
+    if (!::isatty(STDIN_FILENO)) return ReadLine();
+    std::string password = Ask("New password of " + user);
+    if (Ask("The same again") != password) throw UsageError("The two passwords are not the same.");
+    return password;
+}
+
+int Passwd(const std::string& file, const std::string& user) {
+    cimxml::SetPassword(file, user, ReadPassword(user));
+    return kSuccess;
+}
+
+}  // namespace
+
+void AddPasswd(CLI::App& app, Command& chosen) {
+    CLI::App* const command =
+        app.add_subcommand("passwd", "Set a user's password for bmci2c serve");
+    const auto file = std::make_shared<std::string>();
+    const auto user = std::make_shared<std::string>();
+    command->add_option("FILE", *file, "The password file; made when there is none")->required();
+    command->add_option("USER", *user, "The user's name")->required();
+    command->footer(
+        "The password is asked for on the terminal, or is the first line of the standard input.");
+    command->callback([&chosen, file, user] {
+        chosen = [file, user](const Session&) { return Passwd(*file, *user); };
+    });
+}
+
+}  // namespace cli

@@ -10,6 +10,7 @@ import subprocess
 from dataclasses import dataclass
 
 import pytest
+from serving import Server
 
 SERVICE = "QUVSG_BMCI2C_DiagnosticService"
 JOB = "QUVSG_BMCI2C_ConcreteJob"
@@ -150,3 +151,22 @@ class Command:
 @pytest.fixture
 def bmci2c(tmp_path):
     return Command(tmp_path)
+
+
+@pytest.fixture
+def serve(bmci2c):
+    """Starts `bmci2c serve` with options, on a machine whose busses all work."""
+    servers = []
+
+    def start(*options):
+        servers.append(Server(bmci2c, bmci2c.profile(node(data=[0, 0])), *options))
+        return servers[-1]
+
+    yield start
+    for server in servers:
+        assert server.stop() == 0
+
+
+@pytest.fixture
+def server(serve):
+    return serve()

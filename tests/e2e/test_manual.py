@@ -118,3 +118,5 @@ def test_completion_offers_the_servers(bmci2c):
 def test_completion_offers_files_where_one_is_asked_for(bmci2c):
     bmci2c.write("settings.toml", "")
     assert complete(bmci2c, "--config", "sett") == ["settings.toml"]
+    assert complete(bmci2c, "serve", "--key", "sett") == ["settings.toml"]
+    assert complete(bmci2c, "passwd", "sett") == ["settings.toml"]

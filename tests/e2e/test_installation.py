@@ -9,6 +9,9 @@ import pytest
 EXPECTED = {
     "bin/bmci2c",
     "cmpi/libbmci2c.cmpi.so",
+    "lib/systemd/system/bmci2c.service",
+    "lib/sysusers.d/bmci2c.conf",
+    "lib/udev/rules.d/60-bmci2c.rules",
     "share/bash-completion/completions/bmci2c",
     "share/bmci2c/bmci2c.msg.xml",
     "share/bmci2c/platform.toml",
@@ -19,6 +22,7 @@ EXPECTED = {
     "share/bmci2c/schema/bmci2c.reg",
     "share/bmci2c/schema/interop.mof",
     "share/doc/bmci2c/deployment.md",
+    "share/doc/bmci2c/serve.md",
     "share/doc/bmci2c/troubleshooting.md",
     "share/man/man1/bmci2c.1",
     "share/man/man5/bmci2c.msg.xml.5",

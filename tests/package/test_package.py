@@ -151,6 +151,14 @@ def test_installed_command_serves_clients(system):
         server.communicate()
 
 
+def test_service_has_its_user_and_waits_to_be_enabled(system):
+    assert "\nbmci2c:" in system.read("/etc/passwd")
+    assert (system.folder / "lib/systemd/system/bmci2c.service").is_file()
+    system.run("systemd-analyze", "verify", "--man=no", "bmci2c.service")
+    done = system.run("systemctl", "is-enabled", "bmci2c", check=False)
+    assert done.stdout == "disabled\n"
+
+
 def test_removed_package_leaves_its_settings_only(system):
     system.write(SETTINGS, '[log]\nsink = "none"\n')
     system.run("dpkg", "--remove", "bmci2c")
@@ -161,6 +169,8 @@ def test_removed_package_leaves_its_settings_only(system):
 def test_purged_package_leaves_nothing(system):
     system.run("dpkg", "--purge", "bmci2c")
     assert system.files() == system.before
+    assert "bmci2c" not in system.read("/etc/passwd")
+    assert "bmci2c" not in system.read("/etc/group")
 
 
 def test_removed_package_is_unregistered_from_its_server(system):

@@ -1,16 +1,15 @@
 #include <cimxml/access/Authenticator.h>
 #include <gtest/gtest.h>
 
+#include "QuickHash.h"
+
 namespace cimxml {
 namespace {
-
-// SHA-512 with few rounds: quick, for tests.
-constexpr const char* kSettings = "$6$rounds=1000$saltsaltsalt$";
 
 class AuthenticatorTest : public testing::Test {
 protected:
     const Authenticator authenticator{
-        {{"ann", HashLike("sesame", kSettings)}, {"bob", HashLike("open:up", kSettings)}}};
+        {{"ann", HashLike("sesame", kQuickHash)}, {"bob", HashLike("open:up", kQuickHash)}}};
 
     bool IsGranted(const std::string& authorization) const {
         return authenticator.Judge(authorization).isGranted;

@@ -4,14 +4,14 @@
 
 #include <future>
 
+#include "QuickHash.h"
+
 namespace cimxml {
 namespace {
 
 using std::chrono_literals::operator""h;
 using std::chrono_literals::operator""ms;
 
-// SHA-512 with few rounds: quick, for tests.
-constexpr const char* kSettings = "$6$rounds=1000$saltsaltsalt$";
 constexpr const char* kRight = "Basic YW5uOnNlc2FtZQ==";  // ann:sesame
 constexpr const char* kWrong = "Basic YW5uOlNlc2FtZQ==";  // ann:Sesame
 
@@ -32,7 +32,7 @@ protected:
 
     const Limits limits{.failurePause = 1h};  // which no test waits for
     const Operations operations{NameSpaces()};
-    const Authenticator authenticator{{{"ann", HashLike("sesame", kSettings)}}};
+    const Authenticator authenticator{{{"ann", HashLike("sesame", kQuickHash)}}};
     StopSignal stop;
     std::promise<std::string> logged;
     const CimHandler handler{operations, limits, &authenticator, stop,

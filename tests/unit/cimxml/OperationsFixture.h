@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "ArrayOf.h"
+
 namespace cimxml {
 
 class OperationsTest : public testing::Test {
@@ -36,8 +38,6 @@ protected:
 private:
     Operations MakeOperations();
 };
-
-constexpr CMPIType ArrayOf(CMPIType type) { return static_cast<CMPIType>(CMPI_ARRAY | type); }
 
 inline Parameter Flag(const std::string& name, bool flag) {
     return {name, std::string(flag ? "TRUE" : "FALSE")};

@@ -3,10 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "ArrayOf.h"
+
 namespace cimxml {
 namespace {
-
-constexpr CMPIType ArrayOf(CMPIType type) { return static_cast<CMPIType>(CMPI_ARRAY | type); }
 
 using testing::ElementsAre;
 

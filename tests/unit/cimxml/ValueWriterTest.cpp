@@ -4,10 +4,10 @@
 
 #include <limits>
 
+#include "ArrayOf.h"
+
 namespace cimxml {
 namespace {
-
-constexpr CMPIType ArrayOf(CMPIType type) { return static_cast<CMPIType>(CMPI_ARRAY | type); }
 
 using host::Instance;
 using host::ObjectPath;

@@ -18,8 +18,8 @@ namespace cli {
 
 namespace {
 
-constexpr auto kCommands = {AddRun,       AddEnumerate,  AddNames,  AddInvoke, AddInfo,
-                            AddRegister,  AddUnregister, AddDoctor, AddServe,  AddPasswd};
+constexpr auto kCommands = {AddRun,      AddEnumerate,  AddNames,  AddInvoke, AddInfo,
+                            AddRegister, AddUnregister, AddDoctor, AddServe,  AddPasswd};
 
 void AddFileOption(CLI::App& app, const std::string& name, std::string& value,
                    const std::string& form, const std::string& description) {
@@ -107,7 +107,8 @@ int Main(int argc, const char* const* argv) {
         "Exit codes of run: 0 passed, 1 a bus has failed, 2 not completed, 3 the module could not\n"
         "be loaded or the call failed, 64 wrong usage or settings. Of doctor: 0 all is well, 1\n"
         "something is wrong.");
-    for (const auto add : kCommands) add(app, chosen);
+    CommandSet commands(app, chosen);
+    for (const auto add : kCommands) add(commands);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -3,7 +3,6 @@
 #include <cli/commands/Commands.h>
 #include <cli/doctor/Doctor.h>
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
 #include <memory>
@@ -32,15 +31,14 @@ int PrintChecks(const Session& session, bool asJson) {
 
 }  // namespace
 
-void AddDoctor(CLI::App& app, Command& chosen) {
-    CLI::App* const command = app.add_subcommand(
-        "doctor", "Check all that a test needs, without testing: one line each, and what to do");
+void AddDoctor(CommandSet& commands) {
     const auto asJson = std::make_shared<bool>(false);
-    command->add_flag("--json", *asJson, "Print an array of JSON objects");
-    command->callback([&chosen, asJson] {
-        chosen = {[asJson](const Session& session) { return PrintChecks(session, *asJson); },
-                  Command::BrokenSettings::AreShown};
-    });
+    commands
+        .Add("doctor",
+             "Check all that a test needs, without testing: one line each, and what to do",
+             {[asJson](const Session& session) { return PrintChecks(session, *asJson); },
+              Command::BrokenSettings::AreShown})
+        .Flag("--json", *asJson, "Print an array of JSON objects");
 }
 
 }  // namespace cli

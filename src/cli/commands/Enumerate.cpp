@@ -5,7 +5,6 @@
 #include <cli/Text.h>
 #include <cli/commands/Commands.h>
 
-#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -50,21 +49,15 @@ int Enumerate(const Session& session, const EnumerateOptions& options) {
 
 }  // namespace
 
-void AddEnumerate(CLI::App& app, Command& chosen) {
-    CLI::App* const command = app.add_subcommand("enumerate", "Print all instances of a class");
+void AddEnumerate(CommandSet& commands) {
     const auto options = std::make_shared<EnumerateOptions>();
-    command->add_option("CLASS", options->className, "A CIM class")->required();
-    command
-        ->add_option("--after-runs", options->runs, "Run the test N times first, in this process")
-        ->type_name("N")
-        ->check(CLI::NonNegativeNumber);
-    command->add_option("--times", options->times, "Enumerate N times and print the last")
-        ->type_name("N")
-        ->check(CLI::PositiveNumber);
-    command->add_flag("--json", options->asJson, "Print an array of JSON objects");
-    command->callback([&chosen, options] {
-        chosen = [options](const Session& session) { return Enumerate(session, *options); };
-    });
+    commands
+        .Add("enumerate", "Print all instances of a class",
+             [options](const Session& session) { return Enumerate(session, *options); })
+        .Argument("CLASS", options->className, "A CIM class")
+        .Count("--after-runs", options->runs, 0, "Run the test N times first, in this process")
+        .Count("--times", options->times, 1, "Enumerate N times and print the last")
+        .Flag("--json", options->asJson, "Print an array of JSON objects");
 }
 
 }  // namespace cli

@@ -8,7 +8,6 @@
 #include <cli/commands/Commands.h>
 #include <cli/report/CatalogTrouble.h>
 
-#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -141,14 +140,12 @@ int Info(const Session& session, bool asJson) {
 
 }  // namespace
 
-void AddInfo(CLI::App& app, Command& chosen) {
-    CLI::App* const command =
-        app.add_subcommand("info", "Print the module, the settings in force and the controllers");
+void AddInfo(CommandSet& commands) {
     const auto asJson = std::make_shared<bool>(false);
-    command->add_flag("--json", *asJson, "Print one JSON object");
-    command->callback([&chosen, asJson] {
-        chosen = [asJson](const Session& session) { return Info(session, *asJson); };
-    });
+    commands
+        .Add("info", "Print the module, the settings in force and the controllers",
+             [asJson](const Session& session) { return Info(session, *asJson); })
+        .Flag("--json", *asJson, "Print one JSON object");
 }
 
 }  // namespace cli

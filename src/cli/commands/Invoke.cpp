@@ -7,7 +7,6 @@
 #include <cli/TypedArguments.h>
 #include <cli/commands/Commands.h>
 
-#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -46,27 +45,20 @@ int Invoke(const Session& session, const InvokeOptions& options) {
     return kSuccess;
 }
 
-// An option that may be repeated and takes one value each time.
-void AddRepeated(CLI::App& command, const std::string& name, std::vector<std::string>& values,
-                 const std::string& form, const std::string& description) {
-    command.add_option(name, values, description)->type_name(form)->allow_extra_args(false);
-}
-
 }  // namespace
 
-void AddInvoke(CLI::App& app, Command& chosen) {
-    CLI::App* const command = app.add_subcommand("invoke", "Invoke a method of an instance");
+void AddInvoke(CommandSet& commands) {
     const auto options = std::make_shared<InvokeOptions>();
-    command->add_option("CLASS", options->className, "A CIM class")->required();
-    command->add_option("METHOD", options->method, "One of its methods")->required();
-    AddRepeated(*command, "--key", options->keys, "K=V",
-                "A key of the instance; give it again for the next one");
-    AddRepeated(*command, "--in", options->arguments, "NAME=VALUE",
-                "An argument; give it again for the next one, or the next element of an array");
-    command->add_flag("--json", options->asJson, "Print the outcome as one JSON object");
-    command->callback([&chosen, options] {
-        chosen = [options](const Session& session) { return Invoke(session, *options); };
-    });
+    commands
+        .Add("invoke", "Invoke a method of an instance",
+             [options](const Session& session) { return Invoke(session, *options); })
+        .Argument("CLASS", options->className, "A CIM class")
+        .Argument("METHOD", options->method, "One of its methods")
+        .Texts("--key", "K=V", options->keys,
+               "A key of the instance; give it again for the next one")
+        .Texts("--in", "NAME=VALUE", options->arguments,
+               "An argument; give it again for the next one, or the next element of an array")
+        .Flag("--json", options->asJson, "Print the outcome as one JSON object");
 }
 
 }  // namespace cli

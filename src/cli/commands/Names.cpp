@@ -3,7 +3,6 @@
 #include <cli/ExitCodes.h>
 #include <cli/commands/Commands.h>
 
-#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -23,14 +22,12 @@ int Names(const Session& session, const std::string& className) {
 
 }  // namespace
 
-void AddNames(CLI::App& app, Command& chosen) {
-    CLI::App* const command =
-        app.add_subcommand("names", "Print the object paths of all instances of a class");
+void AddNames(CommandSet& commands) {
     const auto className = std::make_shared<std::string>();
-    command->add_option("CLASS", *className, "A CIM class")->required();
-    command->callback([&chosen, className] {
-        chosen = [className](const Session& session) { return Names(session, *className); };
-    });
+    commands
+        .Add("names", "Print the object paths of all instances of a class",
+             [className](const Session& session) { return Names(session, *className); })
+        .Argument("CLASS", *className, "A CIM class");
 }
 
 }  // namespace cli

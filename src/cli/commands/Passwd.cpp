@@ -5,7 +5,6 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
 #include <csignal>
 #include <iostream>
 #include <memory>
@@ -69,18 +68,17 @@ int Passwd(const std::string& file, const std::string& user) {
 
 }  // namespace
 
-void AddPasswd(CLI::App& app, Command& chosen) {
-    CLI::App* const command =
-        app.add_subcommand("passwd", "Set a user's password for bmci2c serve");
+void AddPasswd(CommandSet& commands) {
     const auto file = std::make_shared<std::string>();
     const auto user = std::make_shared<std::string>();
-    command->add_option("FILE", *file, "The password file; made when there is none")->required();
-    command->add_option("USER", *user, "The user's name")->required();
-    command->footer(
-        "The password is asked for on the terminal, or is the first line of the standard input.");
-    command->callback([&chosen, file, user] {
-        chosen = [file, user](const Session&) { return Passwd(*file, *user); };
-    });
+    commands
+        .Add("passwd", "Set a user's password for bmci2c serve",
+             [file, user](const Session&) { return Passwd(*file, *user); })
+        .Argument("FILE", *file, "The password file; made when there is none")
+        .Argument("USER", *user, "The user's name")
+        .Footer(
+            "The password is asked for on the terminal, or is the first line of the standard "
+            "input.");
 }
 
 }  // namespace cli

@@ -5,7 +5,6 @@
 #include <cli/registration/CimServer.h>
 #include <host/loading/RegistrationsFile.h>
 
-#include <CLI/CLI.hpp>
 #include <filesystem>
 #include <iostream>
 #include <memory>
@@ -70,38 +69,34 @@ int Unregister(const Session& session, const RegisterOptions& options) {
     return kSuccess;
 }
 
-std::shared_ptr<RegisterOptions> AddServerCommand(CLI::App& command, Command& chosen,
-                                                  int (*action)(const Session&,
-                                                                const RegisterOptions&)) {
-    const auto options = std::make_shared<RegisterOptions>();
-    command.add_option("SERVER", options->server, "sfcb or pegasus (OpenPegasus)")
-        ->required()
-        ->check([](const std::string& name) {
-            return name == kSfcb || name == kPegasus ? "" : "it must be sfcb or pegasus";
-        });
-    command.add_flag("--dry-run", options->dryRun, "Print the server's commands and run none");
-    command.callback([&chosen, options, action] {
-        chosen = [options, action](const Session& session) { return action(session, *options); };
-    });
-    return options;
+using Action = int (*)(const Session&, const RegisterOptions&);
+
+CommandOptions AddServerCommand(CommandSet& commands, const std::string& name,
+                                const std::string& description, Action action,
+                                const std::shared_ptr<RegisterOptions>& options) {
+    CommandOptions command = commands.Add(
+        name, description,
+        [options, action](const Session& session) { return action(session, *options); });
+    command.Choice("SERVER", options->server, {kSfcb, kPegasus}, "sfcb or pegasus (OpenPegasus)")
+        .Flag("--dry-run", options->dryRun, "Print the server's commands and run none");
+    return command;
 }
 
 }  // namespace
 
-void AddRegister(CLI::App& app, Command& chosen) {
-    CLI::App* const command =
-        app.add_subcommand("register", "Register the module with a CIM server");
-    const auto options = AddServerCommand(*command, chosen, Register);
-    command
-        ->add_option("--interop", options->pegasus.interop,
-                     "Of OpenPegasus: the namespace of its registrations (root/PG_InterOp)")
-        ->type_name("NAMESPACE");
-    command->add_flag("--published-classes", options->pegasus.hasPublishedClasses,
-                      "Of OpenPegasus: root/QUVSD holds the published CIM classes");
+void AddRegister(CommandSet& commands) {
+    const auto options = std::make_shared<RegisterOptions>();
+    AddServerCommand(commands, "register", "Register the module with a CIM server", Register,
+                     options)
+        .Text("--interop", "NAMESPACE", options->pegasus.interop,
+              "Of OpenPegasus: the namespace of its registrations")
+        .Flag("--published-classes", options->pegasus.hasPublishedClasses,
+              "Of OpenPegasus: root/QUVSD holds the published CIM classes");
 }
 
-void AddUnregister(CLI::App& app, Command& chosen) {
-    AddServerCommand(*app.add_subcommand("unregister", "Undo a registration"), chosen, Unregister);
+void AddUnregister(CommandSet& commands) {
+    AddServerCommand(commands, "unregister", "Undo a registration", Unregister,
+                     std::make_shared<RegisterOptions>());
 }
 
 }  // namespace cli

@@ -8,7 +8,6 @@
 #include <cli/report/CatalogTrouble.h>
 #include <cli/report/RunReport.h>
 
-#include <CLI/CLI.hpp>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -83,15 +82,14 @@ int PrintText(const Session& session) {
 
 }  // namespace
 
-void AddRun(CLI::App& app, Command& chosen) {
-    CLI::App* const command = app.add_subcommand("run", "Test the I2C busses of all controllers");
+void AddRun(CommandSet& commands) {
     const auto asJson = std::make_shared<bool>(false);
-    command->add_flag("--json", *asJson, "Print the outcome as one JSON object");
-    command->callback([&chosen, asJson] {
-        chosen = [asJson](const Session& session) {
-            return *asJson ? PrintJson(session) : PrintText(session);
-        };
-    });
+    commands
+        .Add("run", "Test the I2C busses of all controllers",
+             [asJson](const Session& session) {
+                 return *asJson ? PrintJson(session) : PrintText(session);
+             })
+        .Flag("--json", *asJson, "Print the outcome as one JSON object");
 }
 
 }  // namespace cli

@@ -1,0 +1,82 @@
+// What the line of a command may hold. Its source and CommandLine.cpp alone include CLI11, whose
+// headers take ten times as long to compile as a command does.
+#pragma once
+
+#include <cli/Session.h>
+
+#include <chrono>
+#include <concepts>
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace cli {
+
+struct Command {
+    // What it does while the settings cannot be read: not start, or start and show why.
+    enum class BrokenSettings { EndIt, AreShown };
+
+    Command() = default;
+    template <std::invocable<const Session&> Function>
+    Command(Function function, BrokenSettings whenBroken = BrokenSettings::EndIt)
+        : carryOut(std::move(function)), brokenSettings(whenBroken) {}
+
+    std::function<int(const Session&)> carryOut;
+    BrokenSettings brokenSettings = BrokenSettings::EndIt;
+};
+
+// What may stand behind the name of one command. Each value is stored when the line is read, so it
+// must live until then; what it holds before is the default. `form` stands for the value in the
+// help.
+class CommandOptions {
+public:
+    explicit CommandOptions(CLI::App& app) : command(app) {}
+
+    // A word that must be given; with choices, one of them.
+    CommandOptions& Argument(const std::string& name, std::string& value,
+                             const std::string& description);
+    CommandOptions& Choice(const std::string& name, std::string& value,
+                           std::vector<std::string> choices, const std::string& description);
+
+    CommandOptions& Flag(const std::string& name, bool& value, const std::string& description);
+    CommandOptions& Text(const std::string& name, const std::string& form, std::string& value,
+                         const std::string& description);
+    // May be given again, with one value each time.
+    CommandOptions& Texts(const std::string& name, const std::string& form,
+                          std::vector<std::string>& values, const std::string& description);
+    CommandOptions& Count(const std::string& name, int& value, int least,
+                          const std::string& description);
+
+    // From 1 on; shown among the limits.
+    CommandOptions& Limit(const std::string& name, const std::string& form, std::size_t& value,
+                          std::size_t most, const std::string& description);
+    CommandOptions& Limit(const std::string& name, std::chrono::seconds& value,
+                          std::chrono::seconds most, const std::string& description);
+
+    // What the help says at its end.
+    CommandOptions& Footer(const std::string& text);
+
+private:
+    CLI::App& command;
+};
+
+class CommandSet {
+public:
+    // `chosenCommand` becomes the command that the line names.
+    CommandSet(CLI::App& program, Command& chosenCommand) : app(program), chosen(chosenCommand) {}
+
+    CommandOptions Add(const std::string& name, const std::string& description,
+                       const Command& command);
+
+private:
+    CLI::App& app;
+    Command& chosen;
+};
+
+}  // namespace cli

@@ -13,6 +13,8 @@ import pytest
 
 PACKAGE = pathlib.Path(os.environ["BMCI2C_PACKAGE"])
 SETTINGS = "/etc/bmci2c/platform.toml"
+# Whether the administrator has enabled the service; Debian keeps that until the purge.
+SERVICE_STATE = "/var/lib/systemd/deb-systemd-helper-enabled/bmci2c.service.dsh-also"
 PROFILES = "/usr/share/bmci2c/profiles"
 
 # What dpkg, apt and the dynamic loader keep for themselves, and what is no file of the system's.
@@ -147,7 +149,7 @@ def test_installed_command_serves_clients(system):
         with urllib.request.urlopen(request, timeout=60) as answer:
             assert "BMC I2C Test" in answer.read().decode()
     finally:
-        server.terminate()
+        server.kill()  # `unshare` takes no other signal, and its child goes with it
         server.communicate()
 
 
@@ -162,7 +164,7 @@ def test_service_has_its_user_and_waits_to_be_enabled(system):
 def test_removed_package_leaves_its_settings_only(system):
     system.write(SETTINGS, '[log]\nsink = "none"\n')
     system.run("dpkg", "--remove", "bmci2c")
-    assert system.files() - system.before == {"/etc/bmci2c", SETTINGS}
+    assert system.files() - system.before == {"/etc/bmci2c", SETTINGS, SERVICE_STATE}
     assert system.read(SETTINGS) == '[log]\nsink = "none"\n'
 
 

@@ -1,8 +1,8 @@
 // A CIM server: CIM-XML over HTTP in front of the embedded host.
 //
-//     cimxml::Server server({.listen = "127.0.0.1:5988", .interopSchema = "…/interop.mof"}, host,
-//     log); std::cout << server.Url() << std::endl; server.Run();  // until another thread calls
-//     Stop()
+//     cimxml::Server server({.listen = "127.0.0.1:5988", .interopSchema = path}, host, log);
+//     std::cout << server.Url() << std::endl;
+//     server.Run();  // until another thread calls Stop()
 #pragma once
 
 #include <cimxml/SetupError.h>

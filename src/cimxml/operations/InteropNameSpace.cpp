@@ -134,16 +134,16 @@ public:
 
     // Nothing here is associated.
     InstancesResult Associators(const AssociationQuery& query, PropertyList) const override {
-        return {Checked(query), {}};
+        return {StatusOf(query), {}};
     }
     NamesResult AssociatorNames(const AssociationQuery& query) const override {
-        return {Checked(query), {}};
+        return {StatusOf(query), {}};
     }
     InstancesResult References(const AssociationQuery& query, PropertyList) const override {
-        return {Checked(query), {}};
+        return {StatusOf(query), {}};
     }
     NamesResult ReferenceNames(const AssociationQuery& query) const override {
-        return {Checked(query), {}};
+        return {StatusOf(query), {}};
     }
 
     host::MethodResult InvokeMethod(const ObjectPath& target, const std::string& method,
@@ -160,7 +160,8 @@ public:
     }
 
 private:
-    Status Checked(const AssociationQuery& query) const {
+    // Of a query that finds nothing.
+    Status StatusOf(const AssociationQuery& query) const {
         for (const std::string* filter : {&query.associationClass, &query.resultClass})
             if (!filter->empty() && !classes.Find(*filter))
                 return {CMPI_RC_ERR_INVALID_PARAMETER,

@@ -1,9 +1,12 @@
 """Help, version and wrong usage."""
 
+import pathlib
 import re
 
 import pytest
 from conftest import SERVICE, node
+
+CHANGELOG = pathlib.Path(__file__).parents[2] / "packaging/debian/changelog"
 
 
 @pytest.mark.parametrize(
@@ -77,10 +80,12 @@ def test_help_of_a_command_ends_with_0(bmci2c, command):
     assert command in result.out
 
 
-def test_version_is_printed(bmci2c):
+def test_version_is_that_of_the_package(bmci2c):
+    newest = CHANGELOG.read_text().splitlines()[0]
+    version = re.fullmatch(r"bmci2c \(([0-9.]+)\) .*", newest)[1]
     result = bmci2c.bare("--version")
     assert result.code == 0
-    assert result.out.startswith("bmci2c ")
+    assert result.out == f"bmci2c {version}\n"
 
 
 def test_help_needs_no_settings(bmci2c):

@@ -60,22 +60,22 @@ std::string LanAddress(const ControllerSettings& controller) {
 // A context whose opening failed keeps the closed socket's number, so each session has its own.
 class LanExchange::Session {
 public:
-    bool Open(const ControllerSettings& controller, const Password& password,
-              unsigned int workarounds, const LanTimeouts& timeouts) {
-        const std::string address = LanAddress(controller);
-        const std::uint8_t privilege = PrivilegeLevel(controller.privilegeLevel);
+    bool Open(const ControllerSettings& settings, const Password& secret, unsigned int flags,
+              const LanTimeouts& timeouts) {
+        const std::string address = LanAddress(settings);
+        const std::uint8_t privilege = PrivilegeLevel(settings.privilegeLevel);
         const HostRandomNumbers kept;
         errno = 0;
         const int result =
-            IsProtocol15(controller)
-                ? ipmi_ctx_open_outofband(context.Get(), address.c_str(), controller.user.c_str(),
-                                          password.Text(), IPMI_AUTHENTICATION_TYPE_MD5, privilege,
-                                          timeouts.session, timeouts.retransmission, workarounds,
+            IsProtocol15(settings)
+                ? ipmi_ctx_open_outofband(context.Get(), address.c_str(), settings.user.c_str(),
+                                          secret.Text(), IPMI_AUTHENTICATION_TYPE_MD5, privilege,
+                                          timeouts.session, timeouts.retransmission, flags,
                                           IPMI_FLAGS_DEFAULT)
                 : ipmi_ctx_open_outofband_2_0(
-                      context.Get(), address.c_str(), controller.user.c_str(), password.Text(),
-                      nullptr, 0, privilege, static_cast<std::uint8_t>(controller.cipherSuite),
-                      timeouts.session, timeouts.retransmission, workarounds, IPMI_FLAGS_DEFAULT);
+                      context.Get(), address.c_str(), settings.user.c_str(), secret.Text(), nullptr,
+                      0, privilege, static_cast<std::uint8_t>(settings.cipherSuite),
+                      timeouts.session, timeouts.retransmission, flags, IPMI_FLAGS_DEFAULT);
         systemReason = errno;
         hasOpened = result == 0;
         return hasOpened;

@@ -42,10 +42,10 @@ std::optional<DeviceId> Identify(const ControllerSettings& controller,
                                  std::chrono::milliseconds timeLimit) {
     auto transport = MakeTransport(controller, 0);
     const std::string way = transport->Describe();
-    if (const auto known = Known().Find(way)) return known;
+    if (auto known = Known().Find(way)) return known;
     ControllerNode node({.node = 0, .nodeCount = 1, .isOxc = nullptr, .timeLimit = timeLimit},
                         std::move(transport));
-    const std::optional<DeviceId> id = node.Identify();
+    std::optional<DeviceId> id = node.Identify();
     if (id) Known().Add(way, *id);
     return id;
 }

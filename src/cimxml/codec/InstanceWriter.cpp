@@ -23,6 +23,15 @@ struct FromClass {
     EffectiveQualifiers qualifiers = {};
 };
 
+FromClass Describe(const mof::Schema& schema, const ClassInfo& cls, const PropertyInfo& info,
+                   const Detail& detail) {
+    FromClass said{.referenceClass = info.referenceClass};
+    if (detail.includeClassOrigin) said.origin = info.origin;
+    if (detail.includeQualifiers)
+        said.qualifiers = QualifiersOfProperty(schema, cls, info.name, true);
+    return said;
+}
+
 void WriteProperty(XmlWriter& xml, const mof::Schema* schema, const NamedValue& property,
                    const FromClass& fromClass) {
     const bool isReference = property.value.type == CMPI_ref;
@@ -77,14 +86,9 @@ void WriteInstance(XmlWriter& xml, const host::ClassRepository& classes,
     InClassOrder properties(cls);
     for (const NamedValue& property : instance.properties) {
         if (!IsWanted(property, cls, exposed, detail)) continue;
-        FromClass fromClass;
-        if (const PropertyInfo* const info = properties.Find(property.name)) {
-            fromClass.referenceClass = info->referenceClass;
-            if (detail.includeClassOrigin) fromClass.origin = info->origin;
-            if (detail.includeQualifiers)
-                fromClass.qualifiers = QualifiersOfProperty(schema, *cls, property.name, true);
-        }
-        WriteProperty(xml, &schema, property, fromClass);
+        const PropertyInfo* const info = properties.Find(property.name);
+        WriteProperty(xml, &schema, property,
+                      cls && info ? Describe(schema, *cls, *info, detail) : FromClass());
     }
 }
 

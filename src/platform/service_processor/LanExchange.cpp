@@ -1,4 +1,5 @@
 #include <platform/service_processor/FreeIpmiContext.h>
+#include <platform/service_processor/HostAddress.h>
 #include <platform/service_processor/HostRandomNumbers.h>
 #include <platform/service_processor/LanExchange.h>
 #include <platform/service_processor/Workarounds.h>
@@ -50,19 +51,16 @@ Password ReadPassword(const ControllerSettings& controller) {
 
 }  // namespace
 
-std::string LanAddress(const ControllerSettings& controller) {
-    const bool needsBrackets =
-        controller.host.find(':') != std::string::npos && !controller.host.starts_with('[');
-    const std::string host = needsBrackets ? "[" + controller.host + "]" : controller.host;
-    return host + ":" + std::to_string(controller.port);
+std::string LanAddress(const std::string& host, std::uint16_t port) {
+    const bool needsBrackets = host.find(':') != std::string::npos && !host.starts_with('[');
+    return (needsBrackets ? "[" + host + "]" : host) + ":" + std::to_string(port);
 }
 
 // A context whose opening failed keeps the closed socket's number, so each session has its own.
 class LanExchange::Session {
 public:
-    bool Open(const ControllerSettings& settings, const Password& secret, unsigned int flags,
-              const LanTimeouts& timeouts) {
-        const std::string address = LanAddress(settings);
+    bool Open(const ControllerSettings& settings, const std::string& address,
+              const Password& secret, unsigned int flags, const LanTimeouts& timeouts) {
         const std::uint8_t privilege = PrivilegeLevel(settings.privilegeLevel);
         const HostRandomNumbers kept;
         errno = 0;
@@ -106,13 +104,15 @@ LanExchange::LanExchange(const ControllerSettings& controllerSettings, TimeAllow
       password(ReadPassword(controller)) {}
 
 IpmiAnswer LanExchange::Send(const IpmiRequest& request) {
+    const std::string address =
+        LanAddress(HostAddress(controller.host, schedule.Silence()), controller.port);
     std::optional<LanSession> next = schedule.Next(silences, silent, Now());
     while (next) {
         const bool isPatient = next->packets == Packets::One;
         const Time begin = Now();
         ++attempts;
         Session session;
-        if (!session.Open(controller, password, workarounds,
+        if (!session.Open(controller, address, password, workarounds,
                           TimeoutsFor(next->silence, next->packets))) {
             next = AfterFailedOpening(session.LastFailure(), *next);
             continue;
@@ -166,7 +166,7 @@ bool LanExchange::NamesNoPrivilege(const Failure& failure) const {
 
 LanCircumstances LanExchange::Circumstances(const Failure& failure) const {
     return {.controller = controller,
-            .address = LanAddress(controller),
+            .address = LanAddress(controller.host, controller.port),
             .silence = schedule.Silence(),
             .attempts = attempts,
             .error = failure.error,

@@ -7,13 +7,14 @@
 #include <platform/service_processor/Password.h>
 #include <platform/settings/Settings.h>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
 namespace platform {
 
 // "host:port", with brackets around an IPv6 address.
-std::string LanAddress(const ControllerSettings& controller);
+std::string LanAddress(const std::string& host, std::uint16_t port);
 
 class LanExchange {
 public:

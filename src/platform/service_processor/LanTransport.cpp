@@ -8,7 +8,9 @@ namespace platform {
 LanTransport::LanTransport(ControllerSettings controllerSettings)
     : controller(std::move(controllerSettings)) {}
 
-std::string LanTransport::Describe() const { return "lan " + LanAddress(controller); }
+std::string LanTransport::Describe() const {
+    return "lan " + LanAddress(controller.host, controller.port);
+}
 
 IpmiAnswer LanTransport::Send(const IpmiRequest& request, TimeAllowance allowance) {
     return LanExchange(controller, allowance).Send(request);

@@ -14,7 +14,6 @@ public:
     // controller that names no privilege level in its answer to the opening is asked again with
     // FreeIPMI's workaround "opensesspriv". Ends within the time allowed and within kLanTotal, but
     // - with a controller that is slow on purpose, as LanSchedule.h tells;
-    // - when the host is a name: the system's own limits of name resolution are not bounded here;
     // - when the machine's clock is set back meanwhile: FreeIPMI waits by it.
     IpmiAnswer Send(const IpmiRequest& request, TimeAllowance allowance) override;
 

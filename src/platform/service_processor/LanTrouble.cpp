@@ -19,8 +19,6 @@ Trouble KindOfOpenTrouble(int error) {
         case IPMI_ERR_CONNECTION_TIMEOUT:
         case IPMI_ERR_SESSION_TIMEOUT:
             return Trouble::NoAnswer;
-        case IPMI_ERR_HOSTNAME_INVALID:
-            return Trouble::UnknownHost;
         case IPMI_ERR_USERNAME_INVALID:
             return Trouble::UnknownUser;
         case IPMI_ERR_PASSWORD_INVALID:
@@ -79,8 +77,6 @@ std::string OpenText(Trouble kind, const LanCircumstances& at) {
     switch (kind) {
         case Trouble::NoAnswer:
             return SilenceText(at);
-        case Trouble::UnknownHost:
-            return "The host name '" + at.controller.host + "' has no address.";
         case Trouble::UnknownUser:
             return ControllerAt(at) + " does not know " + User(at) + ". Correct the setting user.";
         case Trouble::WrongPassword:

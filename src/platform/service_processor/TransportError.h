@@ -12,7 +12,7 @@ enum class Trouble {
     NoDevice,               // in-band: there is no such device
     NoPermission,           // in-band: the device may not be opened
     PasswordFile,           // LAN: the password cannot or must not be read
-    UnknownHost,            // LAN: the host's name has no address
+    UnknownHost,            // LAN: the address of the host cannot be found
     NoAnswer,               // nothing came in time
     Busy,                   // LAN: no session is free
     UnknownUser,            // LAN

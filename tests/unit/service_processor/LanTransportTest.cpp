@@ -67,7 +67,10 @@ TEST(LanTransport, HostNameWithoutAddress_IsNamed) {
     ControllerSettings controller;
     controller.host = "no host";
     EXPECT_EQ(TroubleWith(controller),
-              (ThrownTrouble{Trouble::UnknownHost, "The host name 'no host' has no address."}));
+              (ThrownTrouble{Trouble::UnknownHost,
+                             "The address of the host 'no host' cannot be found: Name or service "
+                             "not known. Correct the setting host, or the name resolution of this "
+                             "machine."}));
 }
 
 TEST(LanTransport, CipherSuiteThatFreeIpmiLacks_IsRefused) {

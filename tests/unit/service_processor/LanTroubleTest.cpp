@@ -51,8 +51,6 @@ INSTANTIATE_TEST_SUITE_P(
         Case{IPMI_ERR_SESSION_TIMEOUT, Trouble::NoAnswer,
              "The controller at bmc.example:623 stopped answering while a session was opened. Try "
              "again; if that does not help, set another cipher_suite, or restart the controller."},
-        Case{IPMI_ERR_HOSTNAME_INVALID, Trouble::UnknownHost,
-             "The host name 'bmc.example' has no address."},
         Case{IPMI_ERR_USERNAME_INVALID, Trouble::UnknownUser,
              "The controller at bmc.example:623 does not know the user 'tester'. Correct the "
              "setting user."},

@@ -1,3 +1,5 @@
+#include <cli/ClassAdvice.h>
+#include <cli/DiagnosticRun.h>
 #include <cli/InvokeAdvice.h>
 #include <cli/Text.h>
 #include <mof/Names.h>
@@ -43,8 +45,11 @@ std::string InvokeAdvice(host::Host& host, const host::ObjectPath& target,
                          const host::Status& status) {
     if (status.code == CMPI_RC_ERR_METHOD_NOT_FOUND)
         return MethodsOf(host.Schema(), target.className);
+    if (status.code == CMPI_RC_ERR_NOT_SUPPORTED)
+        return std::string(" Of the module's methods, RunDiagnostic of ") + kServiceClass +
+               " is the only one that does something.";
     if (status.code == CMPI_RC_ERR_FAILED) return InstanceAdvice(host, target);
-    return "";
+    return ClassAdvice(target.className, status, RegisteredClasses(host));
 }
 
 }  // namespace cli

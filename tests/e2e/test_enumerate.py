@@ -42,9 +42,20 @@ def test_records_before_any_run_are_an_empty_array(good):
     assert (result.code, result.json()) == (0, [])
 
 
-def test_records_before_any_run_are_no_text(good):
+NO_RECORD = (
+    f"bmci2c: There is no instance of {RECORD}. What a run of the test leaves behind is gone with its "
+    f"process: call bmci2c enumerate {RECORD} --after-runs 1 to run the test first.\n"
+)
+
+
+def test_records_before_any_run_are_no_text_but_a_hint(good):
     result = good("enumerate", RECORD)
-    assert (result.code, result.out) == (0, "")
+    assert (result.code, result.out, result.err) == (0, "", NO_RECORD)
+
+
+def test_no_instance_after_a_run_is_no_text(good):
+    result = good("enumerate", EMPTY_CLASSES[0], "--after-runs", "1")
+    assert (result.code, result.out, result.err) == (0, "", "")
 
 
 def test_after_runs_runs_in_the_same_process(good):
@@ -124,6 +135,16 @@ def test_unknown_class_ends_with_3(good, command):
     assert "No_Such_Class" in result.err
 
 
+@pytest.mark.parametrize("command", [["enumerate"], ["names"], ["invoke", "RunDiagnostic"]])
+def test_class_without_its_prefix_is_told_with_it(good, command):
+    result = good(command[0], "DiagnosticService", *command[1:])
+    assert result.code == 3
+    assert result.err.endswith(
+        "There is no class 'DiagnosticService' in the name space 'root/QUVSD'. Call bmci2c info to "
+        f"see the classes. The class {SERVICE} is near to that.\n"
+    )
+
+
 def test_names_of_the_job_is_its_path(good):
     result = good("names", JOB)
     assert result.code == 0
@@ -138,6 +159,6 @@ def test_names_of_the_service_has_the_keys_that_it_assigned(good):
     assert sorted(path.group(1).split(",")) == ['Name="BMC I2C Test"', 'SystemName=""']
 
 
-def test_names_of_a_class_without_instances_prints_nothing(good):
+def test_names_of_a_class_without_instances_prints_a_hint(good):
     result = good("names", RECORD)
-    assert (result.code, result.out) == (0, "")
+    assert (result.code, result.out, result.err) == (0, "", NO_RECORD)

@@ -1,3 +1,4 @@
+#include <cli/ClassAdvice.h>
 #include <cli/DiagnosticRun.h>
 #include <cli/Errors.h>
 #include <cli/ExitCodes.h>
@@ -23,7 +24,9 @@ struct EnumerateOptions {
 
 std::vector<host::Instance> EnumerateOnce(host::Host& host, const std::string& className) {
     host::InstancesResult result = host.EnumerateInstances(ClassPath(className));
-    if (!result.status.IsOk()) throw CallError("Enumerating " + className, result.status);
+    if (!result.status.IsOk())
+        throw CallError("Enumerating " + className, result.status,
+                        ClassAdvice(className, result.status, RegisteredClasses(host)));
     return std::move(result.instances);
 }
 
@@ -44,6 +47,8 @@ int Enumerate(const Session& session, const EnumerateOptions& options) {
     for (int time = 0; time < options.times; ++time)
         instances = EnumerateOnce(*host, options.className);
     Print(instances, options.asJson);
+    if (instances.empty() && options.runs == 0 && !options.asJson)
+        std::cerr << "bmci2c: " << NoInstanceText(options.className) << '\n';
     return kSuccess;
 }
 

@@ -1,3 +1,4 @@
+#include <cli/ClassAdvice.h>
 #include <cli/DiagnosticRun.h>
 #include <cli/Errors.h>
 #include <cli/ExitCodes.h>
@@ -15,8 +16,10 @@ int Names(const Session& session, const std::string& className) {
     const std::unique_ptr<host::Host> host = LoadHost(session);
     const host::NamesResult result = host->EnumerateInstanceNames(ClassPath(className));
     if (!result.status.IsOk())
-        throw CallError("Enumerating the names of " + className, result.status);
+        throw CallError("Enumerating the names of " + className, result.status,
+                        ClassAdvice(className, result.status, RegisteredClasses(*host)));
     for (const host::ObjectPath& name : result.names) std::cout << name.ToString() << '\n';
+    if (result.names.empty()) std::cerr << "bmci2c: " << NoInstanceText(className) << '\n';
     return kSuccess;
 }
 

@@ -1,0 +1,23 @@
+// What to do about a class that is not there, or that shows nothing.
+#pragma once
+
+#include <host/Host.h>
+
+#include <string>
+#include <vector>
+
+namespace cli {
+
+// After a request for `className` that ended with `status`, with a blank before it: which of the
+// known classes was meant, in any letter case, with or without the prefix that all of the module's
+// classes have. Empty when the class is not the cause, or none is near.
+std::string ClassAdvice(const std::string& className, const host::Status& status,
+                        const std::vector<std::string>& known);
+
+// The classes that the module registers.
+std::vector<std::string> RegisteredClasses(const host::Host& host);
+
+// Why there is nothing to print: what a run leaves behind lives as long as the process.
+std::string NoInstanceText(const std::string& className);
+
+}  // namespace cli

@@ -191,7 +191,7 @@ def test_controller_that_falls_silent_is_not_completed(machine, controllers):
     assert (outcome.code, outcome.verdict) == (2, "not completed")
     assert outcome.records[0].startswith(passed(0) + not_completed(806, 1))
     assert outcome.log == [
-        asked(1) + "completion code 0xc3 (the controller could not carry out the command), "
+        asked(1) + "completion code 0xc3 (the controller did not answer the command in time), "
         "0 data bytes, 1 attempt, N ms"
     ]
     assert run_on(machine).records == [passed(0, 1)]
@@ -208,6 +208,6 @@ def test_controller_that_is_gone_is_not_completed(machine, controllers):
     assert (outcome.code, outcome.verdict) == (2, "not completed")
     assert outcome.records[0].startswith(passed(0) + not_completed(821, 1))
     assert outcome.log == [
-        asked(1) + "completion code 0xd2 (the controller could not carry out the command), "
+        asked(1) + "completion code 0xd2 (the controller is still starting), "
         "0 data bytes, 1 attempt, N ms"
     ]

@@ -12,6 +12,10 @@ std::string Meaning(std::uint8_t completionCode) {
             return " (the controller is busy)";
         case kInvalidCommand:
             return " (the controller does not know the command)";
+        case kTimeOver:
+            return " (the controller did not answer the command in time)";
+        case kStarting:
+            return " (the controller is still starting)";
         case kInsufficientPrivilege:
             return " (the user's privilege level is too low for the command)";
         default:

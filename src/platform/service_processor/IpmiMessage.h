@@ -32,10 +32,13 @@ constexpr std::uint8_t kGetDeviceId = 0x01;
 constexpr std::uint8_t kI2cBusStatus = 0x09;
 constexpr std::uint8_t kControllerGeneration = 0xC1;
 
-// Completion codes that are named in a log line.
+// Completion codes that are named in a log line. With kTimeOver the kernel's driver answers in the
+// place of a controller that is silent.
 constexpr std::uint8_t kCompleted = 0x00;
 constexpr std::uint8_t kNodeBusy = 0xC0;
 constexpr std::uint8_t kInvalidCommand = 0xC1;
+constexpr std::uint8_t kTimeOver = 0xC3;
+constexpr std::uint8_t kStarting = 0xD2;
 constexpr std::uint8_t kInsufficientPrivilege = 0xD4;
 constexpr std::uint8_t kControllerBusy = 0xFF;
 

@@ -165,6 +165,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(CodeCase{0xFF, "0xff \\(the controller is busy\\)"},
                     CodeCase{0xC0, "0xc0 \\(the controller is busy\\)"},
                     CodeCase{0xC1, "0xc1 \\(the controller does not know the command\\)"},
+                    CodeCase{0xC3, "0xc3 \\(the controller did not answer the command in time\\)"},
+                    CodeCase{0xD2, "0xd2 \\(the controller is still starting\\)"},
                     CodeCase{0xD4,
                              "0xd4 \\(the user's privilege level is too low for the command\\)"},
                     CodeCase{0xD5, "0xd5 \\(the controller could not carry out the command\\)"}));

@@ -1,6 +1,10 @@
 #include <platform/settings/ControllerTable.h>
+#include <platform/settings/FileText.h>
 #include <platform/settings/NameList.h>
 
+#include <algorithm>
+#include <array>
+#include <system_error>
 #include <utility>
 
 namespace platform {
@@ -8,7 +12,9 @@ namespace platform {
 namespace {
 
 constexpr int kLastCipherSuite = 17;
-constexpr int kLongestTimeLimit = 60;  // seconds
+constexpr std::array kUnsupportedCipherSuites = {4, 5, 9, 10, 13, 14};  // by FreeIPMI
+constexpr std::size_t kLongestUserName = 16;                            // bytes
+constexpr int kLongestTimeLimit = 60;                                   // seconds
 
 // FreeIPMI's names of its workarounds, by protocol.
 const std::vector<std::string>& WorkaroundNames(const std::string& protocol) {
@@ -25,6 +31,23 @@ std::string RequiredText(TomlTable& table, std::string_view key, const std::stri
     return table.Required(key, table.NonEmptyText(key), allowed);
 }
 
+std::optional<std::string> ReadUser(TomlTable& table) {
+    const std::optional<std::string> user = table.Text("user");
+    if (user && user->size() > kLongestUserName)
+        table.Reject("user", "a string of " + std::to_string(user->size()) + " bytes",
+                     "is a string of at most " + std::to_string(kLongestUserName));
+    return user;
+}
+
+std::optional<int> ReadCipherSuite(TomlTable& table) {
+    const std::optional<int> suite = table.Integer("cipher_suite", 0, kLastCipherSuite);
+    if (suite &&
+        std::ranges::find(kUnsupportedCipherSuites, *suite) != kUnsupportedCipherSuites.end())
+        table.Reject("cipher_suite", std::to_string(*suite),
+                     "are 0 to 3, 6 to 8, 11, 12 and 15 to 17, which FreeIPMI supports");
+    return suite;
+}
+
 void ReadInBand(TomlTable& table, const std::filesystem::path& folder, ControllerSettings& inBand) {
     inBand.device =
         folder / RequiredText(table, "device", R"(is the path of a device, such as "/dev/ipmi0")");
@@ -35,21 +58,32 @@ void ReadLan(TomlTable& table, const std::filesystem::path& folder, ControllerSe
     lan.host = RequiredText(table, "host", "is the name or the address of the controller");
     lan.timeLimit = ReadTimeLimit(table, "time_limit");
     lan.port = table.Integer<std::uint16_t>("port", 1, 65535).value_or(lan.port);
-    lan.user = table.Text("user").value_or(lan.user);
+    lan.user = ReadUser(table).value_or(lan.user);
     if (const auto file = table.NonEmptyText("password_file")) lan.passwordFile = folder / *file;
     lan.protocol = table.Choice("protocol", {"2.0", "1.5"}).value_or(lan.protocol);
-    lan.cipherSuite = table.Integer("cipher_suite", 0, kLastCipherSuite).value_or(lan.cipherSuite);
+    lan.cipherSuite = ReadCipherSuite(table).value_or(lan.cipherSuite);
     lan.workarounds =
         table.Choices("workarounds", WorkaroundNames(lan.protocol)).value_or(lan.workarounds);
     lan.privilegeLevel = table.Choice("privilege_level", {"user", "operator", "administrator"})
                              .value_or(lan.privilegeLevel);
 }
 
+SimulatedProfile ReadProfile(TomlTable& table, const std::filesystem::path& folder,
+                             const std::string& file) {
+    try {
+        ReadFileText(folder / file);
+    } catch (const std::system_error& error) {
+        table.Reject("profile", '"' + file + "\" (" + ReasonText(error.code().value()) + ')',
+                     "is the path of a file that can be read");
+    }
+    return ReadSimulatedProfile(folder / file);
+}
+
 ControllerSettings ReadSimulated(TomlTable& table, std::size_t position,
                                  const std::filesystem::path& folder) {
     const std::string file =
         RequiredText(table, "profile", "is the path of a simulated machine's profile");
-    const SimulatedProfile profile = ReadSimulatedProfile(folder / file);
+    const SimulatedProfile profile = ReadProfile(table, folder, file);
     if (position >= profile.nodes.size())
         table.Reject("profile",
                      "a profile with this number of [[node]] tables: " +

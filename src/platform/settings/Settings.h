@@ -58,7 +58,7 @@ struct ControllerSettings {
     std::string user;                      // LAN
     std::string passwordFile;              // LAN: its first line is the password
     std::string protocol = "2.0";          // LAN: "2.0" (RMCP+) or "1.5"
-    int cipherSuite = 3;                   // LAN 2.0: 0 to 17
+    int cipherSuite = 3;                   // LAN 2.0: of those that FreeIPMI supports
     std::vector<std::string> workarounds;  // LAN: FreeIPMI's names of this protocol
     std::string privilegeLevel = "administrator";    // LAN: "user", "operator", "administrator"
     std::shared_ptr<const SimulatedNode> simulated;  // simulated: how it answers

@@ -207,6 +207,10 @@ constexpr BadFile kBadSettings[] = {
      ":4:8: key 'controller[0].port': found 65536, allowed is an integer from 1 to 65535."},
     {"UserIsAnInteger", "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"\nuser = 1\n",
      ":4:8: key 'controller[0].user': found an integer, allowed is a string."},
+    {"UserTooLong",
+     "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"\nuser = \"seventeen-letters\"\n",
+     ":4:8: key 'controller[0].user': found a string of 17 bytes, allowed is a string of at most "
+     "16."},
     {"PasswordFileIsEmpty",
      "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"\npassword_file = \"\"\n",
      ":4:17: key 'controller[0].password_file': found an empty string, allowed is a string with at "
@@ -222,6 +226,10 @@ constexpr BadFile kBadSettings[] = {
     {"CipherSuiteTooHigh",
      "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"\ncipher_suite = 18\n",
      ":4:16: key 'controller[0].cipher_suite': found 18, allowed is an integer from 0 to 17."},
+    {"CipherSuiteThatFreeIpmiLacks",
+     "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"\ncipher_suite = 4\n",
+     ":4:16: key 'controller[0].cipher_suite': found 4, allowed are 0 to 3, 6 to 8, 11, 12 and 15 "
+     "to 17, which FreeIPMI supports."},
     {"UnknownPrivilegeLevel",
      "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"\nprivilege_level = \"root\"\n",
      ":4:19: key 'controller[0].privilege_level': found \"root\", allowed are \"user\", "
@@ -243,6 +251,10 @@ constexpr BadFile kBadSettings[] = {
     {"SimulatedWithoutAProfile", "[[controller]]\ntransport = \"simulated\"\n",
      ":1:1: key 'controller[0].profile': found nothing, allowed is the path of a simulated "
      "machine's profile; add this key."},
+    {"ProfileThatIsNotThere",
+     "[[controller]]\ntransport = \"simulated\"\nprofile = \"absent.toml\"\n",
+     ":3:11: key 'controller[0].profile': found \"absent.toml\" (No such file or directory), "
+     "allowed is the path of a file that can be read."},
     {"ProfileWithoutTheControllersNode",
      "[[controller]]\ntransport = \"simulated\"\nprofile = \"/dev/null\"\n",
      ":3:11: key 'controller[0].profile': found a profile with this number of [[node]] tables: 0, "

@@ -32,6 +32,15 @@ std::vector<std::string> FunctionsOf(const std::vector<host::Registration>& regi
     return names;
 }
 
+// A list of all functions hides what is wrong.
+std::string FirstOf(std::vector<std::string> names) {
+    constexpr std::size_t kMostNames = 4;
+    if (names.size() <= kMostNames) return Listed(names);
+    const std::size_t others = names.size() - kMostNames;
+    names.resize(kMostNames);
+    return Listed(names) + ", and " + std::to_string(others) + " more";
+}
+
 Check CheckFunctions(const host::Module& module,
                      const std::vector<host::Registration>& registrations) {
     const std::vector<std::string> names = FunctionsOf(registrations);
@@ -43,7 +52,7 @@ Check CheckFunctions(const host::Module& module,
                     "The module exports its " + std::to_string(names.size()) + " functions.");
     return Bad(kFunctions,
                "The module lacks " + std::to_string(missing.size()) + " of its " +
-                   std::to_string(names.size()) + " functions: " + Listed(missing) + ".",
+                   std::to_string(names.size()) + " functions: " + FirstOf(missing) + ".",
                kReinstall);
 }
 

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <set>
 #include <string>
+#include <system_error>
 #include <vector>
 
 namespace cli {
@@ -142,6 +143,13 @@ Checks CheckProviders(const host::HostFiles& files) {
         const SimulatedMachine inPlaceOfThisOne;
         host::Host host(files);
         return AskProviders(host);
+    } catch (const std::system_error& error) {
+        return {
+            Bad(kName,
+                "The providers were not asked, because the folder for temporary files cannot be "
+                "used: " +
+                    error.code().message() + ".",
+                "Make room in it, or name another one with the variable TMPDIR.")};
     } catch (const std::exception& error) {
         return {Bad(kName, error.what(), kReinstall)};
     }

@@ -1,3 +1,4 @@
+#include <cli/ScopedVariable.h>
 #include <cli/doctor/ModuleChecks.h>
 #include <cli/doctor/ProviderChecks.h>
 
@@ -33,6 +34,18 @@ TEST_F(ModuleChecks, LibraryWithoutTheFunctions_LacksEachOfThem) {
                   "QUVSG_BMCI2C_Thing_Provider_Create_InstanceMI and "
                   "QUVSG_BMCI2C_Thing_Provider_Create_MethodMI.",
                   kReinstall));
+}
+
+TEST_F(ModuleChecks, LibraryWithoutManyFunctions_NamesTheFirst) {
+    const std::string association =
+        "[QUVSG_BMCI2C_Link]\n   provider: Link_Provider\n   location: bmci2c.cmpi\n"
+        "   type: instance method association\n   namespace: root/QUVSD\n";
+    EXPECT_EQ(
+        CheckModule(Files("class QUVSG_BMCI2C_Thing { };", kRegistration + association)).at(1).text,
+        "The module lacks 6 of its 6 functions: cimple_module, "
+        "QUVSG_BMCI2C_Thing_Provider_Create_InstanceMI, "
+        "QUVSG_BMCI2C_Thing_Provider_Create_MethodMI and Link_Provider_Create_InstanceMI, and "
+        "2 more.");
 }
 
 TEST_F(ModuleChecks, RegisteredClasses_AreGood) {
@@ -76,6 +89,15 @@ TEST_F(ModuleChecks, FilesThatAreGone_AreBadEach) {
         EXPECT_FALSE(check.ok);
         EXPECT_EQ(check.advice, kReinstall);
     }
+}
+
+TEST_F(ModuleChecks, ProvidersWithoutATemporaryFolder_AreNotAsked) {
+    const ScopedVariable temporary("TMPDIR", "/absent");
+    EXPECT_THAT(CheckProviders(Files("class QUVSG_BMCI2C_Thing { };", kRegistration)),
+                ElementsAre(Bad("providers",
+                                "The providers were not asked, because the folder for temporary "
+                                "files cannot be used: No such file or directory.",
+                                "Make room in it, or name another one with the variable TMPDIR.")));
 }
 
 TEST_F(ModuleChecks, ProvidersOfAModuleThatCannotBeLoaded_AreBad) {

@@ -14,6 +14,11 @@ bool IsSimulatedController(const platform::ControllerSettings& controller) {
     return controller.transport == platform::TransportKind::Simulated;
 }
 
+std::string WayTo(const platform::ControllerSettings& controller, int node) {
+    const std::string way = platform::MakeTransport(controller, node)->Describe();
+    return platform::IsAbsent(controller) ? way + ", not present" : way;
+}
+
 }  // namespace
 
 Machine ReadMachine(const platform::Settings& settings) {
@@ -23,8 +28,7 @@ Machine ReadMachine(const platform::Settings& settings) {
                     .controllers = {}};
     for (const platform::ControllerSettings& controller : platform::NodeList(settings)) {
         const int node = static_cast<int>(machine.controllers.size());
-        machine.controllers.push_back(
-            {platform::MakeTransport(controller, node)->Describe(), controller});
+        machine.controllers.push_back({WayTo(controller, node), controller});
     }
     return machine;
 }

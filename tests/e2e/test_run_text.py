@@ -50,6 +50,11 @@ def test_machine_and_controllers_are_shown(bmci2c):
     assert "\nManagement controllers\n  node 0  simulated\n  node 1  simulated\n" in text
 
 
+def test_controller_that_is_not_present_is_shown_as_such(bmci2c):
+    text = text_of(bmci2c, node(data=[0]), node(present=False))
+    assert "\n  node 0  simulated\n  node 1  simulated, not present\n" in text
+
+
 def test_map_has_a_row_for_each_node_and_a_cell_for_each_bus(bmci2c):
     text = text_of(bmci2c, node(data=[0, 0]), node(data=[4, 0x80]))
     assert (

@@ -90,9 +90,8 @@ std::string CatalogStep(const RunReport& report) {
     if (report.machine.type.empty() && report.machine.biosId.empty())
         return "Neither the machine type nor the BIOS identifier of this machine could be read "
                "from "
-               "SMBIOS. Run the command as root on the server itself, or set 'type' under "
-               "[machine] "
-               "in the settings.";
+               "SMBIOS. Run the command on the server itself, or set 'type' under [machine] in the "
+               "settings file.";
     return "The message catalog " + catalog + " lists neither the machine type '" +
            report.machine.type + "' nor the BIOS identifier '" + report.machine.biosId +
            "'. Add the machine to it, or name the diagnostics root directory of another catalog "
@@ -122,7 +121,9 @@ bool HasRecommendations(const DiagnosticRun& run) {
 
 std::string UnjudgedStep(const RunReport& report) {
     const std::vector<std::string> nodes = UnjudgedNodes(report);
-    const std::string where = report.troubles.empty() ? "" : " (see what the library said above)";
+    const bool isToldWhy = std::ranges::any_of(
+        report.troubles, [](const std::string& trouble) { return trouble.starts_with("SP: "); });
+    const std::string where = isToldWhy ? " (see what the library said above)" : "";
     const std::string why =
         " why " + (nodes.empty() ? "a controller" : Listed(nodes)) + " could not be examined";
     return (HasRecommendations(report.run) ? "Follow the recommendations above to find out" + why

@@ -66,6 +66,13 @@ TEST(RunReport, FailedRunWithASilentController_SpeaksOfBoth) {
                             "above), then run the test again."));
 }
 
+TEST(RunReport, TroubleOfSmbios_IsNoReasonForASilentController) {
+    auto report = ReportWith({Record(6, "166-802-001 Silent")}, {kSilent});
+    report.troubles = {"DMI: a file cannot be read."};
+    EXPECT_THAT(NextSteps(report), ElementsAre("Find out why node 0 could not be examined, then "
+                                               "run the test again."));
+}
+
 TEST(RunReport, SilentController_IsNotCompleted) {
     const auto report = ReportWith({Record(2, "166-802-001 Silent\n166-000-002 Pass")},
                                    {kSilent, Examined({Bus::Good})});
@@ -92,8 +99,8 @@ TEST(RunReport, MachineWithoutTypeAndBiosId_PointsToSmbiosAndNotToTheCatalog) {
     EXPECT_THAT(
         NextSteps(report),
         ElementsAre("Neither the machine type nor the BIOS identifier of this machine could "
-                    "be read from SMBIOS. Run the command as root on the server itself, or "
-                    "set 'type' under [machine] in the settings."));
+                    "be read from SMBIOS. Run the command on the server itself, or set "
+                    "'type' under [machine] in the settings file."));
 }
 
 TEST(RunReport, CatalogThatCannotBeUsed_IsTheReasonAndThePlaceToBegin) {

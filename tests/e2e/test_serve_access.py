@@ -109,8 +109,11 @@ def test_address_in_use_is_named(refused, serve):
 
 def test_unusable_files_are_named(refused, certificate, tmp_path, password_file):
     listen = ["--listen", "127.0.0.1:0"]
-    assert refused(*listen, "--certificate", "/none", "--key", certificate[1]).startswith(
-        "bmci2c: The certificate '/none' cannot be used: "
+    assert refused(*listen, "--certificate", "/none", "--key", certificate[1]) == (
+        "bmci2c: The certificate '/none' cannot be used: No such file or directory.\n"
+    )
+    assert refused(*listen, "--certificate", certificate[0], "--key", "/none") == (
+        "bmci2c: The key '/none' cannot be used: No such file or directory.\n"
     )
     assert refused(*listen, "--certificate", certificate[0], "--key", certificate[0]).startswith(
         f"bmci2c: The key '{certificate[0]}' cannot be used: "

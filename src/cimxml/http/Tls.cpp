@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <system_error>
 
 namespace cimxml {
 
@@ -14,9 +15,15 @@ struct Free {
     void operator()(SSL* connection) const { SSL_free(connection); }
 };
 
-// What OpenSSL says about its last failure on this thread.
+// What OpenSSL says about its last failure on this thread; the system's own reason where that is
+// behind it.
 std::string Reason() {
     const unsigned long code = ERR_peek_last_error();
+    const unsigned long cause = ERR_peek_error();
+    if (ERR_SYSTEM_ERROR(cause)) {
+        ERR_clear_error();
+        return std::generic_category().message(ERR_GET_REASON(cause));
+    }
     const char* const reason = code == 0 ? nullptr : ERR_reason_error_string(code);
     ERR_clear_error();
     return reason ? reason : "no reason given";

@@ -99,6 +99,12 @@ DOCUMENTS = {
     ),
     "too-deep": ("<a>" * 65 + "</a>" * 65, 400, "request-not-loosely-valid"),
     "much-too-deep": ("<a>" * 100000 + "</a>" * 100000, 400, "request-not-loosely-valid"),
+    "character-0": (
+        GET_CLASS.replace("CIM_Job", "CIM_Job&#0;x"),
+        400,
+        "request-not-well-formed",
+    ),
+    "text-around": ("a" + GET_CLASS.partition("?>")[2], 400, "request-not-well-formed"),
     "html": ("<html><body/></html>", 400, "request-not-loosely-valid"),
     "no-namespace": (
         GET_CLASS.replace("LOCALNAMESPACEPATH", "OTHER"),

@@ -1,5 +1,5 @@
 #include <cimxml/codec/Document.h>
-#include <cimxml/codec/Utf8.h>
+#include <cimxml/codec/WellFormed.h>
 
 #include <utility>
 
@@ -9,36 +9,7 @@ namespace {
 
 constexpr int kBadRequest = 400;
 
-constexpr unsigned int kParseOptions = pugi::parse_default | pugi::parse_doctype |
-                                       pugi::parse_declaration | pugi::parse_ws_pcdata_single;
-
-[[noreturn]] void FailWellFormed(const std::string& text) {
-    throw ProtocolError(kBadRequest, kNotWellFormed, text);
-}
-
-class DepthCheck : public pugi::xml_tree_walker {
-public:
-    explicit DepthCheck(std::size_t most) : maxDepth(most) {}
-
-    bool for_each(Node& node) override {
-        return node.type() != pugi::node_element || static_cast<std::size_t>(depth()) < maxDepth;
-    }
-
-private:
-    const std::size_t maxDepth;
-};
-
-void CheckProlog(const pugi::xml_document& tree) {
-    for (const Node node : tree.children()) {
-        if (node.type() == pugi::node_doctype &&
-            std::string_view(node.value()).find('[') != std::string_view::npos)
-            FailLooselyValid("The request declares document types of its own.");
-        const std::string_view encoding = node.attribute("encoding").value();
-        if (node.type() == pugi::node_declaration && !encoding.empty() && encoding != "utf-8" &&
-            encoding != "UTF-8")
-            FailWellFormed("The request is not encoded in UTF-8.");
-    }
-}
+constexpr unsigned int kParseOptions = pugi::parse_default | pugi::parse_ws_pcdata_single;
 
 Node SkipToElement(Node node) {
     while (node && node.type() != pugi::node_element) node = node.next_sibling();
@@ -52,20 +23,14 @@ void FailLooselyValid(const std::string& text) {
 }
 
 Document::Document(std::string text, std::size_t maxDepth) : buffer(std::move(text)) {
-    if (!IsXmlText(buffer))
-        FailWellFormed("The request holds bytes that are no characters of XML in UTF-8.");
+    // pugixml takes much that is no XML, and cuts texts at the character 0.
+    CheckWellFormed(buffer, maxDepth);
     const auto result =
         tree.load_buffer_inplace(buffer.data(), buffer.size(), kParseOptions, pugi::encoding_utf8);
     if (!result)
-        FailWellFormed("The request is no XML: " + std::string(result.description()) +
-                       ", at byte " + std::to_string(result.offset) + ".");
-    CheckProlog(tree);
-    if (Next(First(tree)))
-        FailWellFormed("The request is no XML: there are elements behind its root.");
-    DepthCheck check(maxDepth);
-    if (!tree.traverse(check))
-        FailLooselyValid("Elements of the request are nested deeper than " +
-                         std::to_string(maxDepth) + " levels.");
+        throw ProtocolError(kBadRequest, kNotWellFormed,
+                            "The request is no XML: " + std::string(result.description()) +
+                                ", at byte " + std::to_string(result.offset) + ".");
 }
 
 bool Is(Node element, std::string_view name) { return name == element.name(); }

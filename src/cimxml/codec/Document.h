@@ -14,8 +14,7 @@ using Node = pugi::xml_node;
 
 class Document {
 public:
-    // Reads the text, which is UTF-8. Throws ProtocolError: when it is no XML, brings declarations
-    // of its own (entities could be among them), or has elements below more than `maxDepth` others.
+    // Reads the text. Throws ProtocolError when CheckWellFormed() does.
     Document(std::string text, std::size_t maxDepth);
 
     Node Root() const { return tree.document_element(); }

@@ -142,11 +142,18 @@ TEST(RequestReader, WhatIsNoXml_IsNotWellFormed) {
     EXPECT_EQ(ErrorOf("<CIM>\xFF</CIM>"),
               (Error{400, kNotWellFormed,
                      "The request holds bytes that are no characters of XML in UTF-8."}));
-    EXPECT_EQ(
-        ErrorOf(Intrinsic("") + "<CIM/>"),
-        (Error{400, kNotWellFormed, "The request is no XML: there are elements behind its root."}));
     EXPECT_EQ(ErrorOf("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><CIM/>"),
               (Error{400, kNotWellFormed, "The request is not encoded in UTF-8."}));
+}
+
+TEST(RequestReader, WhatIsNearlyXml_IsNotWellFormed) {
+    EXPECT_EQ(ErrorOf("<CIM>&a;</CIM>"),
+              (Error{400, kNotWellFormed, "The request is no XML: undefined entity, at byte 5."}));
+    for (const char* text :
+         {"<CIM A=\"&#0;\"/>", "<CIM>a&#0;b</CIM>", "<CIM>&#xD800;</CIM>", "<CIM>a & b</CIM>",
+          "<CIM A=\"1\" A=\"2\"/>", "<CIM A=\"<\"/>", "<CIM>]]></CIM>", "text<CIM/>", "<CIM/>text",
+          "<CIM/><CIM/>", "<!-- a -- b --><CIM/>", " <?xml version=\"1.0\"?><CIM/>"})
+        EXPECT_EQ(ErrorOf(text).cimError, kNotWellFormed) << text;
 }
 
 TEST(RequestReader, DeclarationsOfItsOwn_AreRefused) {

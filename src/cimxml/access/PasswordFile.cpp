@@ -40,6 +40,12 @@ std::vector<std::string> ReadLines(const std::string& path) {
     return lines;
 }
 
+// True when crypt() could have made it. Of what else looks like the begin of a hash, such as a
+// password in clear, crypt() makes a longer text.
+bool IsHash(const std::string& text) {
+    return !text.empty() && HashLike("", text).size() == text.size();
+}
+
 bool Exists(const std::string& path) { return ::access(path.c_str(), F_OK) == 0; }
 
 // The user of a line; nothing when the line means nothing.
@@ -57,6 +63,19 @@ void CheckUserName(const std::string& name) {
         throw SetupError("The user name '" + name +
                          "' cannot be used: it must not be empty, begin with '#' or hold "
                          "colons or control characters.");
+    if (name.size() > kMostUserName)
+        throw SetupError("The user name is longer than " + std::to_string(kMostUserName) +
+                         " bytes.");
+}
+
+void CheckPassword(const std::string& password) {
+    constexpr std::size_t kMost = CRYPT_MAX_PASSPHRASE_SIZE - 1;
+    if (password.empty()) throw SetupError("The password is empty.");
+    if (password.size() > kMost)
+        throw SetupError("The password is longer than " + std::to_string(kMost) + " bytes.");
+    // crypt() would end it there, and anybody could come in with what stands before.
+    if (password.find('\0') != std::string::npos)
+        throw SetupError("The password holds a NUL character.");
 }
 
 std::string NewHash(const std::string& password) {
@@ -132,7 +151,7 @@ std::vector<User> ReadPasswordFile(const std::string& path) {
         ++number;
         const auto user = ParseLine(line);
         if (!user) continue;
-        if (user->name.empty() || HashLike("", user->hash).empty())
+        if (user->name.empty() || !IsHash(user->hash))
             Fail(path, "has no user and hash in line " + std::to_string(number) +
                            "; write it with 'bmci2c passwd'");
         users.push_back(*user);
@@ -143,7 +162,7 @@ std::vector<User> ReadPasswordFile(const std::string& path) {
 
 void SetPassword(const std::string& path, const std::string& user, const std::string& password) {
     CheckUserName(user);
-    if (password.empty()) throw SetupError("The password is empty.");
+    CheckPassword(password);
     const std::string entry = user + ":" + NewHash(password);
     std::vector<std::string> lines;
     if (Exists(path)) lines = ReadLines(path);

@@ -9,6 +9,8 @@
 
 namespace cimxml {
 
+inline constexpr std::size_t kMostUserName = 200;  // bytes
+
 struct User {
     std::string name;
     std::string hash;

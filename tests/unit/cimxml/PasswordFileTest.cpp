@@ -1,6 +1,8 @@
+#include <cimxml/access/Authenticator.h>
 #include <cimxml/access/PasswordFile.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <openssl/evp.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -106,7 +108,8 @@ TEST_F(PasswordFileTest, FileWithoutUsers_IsRefused) {
 }
 
 TEST_F(PasswordFileTest, LineWithoutHash_IsNamed) {
-    for (const char* line : {"ann", "ann:", ":hash", "ann:not a hash", "ann:*"}) {
+    for (const char* line :
+         {"ann", "ann:", ":hash", "ann:not a hash", "ann:*", "ann:sesame", "ann:$y$j9T$abc"}) {
         Write("# comment\n" + std::string(line) + "\n");
         EXPECT_EQ(ReadError(), "The password file '" + path +
                                    "' has no user and hash in line 2; write it with "
@@ -125,6 +128,29 @@ TEST_F(PasswordFileTest, UnusableUserName_IsRefused) {
 
 TEST_F(PasswordFileTest, EmptyPassword_IsRefused) {
     EXPECT_EQ(ErrorOf([&] { SetPassword(path, "ann", ""); }), "The password is empty.");
+}
+
+TEST_F(PasswordFileTest, PasswordThatCryptWouldCut_IsRefused) {
+    EXPECT_EQ(ErrorOf([&] { SetPassword(path, "ann", std::string(512, 'a')); }),
+              "The password is longer than 511 bytes.");
+    EXPECT_EQ(ErrorOf([&] { SetPassword(path, "ann", std::string("a\0b", 3)); }),
+              "The password holds a NUL character.");
+    EXPECT_FALSE(std::filesystem::exists(path));
+}
+
+TEST_F(PasswordFileTest, LongestUserAndPassword_AreRecognised) {
+    const std::string user(kMostUserName, 'u');
+    const std::string password(511, 'p');
+    EXPECT_EQ(ErrorOf([&] { SetPassword(path, user + "u", password); }),
+              "The user name is longer than 200 bytes.");
+    SetPassword(path, user, password);
+    const std::string credentials = user + ":" + password;
+    std::string encoded((credentials.size() + 2) / 3 * 4 + 1, '\0');
+    encoded.resize(static_cast<std::size_t>(
+        EVP_EncodeBlock(reinterpret_cast<unsigned char*>(encoded.data()),
+                        reinterpret_cast<const unsigned char*>(credentials.data()),
+                        static_cast<int>(credentials.size()))));
+    EXPECT_TRUE(Authenticator(ReadPasswordFile(path)).Judge("Basic " + encoded).isGranted);
 }
 
 TEST_F(PasswordFileTest, FolderThatIsMissing_IsNamed) {

@@ -40,7 +40,8 @@ Addresses Resolve(const std::string& address) {
         machine = machine.substr(1, machine.size() - 2);
     else if (machine.find(':') != std::string::npos)
         machine.clear();
-    if (machine.empty() || !IsPort(port))
+    // The resolver takes "*" for this machine only, and whoever writes it means the opposite.
+    if (machine.empty() || machine == "*" || !IsPort(port))
         Fail(address, "it has not the form ADDRESS:PORT, as 127.0.0.1:5988 or [::1]:5988");
     addrinfo hints{};
     hints.ai_family = AF_UNSPEC;

@@ -56,6 +56,7 @@ def test_other_methods_are_not_allowed(server, verb):
         ({"path": "/"}, (404, None)),
         ({"path": "http://127.0.0.1/cimom"}, (200, None)),
         ({"Host": None}, (400, None)),
+        ({"Origin": "http://127.0.0.1:5988"}, (403, None)),
         ({"Content_Type": "text/html"}, (415, None)),
         ({"Content_Type": None}, (415, None)),
         ({"Content_Type": "application/xml; charset=latin-1"}, (415, None)),

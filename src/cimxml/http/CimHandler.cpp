@@ -53,6 +53,9 @@ std::optional<HttpResponse> RefuseForm(const HttpRequest& head) {
         response.headers.emplace_back("Allow", "POST, M-POST");
         return response;
     }
+    // Browsers add it to what the scripts of web pages send, and no other client does.
+    if (head.Header("Origin"))
+        return TextResponse(403, "This server answers no web pages: the request has an 'Origin'.");
     if (!head.isVersion10 && !head.Header("Host"))
         return TextResponse(400, "The request lacks the header 'Host'.");
     const std::string* const type = head.Header("Content-Type");

@@ -26,9 +26,10 @@ public:
     }
 
     void Unregister(ServerTools& tools, const RegistrationFiles& /*files*/) const override {
-        if (!tools.Prints({"cimprovider", "-l"}, kModule)) return;
-        tools.Try({"cimprovider", "-d", "-m", kModule});  // refused when it is disabled already
-        tools.Run({"cimprovider", "-r", "-m", kModule});
+        tools.WhenPrinted({"cimprovider", "-l"}, kModule, [&tools] {
+            tools.Try({"cimprovider", "-d", "-m", kModule});  // refused when it is disabled already
+            tools.Run({"cimprovider", "-r", "-m", kModule});
+        });
     }
 
     std::string AfterRegister(const std::string& moduleFolder) const override {

@@ -62,14 +62,17 @@ void ServerTools::Try(const CommandWords& command) {
     if (!dryRun) RunProgram(command);
 }
 
-bool ServerTools::Prints(const CommandWords& command, const std::string& line) {
-    Announce(command, ", and if it lists " + line + ":");
-    return dryRun || HasLine(RunRequired(command), line);
+void ServerTools::WhenPrinted(const CommandWords& command, const std::string& line,
+                              const std::function<void()>& rest) {
+    Announce(command);
+    if (!dryRun && !HasLine(RunRequired(command), line)) return;
+    condition = ", if that lists " + line;
+    rest();
+    condition.clear();
 }
 
-void ServerTools::Announce(const CommandWords& command, const std::string& condition) {
-    out << (dryRun ? "Would run: " : "Running: ") << CommandLine(command)
-        << (dryRun ? condition : "") << '\n'
+void ServerTools::Announce(const CommandWords& command) {
+    out << (dryRun ? "Would run" + condition : "Running") << ": " << CommandLine(command) << '\n'
         << std::flush;
 }
 

@@ -4,6 +4,7 @@
 
 #include <cli/registration/ExternalProgram.h>
 
+#include <functional>
 #include <iosfwd>
 #include <stdexcept>
 #include <string>
@@ -37,15 +38,17 @@ public:
     // Runs a command that may fail without harm.
     void Try(const CommandWords& command);
 
-    // Runs a command that must succeed, and tells whether `line` is among the lines that it prints.
-    // A dry run says that what follows depends on it, and takes it for true.
-    bool Prints(const CommandWords& command, const std::string& line);
+    // Runs a command that must succeed, and does the rest when `line` is among the lines that it
+    // prints. A dry run does the rest in any case, and says of each command what it depends on.
+    void WhenPrinted(const CommandWords& command, const std::string& line,
+                     const std::function<void()>& rest);
 
 private:
-    void Announce(const CommandWords& command, const std::string& condition = {});
+    void Announce(const CommandWords& command);
 
     bool dryRun;
     std::ostream& out;
+    std::string condition;  // of a dry run's next commands; empty for none
 };
 
 }  // namespace cli

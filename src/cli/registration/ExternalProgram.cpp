@@ -11,8 +11,6 @@
 #include <sstream>
 #include <system_error>
 
-extern char** environ;
-
 namespace cli {
 
 namespace {

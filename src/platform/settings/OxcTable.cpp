@@ -29,8 +29,9 @@ std::optional<OxcFamily> ReadOxcFamily(TomlTable& table, std::string_view key) {
     if (!table.HoldsArray(key))
         return table.BooleanAmong(
             key, "is true, false, or an array of tables { manufacturer = N, product = N }");
-    std::vector<ControllerProduct> products;
     auto tables = table.Tables(key).value_or(std::vector<TomlTable>{});
+    std::vector<ControllerProduct> products;
+    products.reserve(tables.size());
     for (TomlTable& product : tables) products.push_back(ReadProduct(product));
     return products;
 }

@@ -7,7 +7,7 @@ namespace platform {
 namespace {
 
 std::optional<std::string> ReadPattern(TomlTable& table, std::string_view key) {
-    const std::optional<std::string> pattern = table.NonEmptyText(key);
+    std::optional<std::string> pattern = table.NonEmptyText(key);
     try {
         if (pattern) TextPattern checked(*pattern);
     } catch (const PatternError& error) {
@@ -20,7 +20,7 @@ std::optional<std::string> ReadPattern(TomlTable& table, std::string_view key) {
 // Of a table whose `pattern` was read.
 std::optional<std::string> ReadReplacement(TomlTable& table, std::string_view key,
                                            const std::optional<std::string>& pattern) {
-    const std::optional<std::string> replacement = table.Text(key);
+    std::optional<std::string> replacement = table.Text(key);
     if (!replacement) return std::nullopt;
     if (!pattern)
         table.Reject(key, "a replacement without a pattern",

@@ -18,6 +18,8 @@ namespace cli {
 
 namespace {
 
+constexpr const char* kNone = "(none)";
+
 using Rows = std::vector<std::pair<std::string, std::string>>;
 
 Json SettingsJson(const Session& session) {
@@ -77,14 +79,17 @@ Json InfoJson(const Session& session) {
             {"troubles", AllTroubles(catalog, capture.Lines())}};
 }
 
-// A JSON value for people: texts without quotation marks, nothing as "(none)".
+// A JSON value for people: texts without quotation marks, nothing as kNone.
 std::string Plain(const Json& value) {
-    if (value.is_null() || value == "") return "(none)";
-    if (value.is_string()) return value.get<std::string>();
+    if (value.is_null()) return kNone;
+    if (value.is_string()) {
+        const auto text = value.get<std::string>();
+        return text.empty() ? kNone : text;
+    }
     if (!value.is_array()) return value.dump();
     std::vector<std::string> items;
     for (const Json& item : value) items.push_back(Plain(item));
-    return items.empty() ? "(none)" : Listed(items);
+    return items.empty() ? kNone : Listed(items);
 }
 
 std::string OriginText(const Json& setting) {

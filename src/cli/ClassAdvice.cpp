@@ -23,6 +23,7 @@ std::string ClassAdvice(const std::string& className, const host::Status& status
                         const std::vector<std::string>& known) {
     if (status.code != CMPI_RC_ERR_INVALID_CLASS) return "";
     std::vector<std::string> names;
+    names.reserve(known.size());
     for (const std::string& name : known) names.push_back(LowerCase(name));
     const std::string prefix = LowerCase(kPrefix);
     const std::string word = LowerCase(className);

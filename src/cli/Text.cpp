@@ -89,7 +89,7 @@ std::string Table(const std::vector<std::pair<std::string, std::string>>& rows) 
     for (const auto& [name, text] : rows) longest = std::max(longest, name.size());
     std::string table;
     for (const auto& [name, text] : rows)
-        table += "  " + name + std::string(longest - name.size() + 2, ' ') + text + "\n";
+        table.append("  ").append(name).append(longest - name.size() + 2, ' ').append(text + "\n");
     return table;
 }
 

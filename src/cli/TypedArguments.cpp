@@ -42,6 +42,7 @@ Given Split(const std::string& option, const std::string& text) {
 
 std::string Names(const std::vector<Declaration>& members) {
     std::vector<std::string> names;
+    names.reserve(members.size());
     for (const Declaration& member : members) names.push_back(member.name);
     return names.empty() ? "none" : Listed(names);
 }

@@ -272,6 +272,18 @@ def test_unknown_server_is_wrong_usage(servers):
     assert "it must be sfcb or pegasus" in result.err
 
 
+@pytest.mark.parametrize("option", [["--interop", "root/interop"], ["--published-classes"]])
+def test_options_of_openpegasus_are_refused_for_sfcb(servers, option):
+    servers.install(*SFCB)
+    result = servers.call("register", "sfcb", *option)
+    assert (result.code, result.out) == (64, "")
+    assert result.err == (
+        "bmci2c: --interop and --published-classes are options of OpenPegasus. Leave them out for "
+        "sfcb.\n"
+    )
+    assert servers.calls() == []
+
+
 def test_missing_schema_file_is_named(servers):
     servers.install(*SFCB)
     servers.command.environment["BMCI2C_SCHEMA"] = "/nowhere"

@@ -26,6 +26,10 @@ struct RegisterOptions {
 };
 
 std::unique_ptr<CimServer> Chosen(const RegisterOptions& options) {
+    if (options.server == kSfcb && options.pegasus != PegasusOptions{})
+        throw UsageError(
+            "--interop and --published-classes are options of OpenPegasus. Leave them out for "
+            "sfcb.");
     return options.server == kSfcb ? Sfcb() : Pegasus(options.pegasus);
 }
 

@@ -41,6 +41,8 @@ public:
 struct PegasusOptions {
     std::string interop = "root/PG_InterOp";  // the namespace of OpenPegasus's registrations
     bool hasPublishedClasses = false;
+
+    bool operator==(const PegasusOptions&) const = default;
 };
 
 std::unique_ptr<CimServer> Sfcb();

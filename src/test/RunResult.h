@@ -1,5 +1,5 @@
-// What a run of the I2C bus test found out, as a value. The run fills it where it judges, beside the
-// record that CIM clients read; the command, reports and the log read it and nothing else.
+// What a run of the I2C bus test found out, as a value. The run fills it where it judges, beside
+// the record that CIM clients read; the command, reports and the log read it and nothing else.
 //
 //     const RunResult result = test.Run("I2C Bus", {});
 //     for (const ControllerResult& controller : result.controllers)
@@ -14,7 +14,8 @@
 #include <string>
 #include <vector>
 
-// A numbered line of the test, "166-NUMBER-CONTROLLER HEADING TEXT", and what the catalog recommends.
+// A numbered line of the test, "166-NUMBER-CONTROLLER HEADING TEXT", and what the catalog
+// recommends.
 struct ResultMessage {
     std::string line;
     std::vector<std::string> recommendations;
@@ -93,9 +94,9 @@ enum class Verdict {
 struct RunResult {
     MachineResult machine;
     std::vector<ControllerResult> controllers;  // in node order
-    std::vector<ResultMessage> messages;        // of the run as a whole, such as an unsupported machine
-    std::vector<platform::Trouble> troubles;    // the same
-    std::optional<int> endOfRecord;             // the node that ended the run of a CIM client early
+    std::vector<ResultMessage> messages;  // of the run as a whole, such as an unsupported machine
+    std::vector<platform::Trouble> troubles;  // the same
+    std::optional<int> endOfRecord;           // the node that ended the run of a CIM client early
     std::chrono::system_clock::time_point begin;
     std::chrono::system_clock::time_point end;
     std::chrono::milliseconds elapsed{0};  // by a clock that nobody sets

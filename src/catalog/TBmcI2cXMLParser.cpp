@@ -1,3 +1,4 @@
+#include <catalog/IndexError.h>
 #include <catalog/TBmcI2cXMLParser.h>
 #include <platform/diagnostics/TOSSpecific.h>
 #include <platform/diagnostics/TRootObject.h>
@@ -319,7 +320,11 @@ void TBmcI2cXMLParser::StorePendingRecommendation() {
 }
 
 unsigned int TBmcI2cXMLParser::PropertyNumber() const {
-    return boost::lexical_cast<unsigned int>(propertyIndex);
+    try {
+        return boost::lexical_cast<unsigned int>(propertyIndex);
+    } catch (const boost::bad_lexical_cast&) {
+        throw IndexError(GetCurLine(), propertyIndex);
+    }
 }
 
 // --- Helpers for catalog readers; reading the catalog itself does without them. ---

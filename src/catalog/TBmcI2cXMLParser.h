@@ -5,8 +5,8 @@
 //     for (const boost::shared_ptr<TMachine>& machine : parser.GetMachineList()) { ... }
 //
 // What is wrong in a catalog is logged with its line at severity 0, and reading goes on. A message
-// number that is not decimal throws boost::bad_lexical_cast; the machines read until then stay. One
-// parser reads one file: a second Parse adds to the first.
+// number that is not decimal throws IndexError; the machines read until then stay. One parser
+// reads one file: a second Parse adds to the first.
 #pragma once
 
 #include <catalog/TMachine.h>
@@ -96,7 +96,7 @@ private:
     void AddBuildRecommendation(const std::string& text, bool isForThisBuild);
     void AddMessageText(const std::string& text);
     void StorePendingRecommendation();
-    // The index of the last property. Throws boost::bad_lexical_cast.
+    // The index of the last property. Throws IndexError.
     unsigned int PropertyNumber() const;
 
     std::string version;

@@ -8,13 +8,19 @@
 #include <test/DiagService.h>
 #include <test/IpmiExchange.h>
 #include <test/LocationLines.h>
+#include <test/RunOptions.h>
 #include <test/RunRecord.h>
+#include <test/RunResult.h>
 
+#include <atomic>
 #include <boost/shared_ptr.hpp>
 #include <cstdint>
+#include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 class BMCI2C_Test_Impl : public DiagService {
 public:
@@ -37,18 +43,23 @@ public:
 
     // Waits for a run that is under way. Lets exceptions of platform and catalog through; the next
     // run works nevertheless. A busy controller makes it pause for 5 seconds.
+    RunResult Run(const std::string& name, const RunOptions& options = {});
+    // The same for CIM clients, who read the records; always 0.
     std::int32_t RunDiagnostic(cimple::String name) override;
     cimple::String GetCaption() const override;
     cimple::String GetDescription() const override;
     cimple::String GetElementName() const override;
+
+    // The message catalog's file.
+    static std::string CatalogPath();
 
     // True when the catalog lists this machine. Reads machine type and catalog first.
     bool SupportedMachineType();
 
     // The steps of a run, for the run and for tests; they do not exclude a run.
 
-    // Stores the machine type; keeps a record when there is none.
-    void ReadMachineType();
+    // Stores the machine type. When there is none it keeps a record and gives its message.
+    std::optional<ResultMessage> ReadMachineType();
     // Reads the catalog, once per object: a catalog that cannot be opened is not tried again.
     void ParseXML();
     // Looks machine type and BIOS identifier up in the catalog and picks the entries for messages.
@@ -76,31 +87,63 @@ public:
     const bool isOxcMachine;
 
 private:
-    struct Run {
+    // What is known of the controllers' family when the test is made.
+    struct Family {
+        bool isOxc = false;
+        std::optional<platform::Trouble> trouble;  // why it is not known
+    };
+    static Family FamilyOfNode0();
+    explicit BMCI2C_Test_Impl(Family family);
+
+    struct CurrentRun {
         RunRecord record;
+        const RunOptions& options;
+        RunResult result = {};
         bool busFailed = false;  // on any controller so far
+
+        bool IsStopped() const { return options.stop != nullptr && *options.stop; }
+        template <class Call>
+        void Tell(Call call) const {
+            if (options.observer != nullptr) call(*options.observer);
+        }
     };
     enum class Next { Controller, EndOfRun };
 
-    void RecordUnsupportedMachine(RunRecord& record);
-    void TestControllers(Run& run);
-    Next TestController(int node, Run& run);
-    bool AskBusStatus(int node, IpmiExchange& exchange);
-    bool JudgeResponse(const IpmiResponse& response, RunRecord& record);
-    bool DetectOxcV2();
-    std::string ScanBusses(const IpmiResponse& response, bool isV2, Run& run);
-    void AddFailedBusses(unsigned int failed, unsigned int firstBus, std::string& failures,
-                         Run& run);
-    void AddFailedBus(unsigned int bus, std::string& failures, Run& run);
-    void RecordBusses(std::string result, Run& run);
+    void RunSteps(CurrentRun& run);
+    void DescribeMachine(RunResult& result);
+    void RecordUnsupportedMachine(CurrentRun& run);
+    void TestControllers(CurrentRun& run);
+    Next TestController(int node, CurrentRun& run);
+    bool AskBusStatus(IpmiExchange& exchange, CurrentRun& run, ControllerResult& controller);
+    static bool Send(std::unique_ptr<SPLibrary> library, IpmiExchange& exchange,
+                     const CurrentRun& run, ControllerResult& controller);
+    void RecordSilence(const IpmiExchange& exchange, CurrentRun& run, ControllerResult& controller);
+    bool JudgeResponse(const IpmiExchange& exchange, CurrentRun& run, ControllerResult& controller);
+    static Next EndRecord(CurrentRun& run, int node);
+    std::string DetectGeneration(const CurrentRun& run, ControllerResult& controller);
+    Generation AskGeneration(const std::atomic<bool>* stop, std::string& reason);
+    void RecordBusses(std::string failures, CurrentRun& run, ControllerResult& controller);
 
-    void KeepMachineTypeFailure(RunRecord& record, std::string_view reason, unsigned short number);
+    // The messages of the failed busses, one below the other; empty when none failed.
+    std::string ScanBusses(const platform::IpmiResponse& response, CurrentRun& run,
+                           ControllerResult& controller);
+    void AddFailedBus(unsigned int bus, std::string& failures, CurrentRun& run,
+                      ControllerResult& controller);
+
+    ResultMessage KeepMachineTypeFailure(RunRecord& record, std::string_view reason,
+                                         unsigned short number);
     void ReadCatalog(const std::string& path);
+    ResultMessage BuildMessage(int kind, unsigned short number);
+    ResultMessage CompletionCodeMessage(unsigned char code);
     std::string MessageLine(int kind, unsigned short number);
-    std::string Recommendations(unsigned short number);
+    std::vector<std::string> Recommendations(unsigned short number);
     void WriteLocation(LocationLine line);
 
-    // One run at a time: guards parser, machine, genericMachine, machineType, testName and
-    // nodeCount.
+    const std::optional<platform::Trouble> familyTrouble;
+    std::string biosId;                               // as the last support check read it
+    std::optional<platform::Trouble> catalogTrouble;  // why the catalog was not read to its end
+
+    // One run at a time: guards parser, machine, genericMachine, machineType, testName, nodeCount,
+    // biosId and catalogTrouble.
     std::mutex runLock;
 };

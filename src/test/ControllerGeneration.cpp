@@ -1,5 +1,6 @@
 #include <test/BMCI2C_Test_Impl.h>
 #include <test/CoreLog.h>
+#include <test/RunTroubles.h>
 
 #include <utility>
 
@@ -14,21 +15,35 @@ constexpr std::uint8_t kSecondGeneration = 0x01;
 }  // namespace
 
 bool BMCI2C_Test_Impl::IsOxcV2() {
+    std::string reason;
+    return AskGeneration(nullptr, reason) == Generation::Second;
+}
+
+// Unknown, with the reason, when the answer is of no use.
+Generation BMCI2C_Test_Impl::AskGeneration(const std::atomic<bool>* stop, std::string& reason) {
     std::unique_ptr<SPLibrary> controller = ControllerOfNode(0);
-    IpmiExchange exchange(OemCommand::ControllerGeneration, kAnnouncedLength);
+    IpmiExchange exchange(platform::kControllerGeneration, kAnnouncedLength);
     WriteCoreLog(kLogTrace, exchange.DumpRequest());
+    if (controller != nullptr) {
+        controller->StopOn(stop);
+    }
     if (!exchange.SendTo(std::move(controller))) {
-        return false;
+        const auto& trouble = exchange.Facts().trouble;
+        reason = trouble ? trouble->text : run_trouble::NotPresent().text;
+        return Generation::Unknown;
     }
-    const IpmiResponse response = exchange.Response();
-    WriteCoreLog(kLogTrace, response.Dump());
-    if (response.Length() <= 1) {
+    const platform::IpmiResponse response = exchange.Response();
+    WriteCoreLog(kLogTrace, Dump(response));
+    if (response.IsTooShort()) {
         WriteCoreLog(kLogTrace, "isOxcV2 response length not correct");
-        return false;
+        reason = run_trouble::TooShort(response.Length()).text;
+        return Generation::Unknown;
     }
-    if (response.CompletionCode() != 0) {
+    if (response.CompletionCode() != platform::kCompleted) {
         WriteCoreLog(kLogTrace, "IsOxcV2 completion code failed");
-        return false;
+        reason = run_trouble::Refused(response.CompletionCode()).text;
+        return Generation::Unknown;
     }
-    return (response.DataByte(kGenerationByte) & kSecondGeneration) != 0;
+    const bool isSecond = (response.DataByte(kGenerationByte) & kSecondGeneration) != 0;
+    return isSecond ? Generation::Second : Generation::First;
 }

@@ -55,17 +55,29 @@ void DiagService::ForEachRecord(const std::function<void(const DiagnosticRecord&
 
 void DiagService::AppendRecord(DiagnosticRecord* record) {
     const std::lock_guard<std::mutex> changing(recordsLock);
-    records.push_back(record);
+    ListInWork().push_back(record);
 }
 
 void DiagService::ReplaceRecords(std::vector<DiagnosticRecord*> kept) {
     std::vector<DiagnosticRecord*> dropped = kept;
     {
         const std::lock_guard<std::mutex> changing(recordsLock);
-        dropped.swap(records);
+        dropped.swap(ListInWork());
     }
     std::erase_if(dropped, [&kept](const DiagnosticRecord* record) {
         return std::find(kept.begin(), kept.end(), record) != kept.end();
     });
     Destroy(std::move(dropped));
+}
+
+DiagService::RunScope::RunScope(DiagService& runningTest) : test(runningTest) {
+    test.ReplaceRecords({});
+    const std::lock_guard<std::mutex> changing(test.recordsLock);
+    test.isRunning = true;
+}
+
+DiagService::RunScope::~RunScope() {
+    const std::lock_guard<std::mutex> changing(test.recordsLock);
+    test.isRunning = false;
+    test.records.swap(test.recordsOfRun);
 }

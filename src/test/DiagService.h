@@ -42,15 +42,33 @@ public:
     void ForEachRecord(const std::function<void(const DiagnosticRecord&)>& visit) const;
 
     // Puts a record at the end of the list, which owns it from then on. A record may be appended
-    // twice; it is destroyed once.
+    // twice; it is destroyed once. A record in the list does not change any more.
     void AppendRecord(DiagnosticRecord* record);
 
     // Makes `kept` the list and destroys every former record that it does not hold.
     void ReplaceRecords(std::vector<DiagnosticRecord*> kept);
 
-    std::vector<DiagnosticRecord*> records;
+    // The records of a run appear together: its beginning empties the list, and what is appended
+    // while an object lives is shown when the object ends, also by an exception.
+    class RunScope {
+    public:
+        explicit RunScope(DiagService& runningTest);
+        ~RunScope();
+        RunScope(const RunScope&) = delete;
+        RunScope& operator=(const RunScope&) = delete;
 
-    // Guards `records` and the contents of the records in it. Held for moments only, so that
-    // reading records never waits for a run.
+    private:
+        DiagService& test;
+    };
+
+    std::vector<DiagnosticRecord*> records;  // as readers see them
+
+private:
+    std::vector<DiagnosticRecord*>& ListInWork() { return isRunning ? recordsOfRun : records; }
+
+    // Guards the members below and `records`. Held for moments only, so that reading records never
+    // waits for a run.
     mutable std::mutex recordsLock;
+    bool isRunning = false;
+    std::vector<DiagnosticRecord*> recordsOfRun;  // of the run that is under way
 };

@@ -1,12 +1,8 @@
 #include <test/IpmiExchange.h>
 
-#include <algorithm>
-#include <cstring>
+#include <span>
 
 namespace {
-
-constexpr std::size_t kCompletionCodeIndex = 8;
-constexpr std::size_t kFirstDataIndex = 9;
 
 // Two lower-case hexadecimal digits and a blank for each byte.
 std::string Hexadecimal(std::span<const std::uint8_t> bytes) {
@@ -23,43 +19,26 @@ std::string Hexadecimal(std::span<const std::uint8_t> bytes) {
 
 }  // namespace
 
-std::uint8_t IpmiResponse::CompletionCode() const { return buffer[kCompletionCodeIndex]; }
-
-std::span<const std::uint8_t> IpmiResponse::Bytes() const {
-    if (length < 0) {
-        return {};
-    }
-    const std::size_t announced = static_cast<std::size_t>(length) + kFirstDataIndex;
-    return std::span(buffer).first(std::min(announced, buffer.size()));
-}
-
-std::span<const std::uint8_t> IpmiResponse::Data() const {
-    const std::span<const std::uint8_t> bytes = Bytes();
-    return bytes.subspan(std::min(kFirstDataIndex, bytes.size()));
-}
-
-std::uint8_t IpmiResponse::DataByte(std::size_t position) const {
-    return buffer.at(kFirstDataIndex + position);
-}
-
-std::string IpmiResponse::Dump() const {
-    return "Response length is : " + std::to_string(length) +
-           " Including completion code, received response data is : " + Hexadecimal(Bytes());
-}
-
-IpmiExchange::IpmiExchange(OemCommand command, int announcedLength) : length(announcedLength) {
-    const IpmiRequest request{.command = command};
-    std::memcpy(buffer.data(), &request, sizeof request);
-}
+IpmiExchange::IpmiExchange(std::uint8_t oemCommand, int announcedLength)
+    : buffer(platform::RequestBuffer(oemCommand)), length(announcedLength) {}
 
 std::string IpmiExchange::DumpRequest() const {
-    return "Sending command data: " + Hexadecimal(std::span(buffer).first<sizeof(IpmiRequest)>());
+    return "Sending command data: " +
+           Hexadecimal(std::span(buffer).first<platform::kRequestSize>());
 }
 
 bool IpmiExchange::SendTo(std::unique_ptr<SPLibrary> controller) {
-    return controller != nullptr &&
-           controller->sendIPMICommand(buffer.data(), &length, static_cast<int>(buffer.size()),
-                                       true);
+    if (controller == nullptr) return false;
+    const bool delivered =
+        controller->sendIPMICommand(buffer.data(), &length, static_cast<int>(buffer.size()), true);
+    facts = controller->LastExchange();
+    return delivered;
+}
+
+std::string Dump(const platform::IpmiResponse& response) {
+    return "Response length is : " + std::to_string(response.Length()) +
+           " Including completion code, received response data is : " +
+           Hexadecimal(response.Bytes());
 }
 
 std::unique_ptr<SPLibrary> ControllerOfNode(int node) {

@@ -1,11 +1,15 @@
 #include <platform/diagnostics/TOSSpecific.h>
 #include <platform/diagnostics/TZDXException.h>
+#include <platform/settings/FileText.h>
 #include <test/BMCI2C_Test_Impl.h>
 #include <test/CoreLog.h>
 #include <test/MachineTypes.h>
 #include <test/MessageNumbers.h>
+#include <test/RunTroubles.h>
 
+#include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <new>
 
@@ -15,7 +19,6 @@ using NQUVZDX20::TOSSpecific;
 
 namespace {
 
-constexpr char kCatalogBelowRoot[] = "/bmci2c/bmci2c.msg.xml";
 constexpr char kUnsetBiosId[] = "00";
 
 struct CloseFile {
@@ -24,6 +27,10 @@ struct CloseFile {
 
 }  // namespace
 
+std::string BMCI2C_Test_Impl::CatalogPath() {
+    return TOSSpecific::GetZDXRootPath() + "/bmci2c/bmci2c.msg.xml";
+}
+
 bool BMCI2C_Test_Impl::SupportedMachineType() {
     const std::lock_guard<std::mutex> noRun(runLock);
     ReadMachineType();
@@ -31,23 +38,26 @@ bool BMCI2C_Test_Impl::SupportedMachineType() {
     return IsMachineSupported();
 }
 
-void BMCI2C_Test_Impl::ReadMachineType() {
+std::optional<ResultMessage> BMCI2C_Test_Impl::ReadMachineType() {
     RunRecord record(*this, testName);
     const std::int32_t status = GetMachineType(&machineType);
-    record.Update(
-        [this](BMCI2C_Test_DiagnosticRecord& result) { result.MachineType = machineType; });
+    record->MachineType = machineType;
     if (status != 0) {
-        KeepMachineTypeFailure(record, kUnableReadMT, kMachineTypeUnreadable);
-    } else if (machineType.empty()) {
-        KeepMachineTypeFailure(record, kMTEmpty, kMachineTypeEmpty);
+        return KeepMachineTypeFailure(record, kUnableReadMT, kMachineTypeUnreadable);
     }
+    if (machineType.empty()) {
+        return KeepMachineTypeFailure(record, kMTEmpty, kMachineTypeEmpty);
+    }
+    return std::nullopt;
 }
 
-void BMCI2C_Test_Impl::KeepMachineTypeFailure(RunRecord& record, std::string_view reason,
-                                              unsigned short number) {
+ResultMessage BMCI2C_Test_Impl::KeepMachineTypeFailure(RunRecord& record, std::string_view reason,
+                                                       unsigned short number) {
     WriteCoreLog(kLogError, std::string(reason));
-    record.SetResult(GetMessageString(kNotCompletedMessage, number), kCompletionCriticalError);
+    ResultMessage message = BuildMessage(kNotCompletedMessage, number);
+    record.SetResult(TextOf(message), kCompletionCriticalError);
     record.Keep();
+    return message;
 }
 
 void BMCI2C_Test_Impl::ParseXML() {
@@ -56,7 +66,7 @@ void BMCI2C_Test_Impl::ParseXML() {
         return;
     }
     parser.SetDataCollected(true);
-    ReadCatalog(TOSSpecific::GetZDXRootPath() + kCatalogBelowRoot);
+    ReadCatalog(CatalogPath());
 }
 
 void BMCI2C_Test_Impl::ReadCatalog(const std::string& path) {
@@ -67,11 +77,24 @@ void BMCI2C_Test_Impl::ReadCatalog(const std::string& path) {
     }
     std::unique_ptr<std::FILE, CloseFile> file(std::fopen(path.c_str(), "r"));
     if (file == nullptr) {
+        const int reason = errno;
+        catalogTrouble = reason == ENOENT
+                             ? run_trouble::CatalogMissing(path)
+                             : run_trouble::CatalogUnreadable(path, platform::ReasonText(reason));
         return;
     }
     const std::size_t length = std::fread(text.get(), 1, size, file.get());
+    if (std::ferror(file.get()) != 0) {
+        catalogTrouble = run_trouble::CatalogUnreadable(path, platform::ReasonText(errno));
+    } else if (!std::filesystem::is_regular_file(path)) {
+        catalogTrouble = run_trouble::CatalogUnreadable(path, "it is not a regular file");
+    }
     file.reset();
     parser.Parse(text.get(), length);
+    if (!parser.SyntaxError().empty() && !catalogTrouble) {
+        catalogTrouble =
+            run_trouble::CatalogSyntax(path, parser.GetCurLine(), parser.SyntaxError());
+    }
 }
 
 // Once an entry of this machine and a generic one are found, later entries are still looked at, but
@@ -79,7 +102,7 @@ void BMCI2C_Test_Impl::ReadCatalog(const std::string& path) {
 bool BMCI2C_Test_Impl::IsMachineSupported() {
     WriteLocation(LocationLine::SupportCheckBegin);
     const auto entries = parser.GetMachineList();
-    const std::string biosId = TOSSpecific::GetBiosID();
+    biosId = TOSSpecific::GetBiosID();
     if (biosId.empty() || biosId == kUnsetBiosId) {
         WriteOutput(kLogError, "Fail to read BiosID!");
     }

@@ -49,22 +49,30 @@ void BMCI2C_Test_Impl::WriteLocation(LocationLine line) {
 }
 
 std::string BMCI2C_Test_Impl::ProcessCompletionCode(unsigned char code) {
+    return TextOf(CompletionCodeMessage(code));
+}
+
+ResultMessage BMCI2C_Test_Impl::CompletionCodeMessage(unsigned char code) {
     WriteLocation(LocationLine::CompletionCode);
     const bool named = code >= kFirstNamedCode && code <= kLastNamedCode;
     const int number =
         named ? kFirstCompletionCode + (code - kFirstNamedCode) : kUnknownCompletionCode;
-    return GetMessageString(kNotCompletedMessage, static_cast<unsigned short>(number));
+    return BuildMessage(kNotCompletedMessage, static_cast<unsigned short>(number));
 }
 
 std::string BMCI2C_Test_Impl::GetMessageString(int kind, unsigned short number) {
+    return TextOf(BuildMessage(kind, number));
+}
+
+ResultMessage BMCI2C_Test_Impl::BuildMessage(int kind, unsigned short number) {
     WriteLocation(LocationLine::MessageBegin);
     if (!IsMachineSupported() || machine == nullptr || genericMachine == nullptr) {
-        return "";
+        return {};
     }
     WriteLocation(LocationLine::MessageHeading);
-    std::string message = MessageLine(kind, number);
+    ResultMessage message{.line = MessageLine(kind, number), .recommendations = {}};
     if (kind != kPassMessage) {
-        message += Recommendations(number);
+        message.recommendations = Recommendations(number);
     }
     WriteLocation(LocationLine::MessageEnd);
     return message;
@@ -84,18 +92,7 @@ std::string BMCI2C_Test_Impl::MessageLine(int kind, unsigned short number) {
            generic.GetValueFromMap(HeadingOf(kind)) + text;
 }
 
-// The block below a message; empty when neither entry recommends anything.
-std::string BMCI2C_Test_Impl::Recommendations(unsigned short number) {
+std::vector<std::string> BMCI2C_Test_Impl::Recommendations(unsigned short number) {
     std::vector<std::string> texts = machine->GetMessege().GetRecommendations(number);
-    if (texts.empty()) {
-        texts = genericMachine->GetMessege().GetRecommendations(number);
-    }
-    if (texts.empty()) {
-        return "";
-    }
-    std::string block = "\nRecommendations:\n";
-    for (const std::string& text : texts) {
-        block += '\n' + text;
-    }
-    return block;
+    return texts.empty() ? genericMachine->GetMessege().GetRecommendations(number) : texts;
 }

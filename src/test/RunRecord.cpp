@@ -1,23 +1,36 @@
 #include <test/RunRecord.h>
 
-RunRecord::RunRecord(DiagService& ownerTest, const std::string& testName)
+#include <utility>
+
+RunRecord::RunRecord(DiagService& ownerTest, std::string name)
     : test(ownerTest),
+      testName(std::move(name)),
       unkept(std::make_unique<BMCI2C_Test_DiagnosticRecord>(testName)),
       record(unkept.get()) {}
 
 void RunRecord::SetResult(const std::string& text, std::int32_t completionState) {
-    Update([&](DiagnosticRecord& result) {
-        result.RecordData = text;
-        result.CompletionState = completionState;
-    });
+    record->RecordData = text;
+    record->CompletionState = completionState;
 }
 
 void RunRecord::Keep() {
+    if (closed) {
+        return;
+    }
     test.AppendRecord(record);
     static_cast<void>(unkept.release());
 }
 
 void RunRecord::KeepAlone() {
+    if (closed) {
+        return;
+    }
     test.ReplaceRecords({record});
     static_cast<void>(unkept.release());
+}
+
+void RunRecord::Close() {
+    unkept = std::make_unique<BMCI2C_Test_DiagnosticRecord>(testName);
+    record = unkept.get();
+    closed = true;
 }

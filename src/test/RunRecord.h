@@ -1,8 +1,7 @@
 // The record that a run is working on.
 //
 // The run owns it until it is first kept in the test's list; a record that is never kept is freed
-// at the run's end. Readers may see a kept record at any time, so each change is made under the
-// lock of the list.
+// at the run's end.
 #pragma once
 
 #include <test/BMCI2C_Test_DiagnosticRecord.h>
@@ -10,24 +9,17 @@
 
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <string>
 
 class RunRecord {
 public:
-    RunRecord(DiagService& ownerTest, const std::string& testName);
+    RunRecord(DiagService& ownerTest, std::string name);
 
-    // Calls `change` with the record. Log lines and messages are made before, not in it.
-    template <class Change>
-    void Update(Change change) {
-        const std::lock_guard<std::mutex> changing(test.recordsLock);
-        change(*record);
-    }
+    BMCI2C_Test_DiagnosticRecord* operator->() { return record; }
 
     // Sets the result text and the completion state together.
     void SetResult(const std::string& text, std::int32_t completionState);
 
-    // The result text so far. Only for the run itself, which alone changes it.
     const std::string& Text() const { return record->RecordData; }
 
     // Appends the record to the test's list, once more if it is there already.
@@ -36,8 +28,15 @@ public:
     // Makes the record the only one in the test's list.
     void KeepAlone();
 
+    // Leaves the list as it is from here on: what the run still finds out goes into a record that
+    // is never kept.
+    void Close();
+    bool IsClosed() const { return closed; }
+
 private:
     DiagService& test;
+    const std::string testName;
     std::unique_ptr<BMCI2C_Test_DiagnosticRecord> unkept;  // empty once the list owns the record
     BMCI2C_Test_DiagnosticRecord* record;
+    bool closed = false;
 };

@@ -1,4 +1,5 @@
 #include <test/RunResult.h>
+#include <test/RunTroubles.h>
 
 #include <algorithm>
 
@@ -12,7 +13,51 @@ bool IsWhollyGood(const ControllerResult& controller) {
                                [](const Bus& bus) { return bus.state == BusState::Good; });
 }
 
+platform::Trouble WhyNotAsked(const RunResult& result) {
+    if (!result.machine.supported) {
+        return run_trouble::NotAskedOnThisMachine();
+    }
+    if (result.verdict == Verdict::Interrupted) {
+        return run_trouble::Interrupted();
+    }
+    return result.endOfRecord ? run_trouble::NotAskedAfter(*result.endOfRecord)
+                              : run_trouble::NotAskedWithoutFirst();
+}
+
 }  // namespace
+
+std::string TextOf(const ResultMessage& message) {
+    std::string text = message.line;
+    if (!message.recommendations.empty()) {
+        text += "\nRecommendations:\n";
+    }
+    for (const std::string& recommendation : message.recommendations) {
+        text += '\n' + recommendation;
+    }
+    return text;
+}
+
+void AddController(RunResult& result, const std::string& address) {
+    ControllerResult& added = result.controllers.emplace_back();
+    added.node = static_cast<int>(result.controllers.size()) - 1;
+    added.address = address;
+}
+
+ControllerResult& ControllerOf(RunResult& result, int node) {
+    const auto position = static_cast<std::size_t>(node);
+    while (result.controllers.size() <= position) {
+        AddController(result, "");
+    }
+    return result.controllers[position];
+}
+
+void ExplainNotAsked(RunResult& result) {
+    for (ControllerResult& controller : result.controllers) {
+        if (controller.outcome == Outcome::NotAsked && !controller.trouble) {
+            controller.trouble = WhyNotAsked(result);
+        }
+    }
+}
 
 Verdict Judge(const RunResult& result) {
     if (result.verdict == Verdict::Interrupted) {

@@ -23,6 +23,9 @@ struct ResultMessage {
     bool operator==(const ResultMessage&) const = default;
 };
 
+// The line and the block of recommendations below it, as records hold them.
+std::string TextOf(const ResultMessage& message);
+
 enum class BusState {
     Good,
     Failed,
@@ -102,6 +105,15 @@ struct RunResult {
     std::chrono::milliseconds elapsed{0};  // by a clock that nobody sets
     Verdict verdict = Verdict::NotCompleted;
 };
+
+// Adds the next controller in node order.
+void AddController(RunResult& result, const std::string& address);
+
+// The controller of a node; added, with those before it, when it is not there yet.
+ControllerResult& ControllerOf(RunResult& result, int node);
+
+// Gives each controller that was not asked, and has no trouble yet, the reason.
+void ExplainNotAsked(RunResult& result);
 
 // The verdict that the rest of the result stands for; Interrupted stays.
 Verdict Judge(const RunResult& result);

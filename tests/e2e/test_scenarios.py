@@ -32,7 +32,7 @@ TIME_STAMP = re.compile(r"\d{14}\.\d{6}[+-]\d{3}")
 INTERVAL = re.compile(r"\d{14}\.\d{6}:\d{3}")
 REFERENCE = re.compile(r"root/QUVSD:QUVSG_BMCI2C_\w+\.")
 ADDRESS_LINE = "getMachineType:  = "
-PLATFORM_PREFIXES = ("SP: ", "DMI: ", "Settings: ", "Log: ")
+PLATFORM_PREFIXES = ("SP: ", "DMI: ", "Settings: ", "Log: ", "Run: ")
 PARSER_PREFIX = "BMCI2C Parser Line "
 PARSER_TRACE = (3, 4)  # severities
 END_BLANK = "\u2420"

@@ -47,6 +47,7 @@ void FakeDiagnostics::Reset() {
     machineType.clear();
     biosId.clear();
     root.clear();
+    smbiosProblem.clear();
     oemBuild = false;
     fileSize.reset();
     machineTypeFailure = nullptr;
@@ -76,6 +77,8 @@ std::string TOSSpecific::GetMachineTypeFromID() {
 }
 
 std::string TOSSpecific::GetBiosID() { return FakeDiagnostics::biosId; }
+
+std::string TOSSpecific::SmbiosProblem() { return FakeDiagnostics::smbiosProblem; }
 
 std::string TOSSpecific::GetZDXRootPath() { return FakeDiagnostics::root; }
 

@@ -39,6 +39,7 @@ public:
     static inline std::string machineType;
     static inline std::string biosId;
     static inline std::string root;
+    static inline std::string smbiosProblem;
     static inline bool oemBuild = false;
     static inline std::optional<unsigned long> fileSize;
     // Thrown instead of an answer to the question for the machine type.

@@ -1,4 +1,5 @@
 #include <fakes/FakeServiceProcessor.h>
+#include <platform/service_processor/IpmiBuffer.h>
 #include <platform/service_processor/SPLibrary.h>
 
 #include <algorithm>
@@ -9,11 +10,6 @@
 #include <utility>
 
 namespace {
-
-// Where the transport puts the response.
-constexpr std::size_t kCommandIndex = 4;
-constexpr std::size_t kCompletionCodeIndex = 8;
-constexpr std::size_t kFirstDataIndex = 9;
 
 struct AnswerQueue {
     std::deque<ScriptedAnswer> answers;
@@ -30,7 +26,8 @@ std::set<const SPLibrary*>& alive = *new std::set<const SPLibrary*>;
 ScriptedAnswer TakeAnswer(const SentRequest& request) {
     const std::lock_guard<std::mutex> changing(lock);
     requests.push_back(request);
-    const auto scripted = script.find({request.node, request.buffer[kCommandIndex]});
+    const auto scripted =
+        script.find({request.node, platform::ReadRequest(request.buffer).command});
     if (scripted == script.end()) {
         return {.delivered = false};
     }
@@ -42,10 +39,12 @@ ScriptedAnswer TakeAnswer(const SentRequest& request) {
     return queue.answers.front();
 }
 
-int LengthOf(const ScriptedAnswer& answer) {
-    const int trueLength = 1 + static_cast<int>(answer.data.size());
-    return answer.length.value_or(answer.completionCode == 0 ? trueLength
-                                                             : std::max(2, trueLength));
+platform::IpmiAnswer AsAnswer(const ScriptedAnswer& answer) {
+    return {.completionCode = answer.completionCode, .data = answer.data, .length = answer.length};
+}
+
+platform::Trouble Sleeping() {
+    return {.code = "no_answer", .text = "The controller sleeps.", .advice = "Wake it."};
 }
 
 class ScriptedController : public SPLibrary {
@@ -61,6 +60,10 @@ public:
 
     bool IsOxcControllerMachine() override { return FakeServiceProcessor::isOxc; }
 
+    std::optional<platform::Trouble> FamilyTrouble() const override {
+        return FakeServiceProcessor::familyTrouble;
+    }
+
     bool sendIPMICommand(unsigned char* buffer, int* length, int bufferSize,
                          bool waitForCompletion) override {
         if (FakeServiceProcessor::onRequest) {
@@ -72,20 +75,22 @@ public:
                             .waitForCompletion = waitForCompletion};
         std::memcpy(request.buffer.data(), buffer, request.buffer.size());
         const ScriptedAnswer answer = TakeAnswer(request);
+        exchange = {.attempts = 1, .trouble = std::nullopt};
         if (!answer.delivered) {
+            exchange.trouble = Sleeping();
             return false;
         }
-        *length = LengthOf(answer);
-        const std::size_t room = request.buffer.size() - kFirstDataIndex;
-        std::fill_n(buffer + kFirstDataIndex, room, std::uint8_t{0});
-        buffer[kCompletionCodeIndex] = answer.completionCode;
-        std::copy_n(answer.data.begin(), std::min(answer.data.size(), room),
-                    buffer + kFirstDataIndex);
+        *length = platform::WriteAnswer(AsAnswer(answer), {buffer, request.buffer.size()});
         return true;
     }
 
+    const SPExchange& LastExchange() const override { return exchange; }
+
+    void StopOn(const std::atomic<bool>*) override {}
+
 private:
     int node;
+    SPExchange exchange;
 };
 
 }  // namespace
@@ -93,6 +98,8 @@ private:
 void FakeServiceProcessor::Reset() {
     nodeCount = 1;
     isOxc = false;
+    isSimulated = false;
+    familyTrouble.reset();
     absent.clear();
     onObjectAskedFor = nullptr;
     onRequest = nullptr;
@@ -134,4 +141,18 @@ SPLibrary* SPLibrary::GetSplibraryInstance(int node) {
     auto* const controller = new ScriptedController(node);
     alive.insert(controller);
     return controller;
+}
+
+SPMachine SPLibrary::DescribeMachine() {
+    SPMachine machine;
+    for (int node = 0; node < FakeServiceProcessor::nodeCount; ++node) {
+        machine.controllers.push_back({.address = "scripted " + std::to_string(node),
+                                       .present = !FakeServiceProcessor::absent.contains(node)});
+    }
+    machine.simulated = FakeServiceProcessor::isSimulated;
+    if (machine.controllers.empty()) {
+        machine.trouble =
+            platform::Trouble{.code = "no_device", .text = "No device.", .advice = ""};
+    }
+    return machine;
 }

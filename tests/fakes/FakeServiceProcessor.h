@@ -7,6 +7,8 @@
 //     EXPECT_EQ(FakeServiceProcessor::Requests().size(), 2u);
 #pragma once
 
+#include <platform/diagnostics/Trouble.h>
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -48,6 +50,8 @@ public:
 
     static inline int nodeCount = 1;
     static inline bool isOxc = false;
+    static inline bool isSimulated = false;
+    static inline std::optional<platform::Trouble> familyTrouble;
     static inline std::set<int> absent;                       // nodes without a library object
     static inline std::function<void(int)> onObjectAskedFor;  // called with the node, first of all
     static inline std::function<void()> onRequest;            // called before the answer is given

@@ -31,6 +31,13 @@ std::string TOSSpecific::GetBiosID() {
     return TextOf(platform::ReadBiosId(*platform::SettingsInForce()));
 }
 
+std::string TOSSpecific::SmbiosProblem() {
+    const auto settings = platform::SettingsInForce();
+    const std::string type = platform::ReadMachineType(*settings).problem;
+    const std::string biosId = platform::ReadBiosId(*settings).problem;
+    return type.empty() || biosId.empty() ? type + biosId : type + " " + biosId;
+}
+
 std::string TOSSpecific::GetZDXRootPath() {
     return WithoutTrailing(platform::SettingsInForce()->root.value, "/");
 }

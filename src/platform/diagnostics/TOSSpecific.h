@@ -12,6 +12,10 @@ public:
     static std::string GetMachineTypeFromID();
     static std::string GetBiosID();
 
+    // Why the machine type or the BIOS identifier cannot be read, in full sentences; empty when
+    // both can. Writes no log line.
+    static std::string SmbiosProblem();
+
     // The root directory of the diagnostics installation, without a slash at its end.
     static std::string GetZDXRootPath();
 

@@ -77,10 +77,11 @@ struct TXmlParser::Run {
     const char** attributePairs = nullptr;  // of the current start tag: name, value, ..., null
     std::map<std::string, std::string> attributes;
     std::string unknownEncoding;
+    std::string syntaxError;
 
     void CreateTokeniser(TXmlParser& parser);
     int Line() const { return static_cast<int>(XML_GetCurrentLineNumber(tokeniser.get())); }
-    std::string SyntaxError(std::string_view parsed) const;
+    std::string SyntaxErrorText(std::string_view parsed) const;
 
     // Calls `callback` with the parser and its run. Exceptions cannot pass through Expat's C
     // functions, so one that comes stops the tokeniser, which may still report an event or two.
@@ -114,7 +115,7 @@ void TXmlParser::Run::CreateTokeniser(TXmlParser& parser) {
     XML_SetUnknownEncodingHandler(tokeniser.get(), OnUnknownEncoding, &parser);
 }
 
-std::string TXmlParser::Run::SyntaxError(std::string_view parsed) const {
+std::string TXmlParser::Run::SyntaxErrorText(std::string_view parsed) const {
     const auto column = XML_GetCurrentColumnNumber(tokeniser.get()) + 1;
     const auto position = static_cast<std::size_t>(XML_GetCurrentByteIndex(tokeniser.get()));
     const char byte = position < parsed.size() ? parsed[position] : '\0';
@@ -211,13 +212,13 @@ void TXmlParser::ParseJSSP() {
     const std::string_view document = std::exchange(run->document, {});
     const bool complete = Tokenise(run->tokeniser.get(), document);
     run->line = run->Line();
-    const std::string error = complete ? "" : run->SyntaxError(document);
+    if (!complete && run->failure == nullptr) run->syntaxError = run->SyntaxErrorText(document);
     run->tokeniser.reset();
     if (run->failure != nullptr) {
         std::rethrow_exception(std::exchange(run->failure, nullptr));
     }
     if (!complete) {
-        FatalError(error.c_str());
+        FatalError(run->syntaxError.c_str());
     }
 }
 
@@ -236,5 +237,7 @@ void TXmlParser::GetAttributeNValue() {
 }
 
 int TXmlParser::GetCurLine() const { return run->line; }
+
+const std::string& TXmlParser::SyntaxError() const { return run->syntaxError; }
 
 }  // namespace NQUVZDX20

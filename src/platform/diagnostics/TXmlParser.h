@@ -49,6 +49,9 @@ public:
     // reported, afterwards the last one; 0 before the first parse.
     int GetCurLine() const;
 
+    // What ended the last parse before the document's end; empty when nothing did.
+    const std::string& SyntaxError() const;
+
 private:
     struct Run;
     std::unique_ptr<Run> run;

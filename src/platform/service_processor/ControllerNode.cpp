@@ -1,5 +1,4 @@
 #include <platform/service_processor/ControllerNode.h>
-#include <platform/service_processor/ExchangeLog.h>
 #include <platform/service_processor/IpmiBuffer.h>
 #include <platform/service_processor/LiveObjects.h>
 #include <platform/service_processor/TimeShare.h>
@@ -17,17 +16,15 @@ namespace {
 constexpr int kNothingSent = 0;
 
 TransportError NoTimeLeft() {
-    return {Trouble::NoAnswer,
-            "The command was not sent: the commands before it have used up the controller's time. "
-            "Find out why it is slow, or raise its time_limit.",
-            kNothingSent};
+    return {TroubleCode::NoAnswer,
+            "The command was not sent: the commands before it have used up the controller's time.",
+            "Find out why it is slow, or raise its time_limit.", kNothingSent};
 }
 
 TransportError BusyTooLate(const IpmiAnswer& answer) {
-    return {Trouble::Busy,
-            "The controller is busy, and said so too late to be asked once more. Try again, or "
-            "raise its time_limit.",
-            answer.attempts};
+    return {TroubleCode::Busy,
+            "The controller is busy, and said so too late to be asked once more.",
+            "Try again, or raise its time_limit.", answer.attempts};
 }
 
 }  // namespace
@@ -38,6 +35,12 @@ ControllerNode::ControllerNode(NodeFacts nodeFacts, std::unique_ptr<Transport> w
 }
 
 ControllerNode::~ControllerNode() { LiveObjects::Remove(this); }
+
+bool ControllerNode::IsOxcControllerMachine() {
+    OxcAnswer answer = facts.askFamily();
+    familyTrouble = std::move(answer.trouble);
+    return answer.isOxc;
+}
 
 // Every command is waited for: nobody asks for an answer later.
 bool ControllerNode::sendIPMICommand(unsigned char* buffer, int* length, int bufferSize, bool) {
@@ -58,32 +61,41 @@ bool ControllerNode::Deliver(const MakeRequest& makeRequest, const UseAnswer& us
     const Time start = Now();
     ExchangeFacts exchange{
         .node = facts.node, .way = transport->Describe(), .request = {}, .elapsed = {}};
-    const auto stop = [&] {
+    const auto stopClock = [&] {
         exchange.elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(Now() - start);
     };
     try {
         exchange.request = makeRequest();
         const IpmiAnswer answer = Exchange(exchange.request);
-        stop();
+        stopClock();
+        lastExchange = {.attempts = answer.attempts, .trouble = std::nullopt};
         useAnswer(answer);
         LogAnswer(exchange, answer);
         return true;
     } catch (const TransportError& error) {
-        stop();
-        LogTrouble(exchange, error);
+        stopClock();
+        Report(exchange, error);
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& error) {
-        stop();
-        LogTrouble(exchange, TransportError(Trouble::Other, "The request could not be sent: " +
-                                                                std::string(error.what()) + "."));
+        stopClock();
+        Report(exchange,
+               TransportError(TroubleCode::Other,
+                              "The request could not be sent: " + std::string(error.what()) + ".",
+                              ""));
     }
     return false;
 }
 
+void ControllerNode::Report(const ExchangeFacts& exchange, const TransportError& error) {
+    lastExchange = {.attempts = error.Attempts(), .trouble = error.AsTrouble()};
+    LogTrouble(exchange, error);
+}
+
 IpmiAnswer ControllerNode::Exchange(const IpmiRequest& request) {
     TimeShare& share = ShareOfThisThread();
-    const TimeAllowance allowance = share.Begin(facts.node, request, facts.timeLimit, Now());
+    TimeAllowance allowance = share.Begin(facts.node, request, facts.timeLimit, Now());
+    allowance.stop = stop;
     if (allowance.total.count() <= 0) throw NoTimeLeft();
     try {
         IpmiAnswer answer = transport->Send(request, allowance);

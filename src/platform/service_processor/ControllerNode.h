@@ -2,9 +2,12 @@
 #pragma once
 
 #include <platform/service_processor/DeviceId.h>
+#include <platform/service_processor/ExchangeLog.h>
+#include <platform/service_processor/OxcMachine.h>
 #include <platform/service_processor/SPLibrary.h>
 #include <platform/service_processor/Transport.h>
 
+#include <atomic>
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -16,7 +19,7 @@ namespace platform {
 struct NodeFacts {
     int node = 0;       // from 0
     int nodeCount = 0;  // of the machine
-    std::function<bool()> isOxc;
+    std::function<OxcAnswer()> askFamily;
     std::chrono::milliseconds timeLimit{0};
 };
 
@@ -28,12 +31,16 @@ public:
     ~ControllerNode() override;
 
     int GetNumberBMCNode() override { return facts.nodeCount; }
-    bool IsOxcControllerMachine() override { return facts.isOxc(); }
+    bool IsOxcControllerMachine() override;
+    std::optional<Trouble> FamilyTrouble() const override { return familyTrouble; }
 
     // Every trouble becomes a log line; only std::bad_alloc leaves. The command ends within what is
     // left of the controller's share of the run (TimeShare.h).
     bool sendIPMICommand(unsigned char* buffer, int* length, int bufferSize,
                          bool waitForCompletion) override;
+
+    const SPExchange& LastExchange() const override { return lastExchange; }
+    void StopOn(const std::atomic<bool>* stopFlag) override { stop = stopFlag; }
 
     // Who the controller is; nothing, and a log line, when it does not say so.
     std::optional<DeviceId> Identify();
@@ -43,10 +50,14 @@ private:
     using UseAnswer = std::function<void(const IpmiAnswer&)>;
 
     bool Deliver(const MakeRequest& makeRequest, const UseAnswer& useAnswer);
+    void Report(const ExchangeFacts& exchange, const TransportError& error);
     IpmiAnswer Exchange(const IpmiRequest& request);
 
     NodeFacts facts;
     std::unique_ptr<Transport> transport;
+    std::optional<Trouble> familyTrouble;
+    SPExchange lastExchange;
+    const std::atomic<bool>* stop = nullptr;
 };
 
 }  // namespace platform

@@ -11,8 +11,8 @@ namespace {
 DeviceId AskDeviceId(const ControllerSettings& controller, int node,
                      std::chrono::milliseconds limit) {
     if (IsAbsent(controller)) {
-        throw TransportError(Trouble::NoDevice,
-                             "The profile says that this controller is not present.");
+        throw TransportError(TroubleCode::NotPresent,
+                             "The profile says that this controller is not present.", "");
     }
     return ReadDeviceId(
         MakeTransport(controller, node)->Send(kDeviceIdRequest, WholeAllowance(limit)));

@@ -23,12 +23,12 @@ std::string FirmwareText(std::uint8_t major, std::uint8_t minor) {
 }
 
 TransportError Refusal(std::uint8_t completionCode) {
-    return {completionCode == kNodeBusy || completionCode == kControllerBusy ? Trouble::Busy
-                                                                             : Trouble::Other,
+    return {completionCode == kNodeBusy || completionCode == kControllerBusy ? TroubleCode::Busy
+                                                                             : TroubleCode::Refused,
             "The controller answered Get Device ID with completion code " +
-                Hexadecimal(completionCode) + Meaning(completionCode) +
-                ". Every controller knows this command: try again, and restart the controller if "
-                "that does not help."};
+                Hexadecimal(completionCode) + Meaning(completionCode) + ".",
+            "Every controller knows this command: try again, and restart the controller if that "
+            "does not help."};
 }
 
 }  // namespace
@@ -37,11 +37,11 @@ DeviceId ReadDeviceId(const IpmiAnswer& answer) {
     if (answer.completionCode != kCompleted) throw Refusal(answer.completionCode);
     const std::vector<std::uint8_t>& data = answer.data;
     if (data.size() < kLeastBytes) {
-        throw TransportError(Trouble::AnswerTooShort,
+        throw TransportError(TroubleCode::UnusableAnswers,
                              "The controller's answer to Get Device ID is too short: it has " +
                                  std::to_string(data.size()) + " data bytes instead of " +
-                                 std::to_string(kLeastBytes) +
-                                 ". Restart the controller, or update its firmware.");
+                                 std::to_string(kLeastBytes) + ".",
+                             "Restart the controller, or update its firmware.");
     }
     DeviceId id;
     id.device = data[kDevice];

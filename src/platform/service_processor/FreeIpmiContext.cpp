@@ -34,13 +34,15 @@ std::optional<IpmiAnswer> FreeIpmiContext::Exchange(const IpmiRequest& request) 
                                     static_cast<unsigned int>(received.size()));
     if (length < 0) return std::nullopt;
     if (static_cast<std::size_t>(length) < kDataIndex) {
-        throw TransportError(Trouble::AnswerTooShort,
-                             "The controller's answer is too short: it has no completion code.");
+        throw TransportError(TroubleCode::UnusableAnswers,
+                             "The controller's answer is too short: it has no completion code.",
+                             "");
     }
     if (received[kCommandIndex] != request.command) {
-        throw TransportError(Trouble::AnswerToAnotherCommand,
+        throw TransportError(TroubleCode::UnusableAnswers,
                              "The controller answered another command, " +
-                                 Hexadecimal(received[kCommandIndex]) + ".");
+                                 Hexadecimal(received[kCommandIndex]) + ".",
+                             "");
     }
     IpmiAnswer answer;
     answer.completionCode = received[kCodeIndex];

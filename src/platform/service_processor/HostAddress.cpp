@@ -104,10 +104,9 @@ GivenUp& TheGivenUp() {
 }
 
 TransportError NotFound(const std::string& host, const std::string& reason) {
-    return {Trouble::UnknownHost, "The address of the host '" + host +
-                                      "' cannot be found: " + reason +
-                                      ". Correct the setting host, or the name resolution of this "
-                                      "machine."};
+    return {TroubleCode::NameNotFound,
+            "The address of the host '" + host + "' cannot be found: " + reason + ".",
+            "Correct the setting host, or the name resolution of this machine."};
 }
 
 }  // namespace

@@ -25,8 +25,9 @@ bool Answers(const IpmiDevice::Message& message, const IpmiRequest& request, lon
 
 IpmiAnswer ReadAnswer(const IpmiDevice::Message& message) {
     if (message.data.empty()) {
-        throw TransportError(Trouble::AnswerTooShort,
-                             "The controller's answer is too short: it has no completion code.");
+        throw TransportError(TroubleCode::UnusableAnswers,
+                             "The controller's answer is too short: it has no completion code.",
+                             "");
     }
     IpmiAnswer answer;
     answer.completionCode = message.data.front();
@@ -42,14 +43,14 @@ std::string Named(const IpmiDevice::Message& message, const IpmiRequest& request
 
 TransportError Silence(const std::string& device, std::chrono::milliseconds time,
                        const std::optional<std::string>& other) {
-    const std::string within = " within " + InSeconds(time) + ". ";
+    const std::string subject = "The controller behind " + device;
+    const std::string within = " within " + InSeconds(time) + ".";
     if (other) {
-        return {Trouble::AnswerToAnotherCommand, "The controller behind " + device +
-                                                     " answered nothing but " + *other + within +
-                                                     "Try again."};
+        return {TroubleCode::UnusableAnswers, subject + " answered nothing but " + *other + within,
+                "Try again."};
     }
-    return {Trouble::NoAnswer, "The controller behind " + device + " did not answer" + within +
-                                   "If it is slow, raise its time_limit."};
+    return {TroubleCode::NoAnswer, subject + " did not answer" + within,
+            "If it is slow, raise its time_limit."};
 }
 
 }  // namespace
@@ -64,11 +65,12 @@ IpmiAnswer InBandTransport::Send(const IpmiRequest& request, TimeAllowance allow
     driver.Send(request, messageId);
 
     std::optional<std::string> other;
-    while (const auto message = driver.Receive(end)) {
+    while (const auto message = driver.Receive(end, allowance.stop)) {
         if (!message->isAnswer) continue;
         if (Answers(*message, request, messageId)) return ReadAnswer(*message);
         other = Named(*message, request);
     }
+    if (allowance.IsStopped()) throw Interrupted();
     throw Silence(device, time, other);
 }
 

@@ -18,17 +18,17 @@ namespace {
 std::string Reason(int error) { return std::generic_category().message(error); }
 
 TransportError OpenTrouble(const std::string& path, int error) {
-    const std::string refused = "The device " + path + " cannot be opened: " + Reason(error) + ". ";
+    const std::string refused = "The device " + path + " cannot be opened: " + Reason(error) + ".";
     switch (error) {
         case EACCES:
         case EPERM:
-            return {Trouble::NoPermission,
-                    refused + "Run as root, or as a user who may read and write it."};
+            return {TroubleCode::Permission, refused,
+                    "Run as root, or as a user who may read and write it."};
         case EBUSY:
-            return {Trouble::Busy,
-                    refused + "Too many programs use it: end one of them, or try again."};
+            return {TroubleCode::DeviceBusy, refused,
+                    "Too many programs use it: end one of them, or try again."};
         default:
-            return {Trouble::NoDevice, refused + "Is the kernel module ipmi_devintf loaded?"};
+            return {TroubleCode::NoDevice, refused, "Is the kernel module ipmi_devintf loaded?"};
     }
 }
 
@@ -36,19 +36,21 @@ TransportError UseTrouble(const std::string& path, int error) {
     switch (error) {
         case ENODEV:
         case ENXIO:
-            return {Trouble::NoDevice, "The device " + path + " has gone: " + Reason(error) +
-                                           ". Is its kernel module (such as ipmi_si) loaded?"};
+            return {TroubleCode::Gone, "The device " + path + " has gone: " + Reason(error) + ".",
+                    "Is its kernel module (such as ipmi_si) loaded?"};
         case EBUSY:
-            return {Trouble::Busy, "The kernel's driver behind " + path +
-                                       " is busy: " + Reason(error) + ". Try again."};
+            return {TroubleCode::DeviceBusy,
+                    "The kernel's driver behind " + path + " is busy: " + Reason(error) + ".",
+                    "Try again."};
         case ENOTTY:
         case EINVAL:
-            return {Trouble::Other, "The device " + path +
-                                        " does not work as an IPMI device: " + Reason(error) +
-                                        ". Check that it belongs to the kernel module "
-                                        "ipmi_devintf."};
+            return {
+                TroubleCode::Other,
+                "The device " + path + " does not work as an IPMI device: " + Reason(error) + ".",
+                "Check that it belongs to the kernel module ipmi_devintf."};
         default:
-            return {Trouble::Other, "The request to " + path + " failed: " + Reason(error) + "."};
+            return {TroubleCode::Other,
+                    "The request to " + path + " failed: " + Reason(error) + ".", ""};
     }
 }
 
@@ -58,6 +60,9 @@ int Repeated(Call call) {
     while (result < 0 && errno == EINTR) result = call();
     return result;
 }
+
+// How long a stop flag may go unseen.
+constexpr std::chrono::milliseconds kStopCheck{100};
 
 // At least 0, at most what poll takes. Rounded up, so that poll never ends too early.
 int PollTime(Time end) {
@@ -99,10 +104,10 @@ void IpmiDevice::Send(const IpmiRequest& request, long messageId) {
     }
 }
 
-std::optional<IpmiDevice::Message> IpmiDevice::Receive(Time end) {
+std::optional<IpmiDevice::Message> IpmiDevice::Receive(Time end, const std::atomic<bool>* stop) {
     std::array<unsigned char, IPMI_MAX_MSG_LENGTH> data{};
     ipmi_addr sender{};
-    while (WaitForMessage(end)) {
+    while (WaitForMessage(end, stop)) {
         ipmi_recv received{};
         received.addr = reinterpret_cast<unsigned char*>(&sender);
         received.addr_len = sizeof sender;
@@ -123,11 +128,12 @@ std::optional<IpmiDevice::Message> IpmiDevice::Receive(Time end) {
     return std::nullopt;
 }
 
-// False when the time is over.
-bool IpmiDevice::WaitForMessage(Time end) {
+// False when the time is over, or `stop` is true.
+bool IpmiDevice::WaitForMessage(Time end, const std::atomic<bool>* stop) {
     pollfd waiting{.fd = descriptor, .events = POLLIN, .revents = 0};
     while (Now() <= end) {
-        const int time = PollTime(end);
+        if (stop != nullptr && *stop) return false;
+        const int time = PollTime(stop == nullptr ? end : std::min(end, Now() + kStopCheck));
         const int ready = device_calls::Poll(&waiting, 1, time);
         if (ready > 0 && (waiting.revents & POLLIN) != 0) return true;
         if (ready > 0) throw UseTrouble(path, ENODEV);

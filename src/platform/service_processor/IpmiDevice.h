@@ -7,6 +7,7 @@
 #include <platform/service_processor/Clock.h>
 #include <platform/service_processor/IpmiMessage.h>
 
+#include <atomic>
 #include <optional>
 #include <string>
 
@@ -23,8 +24,8 @@ public:
     // Hands the request to the driver. Throws TransportError.
     void Send(const IpmiRequest& request, long messageId);
 
-    // The next message of the driver, whatever it answers; nothing when none comes until `end`.
-    // Throws TransportError.
+    // The next message of the driver, whatever it answers; nothing when none comes until `end`, or
+    // soon after `stop` has become true. Throws TransportError.
     struct Message {
         bool isAnswer = false;  // else an event, or a request to this program
         long messageId = 0;
@@ -32,10 +33,10 @@ public:
         std::uint8_t command = 0;
         std::vector<std::uint8_t> data = {};  // the completion code first; cut at 272 bytes
     };
-    std::optional<Message> Receive(Time end);
+    std::optional<Message> Receive(Time end, const std::atomic<bool>* stop = nullptr);
 
 private:
-    bool WaitForMessage(Time end);
+    bool WaitForMessage(Time end, const std::atomic<bool>* stop);
 
     std::string path;
     int descriptor;

@@ -29,15 +29,16 @@ std::uint8_t PrivilegeLevel(const std::string& name) {
 
 unsigned int CheckedWorkarounds(const ControllerSettings& controller) {
     if (controller.user.size() > IPMI_MAX_USER_NAME_LENGTH) {
-        throw TransportError(Trouble::Settings, "The user name '" + controller.user +
-                                                    "' is longer than the 16 bytes that IPMI "
-                                                    "takes.");
+        throw TransportError(
+            TroubleCode::Settings,
+            "The user name '" + controller.user + "' is longer than the 16 bytes that IPMI takes.",
+            "");
     }
     if (!IsProtocol15(controller) && !IPMI_CIPHER_SUITE_ID_SUPPORTED(controller.cipherSuite)) {
-        throw TransportError(Trouble::Settings,
+        throw TransportError(TroubleCode::Settings,
                              "FreeIPMI does not support cipher suite " +
-                                 std::to_string(controller.cipherSuite) +
-                                 ". Most controllers offer cipher suite 3 or 17.");
+                                 std::to_string(controller.cipherSuite) + ".",
+                             "Most controllers offer cipher suite 3 or 17.");
     }
     return WorkaroundFlags(controller.protocol, controller.workarounds);
 }
@@ -97,8 +98,9 @@ private:
     bool hasOpened = false;
 };
 
-LanExchange::LanExchange(const ControllerSettings& controllerSettings, TimeAllowance allowance)
+LanExchange::LanExchange(const ControllerSettings& controllerSettings, TimeAllowance timeAllowance)
     : controller(controllerSettings),
+      allowance(timeAllowance),
       schedule(allowance, Now()),
       workarounds(CheckedWorkarounds(controller)),
       password(ReadPassword(controller)) {}
@@ -148,6 +150,7 @@ std::optional<LanSession> LanExchange::AfterFailedOpening(const Failure& failure
 
 // Throws the failure when it is none of silence.
 void LanExchange::RememberSilence(const Failure& failure, const LanSession& last) {
+    if (allowance.IsStopped()) throw Interrupted(attempts);
     if (failure.error != IPMI_ERR_CONNECTION_TIMEOUT && failure.error != IPMI_ERR_SESSION_TIMEOUT) {
         throw InWords(failure);
     }

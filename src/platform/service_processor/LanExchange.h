@@ -20,9 +20,10 @@ class LanExchange {
 public:
     // `controllerSettings` must outlive the object. Throws TransportError when the settings cannot
     // be used or the password cannot be read.
-    LanExchange(const ControllerSettings& controllerSettings, TimeAllowance allowance);
+    LanExchange(const ControllerSettings& controllerSettings, TimeAllowance timeAllowance);
 
-    // Throws TransportError.
+    // A signal that sets the stop flag must interrupt system calls of this thread, for FreeIPMI
+    // does not look at the flag. Throws TransportError.
     IpmiAnswer Send(const IpmiRequest& request);
 
 private:
@@ -42,6 +43,7 @@ private:
     TransportError InWords(const Failure& failure) const;
 
     const ControllerSettings& controller;
+    const TimeAllowance allowance;
     const LanSchedule schedule;
     unsigned int workarounds;
     const Password password;

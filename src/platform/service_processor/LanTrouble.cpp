@@ -14,113 +14,121 @@ std::string User(const LanCircumstances& circumstances) {
     return "the user '" + circumstances.controller.user + "'";
 }
 
-Trouble KindOfOpenTrouble(int error) {
+TroubleCode CodeOfOpenTrouble(int error) {
     switch (error) {
         case IPMI_ERR_CONNECTION_TIMEOUT:
         case IPMI_ERR_SESSION_TIMEOUT:
-            return Trouble::NoAnswer;
+            return TroubleCode::NoAnswer;
         case IPMI_ERR_USERNAME_INVALID:
-            return Trouble::UnknownUser;
+            return TroubleCode::RefusedUser;
         case IPMI_ERR_PASSWORD_INVALID:
         case IPMI_ERR_PASSWORD_VERIFICATION_TIMEOUT:
-            return Trouble::WrongPassword;
+            return TroubleCode::RefusedPassword;
         case IPMI_ERR_PRIVILEGE_LEVEL_INSUFFICIENT:
         case IPMI_ERR_PRIVILEGE_LEVEL_CANNOT_BE_OBTAINED:
-            return Trouble::PrivilegeRefused;
+            return TroubleCode::RefusedPrivilege;
         case IPMI_ERR_IPMI_2_0_UNAVAILABLE:
         case IPMI_ERR_AUTHENTICATION_TYPE_UNAVAILABLE:
         case IPMI_ERR_CIPHER_SUITE_ID_UNAVAILABLE:
         case IPMI_ERR_BAD_RMCPPLUS_STATUS_CODE:
         case IPMI_ERR_IPMI_ERROR:
-            return Trouble::AuthenticationRefused;
+            return TroubleCode::RefusedAuthentication;
         case IPMI_ERR_BMC_BUSY:
-            return Trouble::Busy;
+            return TroubleCode::NoSession;
         default:
-            return Trouble::Other;
+            return TroubleCode::Other;
     }
 }
 
-std::string SilenceText(const LanCircumstances& at) {
+// What is wrong, and what to do.
+struct Words {
+    std::string text;
+    std::string advice;
+};
+
+Words SilenceWords(const LanCircumstances& at) {
     if (at.error == IPMI_ERR_CONNECTION_TIMEOUT) {
-        return ControllerAt(at) + " did not answer within " + InSeconds(at.silence) +
-               ". Check the address, the port, and that IPMI over LAN is switched on.";
+        return {ControllerAt(at) + " did not answer within " + InSeconds(at.silence) + ".",
+                "Check the address, the port, and that IPMI over LAN is switched on."};
     }
     const bool hasCipherSuite = at.controller.protocol != "1.5";
-    return ControllerAt(at) +
-           " stopped answering while a session was opened. Try again; if that does not help, " +
-           (hasCipherSuite ? "set another cipher_suite, or " : "") + "restart the controller.";
+    return {ControllerAt(at) + " stopped answering while a session was opened.",
+            std::string("Try again; if that does not help, ") +
+                (hasCipherSuite ? "set another cipher_suite, or " : "") +
+                "restart the controller."};
 }
 
-std::string PasswordText(const LanCircumstances& at) {
+Words PasswordWords(const LanCircumstances& at) {
+    const std::string advice = "Correct the password file.";
     if (at.error == IPMI_ERR_PASSWORD_INVALID) {
-        return ControllerAt(at) + " has another password for " + User(at) +
-               ". Correct the password file.";
+        return {ControllerAt(at) + " has another password for " + User(at) + ".", advice};
     }
-    return ControllerAt(at) + " did not answer the log-in of " + User(at) +
-           "; the password is probably wrong. Correct the password file.";
+    return {ControllerAt(at) + " did not answer the log-in of " + User(at) +
+                "; the password is probably wrong.",
+            advice};
 }
 
-std::string AuthenticationText(const LanCircumstances& at) {
+Words AuthenticationWords(const LanCircumstances& at) {
     switch (at.error) {
         case IPMI_ERR_IPMI_2_0_UNAVAILABLE:
-            return ControllerAt(at) + " does not offer IPMI 2.0. Set protocol = \"1.5\".";
+            return {ControllerAt(at) + " does not offer IPMI 2.0.", "Set protocol = \"1.5\"."};
         case IPMI_ERR_AUTHENTICATION_TYPE_UNAVAILABLE:
-            return ControllerAt(at) + " does not offer IPMI 1.5 with MD5. Set protocol = \"2.0\".";
+            return {ControllerAt(at) + " does not offer IPMI 1.5 with MD5.",
+                    "Set protocol = \"2.0\"."};
         default:
-            return ControllerAt(at) + " opened no session by cipher suite " +
-                   std::to_string(at.controller.cipherSuite) + ": " + at.errorText +
-                   ". Try another cipher_suite.";
+            return {ControllerAt(at) + " opened no session by cipher suite " +
+                        std::to_string(at.controller.cipherSuite) + ": " + at.errorText + ".",
+                    "Try another cipher_suite."};
     }
 }
 
-std::string OpenText(Trouble kind, const LanCircumstances& at) {
-    switch (kind) {
-        case Trouble::NoAnswer:
-            return SilenceText(at);
-        case Trouble::UnknownUser:
-            return ControllerAt(at) + " does not know " + User(at) + ". Correct the setting user.";
-        case Trouble::WrongPassword:
-            return PasswordText(at);
-        case Trouble::PrivilegeRefused:
-            return ControllerAt(at) + " does not let " + User(at) +
-                   " work at the privilege level " + at.controller.privilegeLevel +
-                   ". Raise it in the controller, or set a lower privilege_level.";
-        case Trouble::AuthenticationRefused:
-            return AuthenticationText(at);
-        case Trouble::Busy:
-            return ControllerAt(at) + " has no session free. Close one, or try again.";
+Words OpenWords(TroubleCode code, const LanCircumstances& at) {
+    switch (code) {
+        case TroubleCode::NoAnswer:
+            return SilenceWords(at);
+        case TroubleCode::RefusedUser:
+            return {ControllerAt(at) + " does not know " + User(at) + ".",
+                    "Correct the setting user."};
+        case TroubleCode::RefusedPassword:
+            return PasswordWords(at);
+        case TroubleCode::RefusedPrivilege:
+            return {ControllerAt(at) + " does not let " + User(at) +
+                        " work at the privilege level " + at.controller.privilegeLevel + ".",
+                    "Raise it in the controller, or set a lower privilege_level."};
+        case TroubleCode::RefusedAuthentication:
+            return AuthenticationWords(at);
+        case TroubleCode::NoSession:
+            return {ControllerAt(at) + " has no session free.", "Close one, or try again."};
         default:
-            return ControllerAt(at) + " opened no session: " + at.errorText + ".";
+            return {ControllerAt(at) + " opened no session: " + at.errorText + ".", ""};
     }
 }
 
 }  // namespace
 
 TransportError OpenTrouble(const LanCircumstances& circumstances) {
-    const Trouble kind = KindOfOpenTrouble(circumstances.error);
-    return {kind, OpenText(kind, circumstances), circumstances.attempts};
+    const TroubleCode code = CodeOfOpenTrouble(circumstances.error);
+    const Words words = OpenWords(code, circumstances);
+    return {code, words.text, words.advice, circumstances.attempts};
 }
 
 TransportError TooSlowToOpen(const LanCircumstances& circumstances) {
-    return {Trouble::NoAnswer,
+    return {TroubleCode::NoAnswer,
             ControllerAt(circumstances) +
-                " took so long to open a session that the command was not sent. Raise its "
-                "time_limit.",
-            circumstances.attempts};
+                " took so long to open a session that the command was not sent.",
+            "Raise its time_limit.", circumstances.attempts};
 }
 
 TransportError ExchangeTrouble(const LanCircumstances& circumstances) {
     if (circumstances.error == IPMI_ERR_SESSION_TIMEOUT) {
-        return {Trouble::NoAnswer,
-                ControllerAt(circumstances) +
-                    " opened a session, but did not answer the command. If it is slow, raise its "
-                    "time_limit.",
-                circumstances.attempts};
+        return {TroubleCode::NoAnswer,
+                ControllerAt(circumstances) + " opened a session, but did not answer the command.",
+                "If it is slow, raise its time_limit.", circumstances.attempts};
     }
-    return {Trouble::Other,
+    return {TroubleCode::Other,
             "The request to the controller at " + circumstances.address +
                 " failed: " + circumstances.errorText + ".",
-            circumstances.attempts};
+            "", circumstances.attempts};
 }
 
 }  // namespace platform

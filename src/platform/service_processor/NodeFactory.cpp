@@ -17,14 +17,27 @@ std::unique_ptr<ControllerNode> MakeNode(const Settings& settings, int node,
     const ControllerSettings& controller = nodes[static_cast<std::size_t>(node)];
     if (IsAbsent(controller)) return nullptr;
     return std::make_unique<ControllerNode>(
-        NodeFacts{
-            .node = node,
-            .nodeCount = count,
-            .isOxc = [family = settings.oxc.value, first = nodes.front(),
-                      limit = TimeLimit(
-                          settings, nodes.front())] { return IsOxcMachine(family, first, limit); },
-            .timeLimit = TimeLimit(settings, controller)},
+        NodeFacts{.node = node,
+                  .nodeCount = count,
+                  .askFamily =
+                      [family = settings.oxc.value, first = nodes.front(),
+                       limit = TimeLimit(settings, nodes.front())] {
+                          return AskOxcFamily(family, first, limit);
+                      },
+                  .timeLimit = TimeLimit(settings, controller)},
         MakeTransport(controller, node));
+}
+
+SPMachine DescribeMachine(const Settings& settings, const std::string& deviceFolder) {
+    SPMachine machine;
+    for (const ControllerSettings& controller : NodeList(settings, deviceFolder)) {
+        const int node = static_cast<int>(machine.controllers.size());
+        machine.controllers.push_back({.address = MakeTransport(controller, node)->Describe(),
+                                       .present = !IsAbsent(controller)});
+    }
+    machine.simulated = IsSimulated(settings);
+    if (machine.controllers.empty()) machine.trouble = NoControllerTrouble(settings, deviceFolder);
+    return machine;
 }
 
 }  // namespace platform

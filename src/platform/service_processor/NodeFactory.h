@@ -1,4 +1,4 @@
-// Makes the library object of a node.
+// Makes the library object of a node, and describes all nodes.
 #pragma once
 
 #include <platform/service_processor/ControllerNode.h>
@@ -12,5 +12,9 @@ namespace platform {
 // present. A machine without any IPMI device is reported to the log, for node 0.
 std::unique_ptr<ControllerNode> MakeNode(const Settings& settings, int node,
                                          const std::string& deviceFolder = kDeviceFolder);
+
+// The controllers that MakeNode() numbers.
+SPMachine DescribeMachine(const Settings& settings,
+                          const std::string& deviceFolder = kDeviceFolder);
 
 }  // namespace platform

@@ -1,6 +1,7 @@
 #include <platform/service_processor/NodeList.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
@@ -51,6 +52,16 @@ std::string ReasonOf(const std::string& path) {
     return stat(path.c_str(), &status) == 0 ? "exists" : std::generic_category().message(errno);
 }
 
+std::string MissingDevices(const std::string& deviceFolder) {
+    std::string text = "There is no IPMI device:";
+    for (const std::string_view prefix : kDevicePrefixes) {
+        const std::string path = deviceFolder + "/" + std::string(prefix) + "0";
+        text += " " + path + ": " + ReasonOf(path) + ";";
+    }
+    text.back() = '.';
+    return text;
+}
+
 }  // namespace
 
 std::vector<ControllerSettings> NodeList(const Settings& settings,
@@ -74,14 +85,42 @@ bool IsAbsent(const ControllerSettings& controller) {
     return controller.transport == TransportKind::Simulated && !controller.simulated->present;
 }
 
+bool IsSimulated(const Settings& settings) {
+    const auto& controllers = settings.controllers.value;
+    return !settings.profileFile.value.empty() ||
+           (controllers &&
+            std::ranges::any_of(*controllers, [](const ControllerSettings& controller) {
+                return controller.transport == TransportKind::Simulated;
+            }));
+}
+
+Trouble NoControllerTrouble(const Settings& settings, const std::string& deviceFolder) {
+    const auto& controllers = settings.controllers;
+    if (!settings.problem.empty())
+        return {.code = "settings",
+                .text = "The settings cannot be read: " + settings.problem,
+                .advice = "Fix them, then run the test again."};
+    if (controllers.origin == Origin::Profile)
+        return {.code = "no_controller",
+                .text = "The profile " + controllers.place + " lists no controller.",
+                .advice =
+                    "Add a [[node]], or run the test without a profile to use this machine's "
+                    "IPMI devices."};
+    if (controllers.value)
+        return {.code = "no_controller",
+                .text = "The settings list no controller (" + controllers.place + ").",
+                .advice =
+                    "Add a [[controller]], or remove the key to use this machine's IPMI "
+                    "devices."};
+    return {.code = "no_device",
+            .text = MissingDevices(deviceFolder),
+            .advice =
+                "Load the kernel's IPMI driver (modprobe -a ipmi_si ipmi_devintf), or list "
+                "the controllers in the settings file, then run the test again."};
+}
+
 std::string NoDeviceText(const std::string& deviceFolder) {
-    std::string text = "There is no IPMI device:";
-    for (const std::string_view prefix : kDevicePrefixes) {
-        const std::string path = deviceFolder + "/" + std::string(prefix) + "0";
-        text += " " + path + ": " + ReasonOf(path) + ";";
-    }
-    text.back() = '.';
-    return text + " Is the kernel module ipmi_devintf loaded?";
+    return MissingDevices(deviceFolder) + " Is the kernel module ipmi_devintf loaded?";
 }
 
 }  // namespace platform

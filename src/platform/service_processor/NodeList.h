@@ -1,6 +1,7 @@
 // Which controllers this machine has.
 #pragma once
 
+#include <platform/diagnostics/Trouble.h>
 #include <platform/settings/Settings.h>
 
 #include <chrono>
@@ -22,6 +23,13 @@ std::chrono::milliseconds TimeLimit(const Settings& settings, const ControllerSe
 
 // True when a profile says that this controller is not present.
 bool IsAbsent(const ControllerSettings& controller);
+
+// True when a profile or a controller's settings stand for real hardware.
+bool IsSimulated(const Settings& settings);
+
+// Why NodeList() is empty, and what to do.
+Trouble NoControllerTrouble(const Settings& settings,
+                            const std::string& deviceFolder = kDeviceFolder);
 
 // Why there is no device in the folder: every path of device 0, each with its own reason, and what
 // to do.

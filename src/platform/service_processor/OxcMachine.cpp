@@ -1,6 +1,7 @@
 #include <platform/service_processor/ControllerNode.h>
 #include <platform/service_processor/NodeList.h>
 #include <platform/service_processor/OxcMachine.h>
+#include <platform/service_processor/TransportError.h>
 #include <platform/service_processor/TransportFactory.h>
 
 #include <algorithm>
@@ -13,7 +14,7 @@ namespace platform {
 
 namespace {
 
-// Who was found behind which way. The settings can change while a broken file is mended.
+// The device IDs read so far, by address. The settings can change while a broken file is fixed.
 class KnownControllers {
 public:
     std::optional<DeviceId> Find(const std::string& way) {
@@ -38,16 +39,26 @@ KnownControllers& Known() {
     return known;
 }
 
-std::optional<DeviceId> Identify(const ControllerSettings& controller,
-                                 std::chrono::milliseconds timeLimit) {
+OxcAnswer AskProduct(const std::vector<ControllerProduct>& family,
+                     const ControllerSettings& controller, std::chrono::milliseconds timeLimit) {
     auto transport = MakeTransport(controller, 0);
-    const std::string way = transport->Describe();
-    if (auto known = Known().Find(way)) return known;
-    ControllerNode node({.node = 0, .nodeCount = 1, .isOxc = nullptr, .timeLimit = timeLimit},
-                        std::move(transport));
-    std::optional<DeviceId> id = node.Identify();
-    if (id) Known().Add(way, *id);
-    return id;
+    const std::string address = transport->Describe();
+    std::optional<DeviceId> id = Known().Find(address);
+    if (!id) {
+        ControllerNode node(
+            {.node = 0, .nodeCount = 1, .askFamily = nullptr, .timeLimit = timeLimit},
+            std::move(transport));
+        id = node.Identify();
+        if (!id) return {.isOxc = false, .trouble = node.LastExchange().trouble};
+        Known().Add(address, *id);
+    }
+    return {.isOxc = IsInOxcList(family, *id), .trouble = std::nullopt};
+}
+
+Trouble FirstControllerAbsent() {
+    return TransportError(TroubleCode::NotPresent,
+                          "The profile says that the first controller is not present.", "")
+        .AsTrouble();
 }
 
 }  // namespace
@@ -57,12 +68,11 @@ bool IsInOxcList(const std::vector<ControllerProduct>& list, const DeviceId& id)
                                                      .product = id.product}) != list.end();
 }
 
-bool IsOxcMachine(const OxcFamily& family, const ControllerSettings& firstController,
-                  std::chrono::milliseconds timeLimit) {
-    if (const bool* const all = std::get_if<bool>(&family)) return *all;
-    if (IsAbsent(firstController)) return false;
-    const std::optional<DeviceId> id = Identify(firstController, timeLimit);
-    return id && IsInOxcList(std::get<std::vector<ControllerProduct>>(family), *id);
+OxcAnswer AskOxcFamily(const OxcFamily& family, const ControllerSettings& firstController,
+                       std::chrono::milliseconds timeLimit) {
+    if (const bool* const all = std::get_if<bool>(&family)) return {.isOxc = *all, .trouble = {}};
+    if (IsAbsent(firstController)) return {.isOxc = false, .trouble = FirstControllerAbsent()};
+    return AskProduct(std::get<std::vector<ControllerProduct>>(family), firstController, timeLimit);
 }
 
 }  // namespace platform

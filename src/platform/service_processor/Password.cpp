@@ -15,8 +15,10 @@ namespace {
 
 constexpr std::array kLineEnds = {'\r', '\n', '\0'};
 
-[[noreturn]] void Refuse(const std::string& file, const std::string& why) {
-    throw TransportError(Trouble::PasswordFile, "The password file " + file + " " + why);
+[[noreturn]] void Refuse(const std::string& file, const std::string& why,
+                         const std::string& advice = "") {
+    throw TransportError(TroubleCode::PasswordFile, "The password file " + file + " " + why,
+                         advice);
 }
 
 class OpenFile {
@@ -51,8 +53,9 @@ void CheckOwnersOnly(int descriptor, const std::string& file) {
     }
     if (!S_ISREG(status.st_mode)) Refuse(file, "is not a regular file.");
     if ((status.st_mode & (S_IRGRP | S_IROTH)) != 0) {
-        Refuse(file, "may be read by others than its owner (mode " + OctalMode(status.st_mode) +
-                         "). Take that away with: chmod 600 " + file);
+        Refuse(file,
+               "may be read by others than its owner (mode " + OctalMode(status.st_mode) + ").",
+               "Take that away with: chmod 600 " + file);
     }
 }
 

@@ -5,3 +5,7 @@
 SPLibrary* SPLibrary::GetSplibraryInstance(int node) {
     return platform::MakeNode(*platform::SettingsInForce(), node).release();
 }
+
+SPMachine SPLibrary::DescribeMachine() {
+    return platform::DescribeMachine(*platform::SettingsInForce());
+}

@@ -4,32 +4,64 @@
 // commands; the caller deletes it.
 //
 //     std::unique_ptr<SPLibrary> node0(SPLibrary::GetSplibraryInstance(0));
-//     unsigned char buffer[256] = {0x01, 0x20, 0x3A, 0x00, 0x09};
+//     platform::IpmiBuffer buffer = platform::RequestBuffer(platform::kI2cBusStatus);
 //     int length = 250;
-//     bool delivered = node0 && node0->sendIPMICommand(buffer, &length, sizeof buffer, true);
+//     bool delivered = node0 && node0->sendIPMICommand(buffer.data(), &length, 256, true);
 #pragma once
+
+#include <platform/diagnostics/Trouble.h>
+
+#include <atomic>
+#include <optional>
+#include <string>
+#include <vector>
+
+// What a command told beyond its answer.
+struct SPExchange {
+    int attempts = 0;                          // retries included
+    std::optional<platform::Trouble> trouble;  // why no answer came
+};
+
+// The controllers of this machine.
+struct SPMachine {
+    struct Controller {
+        std::string address;  // "inband /dev/ipmi0", "lan HOST:PORT", "simulated"
+        bool present = true;  // false: a profile says that there is no library object for it
+    };
+    std::vector<Controller> controllers;       // in node order
+    std::optional<platform::Trouble> trouble;  // why there are none
+    bool simulated = false;                    // a profile or settings stand for real hardware
+};
 
 class SPLibrary {
 public:
     // A new object for controller `node` (from 0), or null when there is no such controller.
     static SPLibrary* GetSplibraryInstance(int node);
 
+    // The controllers, as GetSplibraryInstance() numbers them. Asks none of them.
+    static SPMachine DescribeMachine();
+
     virtual ~SPLibrary() = default;
 
     // The number of controllers of this machine.
     virtual int GetNumberBMCNode() = 0;
 
-    // True when the controllers are of the OXC family.
+    // True when the controllers are of the OXC family; false also when that cannot be found out.
     virtual bool IsOxcControllerMachine() = 0;
 
-    // Sends the request in `buffer` and writes the response over it.
-    // Request: byte 0 header (0x01), 1 responder address, 2 network function, 3 logical unit,
-    // 4 command, 5 to 14 request data (this module's requests have none).
-    // Response: bytes 0 to 7 as in the request, byte 8 completion code, data from byte 9 on, zero
-    // after the last data byte; data that does not fit the buffer is cut. `length` becomes 1 + the
-    // number of data bytes, and at least 2 when the completion code is not 0, so that the code is
-    // judged and not the length.
+    // Why the last IsOxcControllerMachine() could not find out; nothing when it could.
+    virtual std::optional<platform::Trouble> FamilyTrouble() const = 0;
+
+    // Sends the request in `buffer` and writes the response over it; IpmiBuffer.h has the layout.
+    // `length` becomes 1 + the number of data bytes, and at least 2 when the completion code is not
+    // 0, so that the code is judged and not the length.
     // Returns false, with buffer and length untouched, when no answer came.
     virtual bool sendIPMICommand(unsigned char* buffer, int* length, int bufferSize,
                                  bool waitForCompletion) = 0;
+
+    // Of the last sendIPMICommand().
+    virtual const SPExchange& LastExchange() const = 0;
+
+    // Later commands end without an answer soon after `stop` has become true; null: never.
+    virtual void StopOn(const std::atomic<bool>* stop) = 0;
 };

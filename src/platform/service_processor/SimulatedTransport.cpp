@@ -49,7 +49,8 @@ SimulatedTransport::SimulatedTransport(std::shared_ptr<const SimulatedNode> simu
 
 IpmiAnswer SimulatedTransport::Send(const IpmiRequest& request, TimeAllowance) {
     if (!node->answers) {
-        throw TransportError(Trouble::NoAnswer, "The simulated controller does not answer.");
+        throw TransportError(TroubleCode::NoAnswer, "The simulated controller does not answer.",
+                             "");
     }
     IpmiAnswer answer = requestCounts.Next(number) < node->busy
                             ? IpmiAnswer{.completionCode = kControllerBusy}

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 
 namespace platform {
@@ -9,6 +10,9 @@ namespace platform {
 struct TimeAllowance {
     std::chrono::milliseconds silence;  // a silent controller is waited for so long
     std::chrono::milliseconds total;  // the command ends within this, whatever the controller does
+    const std::atomic<bool>* stop = nullptr;  // once true, the command ends early
+
+    bool IsStopped() const { return stop != nullptr && *stop; }
 };
 
 // What a controller may take of a run beyond its time limit: the diagnostic test's pause before it

@@ -1,43 +1,63 @@
-// Why no answer came.
+// Why no usable answer came.
 #pragma once
+
+#include <platform/diagnostics/Trouble.h>
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace platform {
 
-enum class Trouble {
+enum class TroubleCode {
     Request,                // the request cannot be sent as it is
     Settings,               // a setting of the controller is wrong
+    NotPresent,             // simulated: the profile says that there is no such controller
     NoDevice,               // in-band: there is no such device
-    NoPermission,           // in-band: the device may not be opened
+    Permission,             // in-band: the device may not be opened
+    Gone,                   // in-band: the device was there and has gone
+    DeviceBusy,             // in-band: the driver takes no more requests now
     PasswordFile,           // LAN: the password cannot or must not be read
-    UnknownHost,            // LAN: the address of the host cannot be found
+    NameNotFound,           // LAN: the address of the host cannot be found
     NoAnswer,               // nothing came in time
-    Busy,                   // LAN: no session is free
-    UnknownUser,            // LAN
-    WrongPassword,          // LAN
-    PrivilegeRefused,       // LAN: the user may not work at the privilege level
-    AuthenticationRefused,  // LAN: protocol, authentication or cipher suite is not offered
-    AnswerTooShort,         // an answer without a completion code
-    AnswerToAnotherCommand,
+    NoSession,              // LAN: no session is free
+    RefusedUser,            // LAN: the controller does not know the user
+    RefusedPassword,        // LAN
+    RefusedPrivilege,       // LAN: the user may not work at the privilege level
+    RefusedAuthentication,  // LAN: protocol, authentication or cipher suite is not offered
+    Busy,                   // the controller is busy, and said so too late to be asked again
+    Refused,                // a completion code other than 0
+    UnusableAnswers,        // cut short, or to another request
+    Interrupted,            // the program was told to stop
     Other,
 };
 
-// what() is full sentences that name the thing and say what to do; never a password.
+// The name of a code for programs: "no_answer".
+std::string NameOf(TroubleCode code);
+
+// what() is text and advice, in full sentences; never a password.
 class TransportError : public std::runtime_error {
 public:
-    TransportError(Trouble kind, const std::string& text, int attemptCount = 1)
-        : std::runtime_error(text), trouble(kind), attempts(attemptCount) {}
+    TransportError(TroubleCode troubleCode, const std::string& text, const std::string& advice,
+                   int attemptCount = 1)
+        : std::runtime_error(advice.empty() ? text : text + " " + advice),
+          code(troubleCode),
+          trouble{NameOf(troubleCode), text, advice},
+          attempts(attemptCount) {}
 
-    Trouble Kind() const { return trouble; }
+    TroubleCode Code() const { return code; }
+    const Trouble& AsTrouble() const { return trouble; }
 
     // How often the transport had to begin.
     int Attempts() const { return attempts; }
 
 private:
+    TroubleCode code;
     Trouble trouble;
     int attempts;
 };
+
+// The program was told to stop while a controller was asked.
+TransportError Interrupted(int attempts = 1);
 
 }  // namespace platform

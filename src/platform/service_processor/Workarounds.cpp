@@ -45,8 +45,9 @@ unsigned int WorkaroundFlags(const std::string& protocol, const std::vector<std:
     for (const std::string& name : names) {
         const auto found = std::ranges::find(known, name, &Workaround::name);
         if (found == known.end()) {
-            throw TransportError(Trouble::Settings,
-                                 "The protocol " + protocol + " has no workaround '" + name + "'.");
+            throw TransportError(TroubleCode::Settings,
+                                 "The protocol " + protocol + " has no workaround '" + name + "'.",
+                                 "");
         }
         flags |= found->flag;
     }

@@ -40,7 +40,7 @@ protected:
         return std::make_unique<ControllerNode>(
             NodeFacts{.node = 3,
                       .nodeCount = 5,
-                      .isOxc = [] { return true; },
+                      .askFamily = [] { return OxcAnswer{.isOxc = true, .trouble = {}}; },
                       .timeLimit = std::chrono::seconds(4)},
             std::make_unique<ScriptedTransport>(std::move(script)));
     }
@@ -175,7 +175,7 @@ TEST_F(ControllerNodeTest, Trouble_LeavesBufferAndLengthAndIsLoggedAtSeverityTwo
     const auto before = buffer;
 
     EXPECT_FALSE(Send([](const auto&, auto) -> IpmiAnswer {
-        throw TransportError(Trouble::NoAnswer, "The controller sleeps.", 2);
+        throw TransportError(TroubleCode::NoAnswer, "The controller sleeps.", "", 2);
     }));
 
     EXPECT_EQ(buffer, before);
@@ -185,6 +185,48 @@ TEST_F(ControllerNodeTest, Trouble_LeavesBufferAndLengthAndIsLoggedAtSeverityTwo
                                  "SP: node 3 \\(scripted\\): network function 0x3a, command 0x09: "
                                  "The controller sleeps. \\(no completion code, 2 attempts, "
                                  "[0-9]+ ms\\)")));
+}
+
+TEST_F(ControllerNodeTest, LastExchange_TellsAttemptsAndTrouble) {
+    int calls = 0;
+    const auto node = Node([&](const auto&, auto) -> IpmiAnswer {
+        if (++calls > 1) return {.completionCode = 0, .data = {0}, .attempts = 3};
+        throw TransportError(TroubleCode::NoAnswer, "The controller sleeps.", "Wake it.", 2);
+    });
+    EXPECT_FALSE(node->sendIPMICommand(buffer.data(), &length, 256, true));
+    EXPECT_EQ(node->LastExchange().attempts, 2);
+    EXPECT_EQ(node->LastExchange().trouble,
+              (Trouble{"no_answer", "The controller sleeps.", "Wake it."}));
+
+    EXPECT_TRUE(node->sendIPMICommand(buffer.data(), &length, 256, true));
+    EXPECT_EQ(node->LastExchange().attempts, 3);
+    EXPECT_FALSE(node->LastExchange().trouble);
+}
+
+TEST_F(ControllerNodeTest, FamilyTrouble_IsThatOfTheLastQuestion) {
+    ControllerNode node({.node = 0,
+                         .nodeCount = 1,
+                         .askFamily =
+                             [] {
+                                 return OxcAnswer{false, Trouble{"no_answer", "", ""}};
+                             },
+                         .timeLimit = std::chrono::seconds(4)},
+                        nullptr);
+    EXPECT_FALSE(node.FamilyTrouble());
+    EXPECT_FALSE(node.IsOxcControllerMachine());
+    EXPECT_EQ(node.FamilyTrouble()->code, "no_answer");
+}
+
+TEST_F(ControllerNodeTest, StopFlag_ReachesTheTransport) {
+    const std::atomic<bool> stop = true;
+    bool isStopped = false;
+    const auto node = Node([&](const auto&, TimeAllowance allowance) {
+        isStopped = allowance.IsStopped();
+        return IpmiAnswer{};
+    });
+    node->StopOn(&stop);
+    node->sendIPMICommand(buffer.data(), &length, 256, true);
+    EXPECT_TRUE(isStopped);
 }
 
 TEST_F(ControllerNodeTest, OtherException_IsLoggedAndNotDelivered) {

@@ -31,7 +31,7 @@ TEST(DeviceId, OneByteLess_IsTooShort) {
     IpmiAnswer answer{.completionCode = 0x00, .data = kWholeAnswer};
     answer.data.pop_back();
     EXPECT_EQ(TroubleWith(answer),
-              (ThrownTrouble{Trouble::AnswerTooShort,
+              (ThrownTrouble{TroubleCode::UnusableAnswers,
                              "The controller's answer to Get Device ID is too short: it has 10 "
                              "data bytes instead of 11. Restart the controller, or update its "
                              "firmware."}));
@@ -39,11 +39,11 @@ TEST(DeviceId, OneByteLess_IsTooShort) {
 
 TEST(DeviceId, CompletionCode_IsToldWithItsMeaning) {
     EXPECT_EQ(TroubleWith({.completionCode = 0xFF, .data = kWholeAnswer}),
-              (ThrownTrouble{Trouble::Busy,
+              (ThrownTrouble{TroubleCode::Busy,
                              "The controller answered Get Device ID with completion code 0xff "
                              "(the controller is busy). Every controller knows this command: try "
                              "again, and restart the controller if that does not help."}));
-    EXPECT_EQ(TroubleWith({.completionCode = 0xC1})->kind, Trouble::Other);
+    EXPECT_EQ(TroubleWith({.completionCode = 0xC1})->kind, TroubleCode::Refused);
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ std::optional<ThrownTrouble> TroubleWithHost(const std::string& host) {
 }
 
 ThrownTrouble NotFound(const std::string& reason) {
-    return {Trouble::UnknownHost,
+    return {TroubleCode::NameNotFound,
             "The address of the host 'bmc.example' cannot be found: " + reason +
                 ". Correct the setting host, or the name resolution of this "
                 "machine."};

@@ -85,7 +85,7 @@ TEST_F(InBandExchange, CompletionCodeOfTheDriver_IsPassedOn) {
 }
 
 TEST_F(InBandExchange, Silence_EndsAtTheTimeLimit) {
-    EXPECT_EQ(Trouble(), (ThrownTrouble{Trouble::NoAnswer,
+    EXPECT_EQ(Trouble(), (ThrownTrouble{TroubleCode::NoAnswer,
                                         "The controller behind /dev/ipmi0 did not answer within "
                                         "4 s. If it is slow, raise its time_limit."}));
     EXPECT_EQ(Passed(), milliseconds(4000));
@@ -104,7 +104,7 @@ TEST_F(InBandExchange, TotalBelowTheSilence_EndsItEarlier) {
 
 TEST_F(InBandExchange, AnswerBehindTheLimit_IsNotWaitedFor) {
     FakeKernel::messages = {{.after = milliseconds(4001), .data = {0x00, 0x01}}};
-    EXPECT_EQ(Trouble()->kind, Trouble::NoAnswer);
+    EXPECT_EQ(Trouble()->kind, TroubleCode::NoAnswer);
 }
 
 TEST_F(InBandExchange, AnswerToAnotherCommandFirst_IsPassedOver) {
@@ -116,7 +116,7 @@ TEST_F(InBandExchange, AnswerToAnotherCommandOnly_IsNamed) {
     FakeKernel::messages = {{.netFn = 0x07, .command = 0x01, .data = {0x00, 0x07}}};
     EXPECT_EQ(
         Trouble(),
-        (ThrownTrouble{Trouble::AnswerToAnotherCommand,
+        (ThrownTrouble{TroubleCode::UnusableAnswers,
                        "The controller behind /dev/ipmi0 answered nothing but another command "
                        "(network function 0x07, command 0x01) within 4 s. Try again."}));
 }
@@ -124,7 +124,7 @@ TEST_F(InBandExchange, AnswerToAnotherCommandOnly_IsNamed) {
 TEST_F(InBandExchange, AnswerOfAnEarlierRequestOnly_IsNamed) {
     FakeKernel::messages = {{.messageId = -1, .data = {0x00, 0x07}}};
     EXPECT_EQ(Trouble(),
-              (ThrownTrouble{Trouble::AnswerToAnotherCommand,
+              (ThrownTrouble{TroubleCode::UnusableAnswers,
                              "The controller behind /dev/ipmi0 answered nothing but an earlier "
                              "request within 4 s. Try again."}));
 }
@@ -133,19 +133,19 @@ TEST_F(InBandExchange, EndlessAnswersToOthers_EndAtTheTimeLimit) {
     for (int message = 0; message < 1000; ++message) {
         FakeKernel::messages.push_back({.after = milliseconds(10), .command = 0x01, .data = {0}});
     }
-    EXPECT_EQ(Trouble()->kind, Trouble::AnswerToAnotherCommand);
+    EXPECT_EQ(Trouble()->kind, TroubleCode::UnusableAnswers);
     EXPECT_EQ(Passed(), milliseconds(4000));
 }
 
 TEST_F(InBandExchange, EventsAndRequestsOfOthers_AreNoAnswers) {
     FakeKernel::messages = {{.kind = IPMI_ASYNC_EVENT_RECV_TYPE, .data = {0x02}},
                             {.kind = IPMI_CMD_RECV_TYPE, .data = {0x03}}};
-    EXPECT_EQ(Trouble()->kind, Trouble::NoAnswer);
+    EXPECT_EQ(Trouble()->kind, TroubleCode::NoAnswer);
 }
 
 TEST_F(InBandExchange, AnswerWithoutCompletionCode_IsTooShort) {
     FakeKernel::messages = {{.data = {}}};
-    EXPECT_EQ(Trouble(), (ThrownTrouble{Trouble::AnswerTooShort,
+    EXPECT_EQ(Trouble(), (ThrownTrouble{TroubleCode::UnusableAnswers,
                                         "The controller's answer is too short: it has no "
                                         "completion code."}));
 }
@@ -207,57 +207,57 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Failure{"open",
                 ENOENT,
-                {Trouble::NoDevice,
+                {TroubleCode::NoDevice,
                  "The device /dev/ipmi0 cannot be opened: No such file or directory. Is the kernel "
                  "module ipmi_devintf loaded?"}},
         Failure{"open",
                 ENODEV,
-                {Trouble::NoDevice,
+                {TroubleCode::NoDevice,
                  "The device /dev/ipmi0 cannot be opened: No such device. Is the kernel module "
                  "ipmi_devintf loaded?"}},
         Failure{"open",
                 EACCES,
-                {Trouble::NoPermission,
+                {TroubleCode::Permission,
                  "The device /dev/ipmi0 cannot be opened: Permission denied. Run as root, or as a "
                  "user who may read and write it."}},
         Failure{"open",
                 EBUSY,
-                {Trouble::Busy,
+                {TroubleCode::DeviceBusy,
                  "The device /dev/ipmi0 cannot be opened: Device or resource busy. Too many "
                  "programs use it: end one of them, or try again."}},
         Failure{"send",
                 ENODEV,
-                {Trouble::NoDevice,
+                {TroubleCode::Gone,
                  "The device /dev/ipmi0 has gone: No such device. Is its kernel module (such as "
                  "ipmi_si) loaded?"}},
         Failure{"send",
                 EBUSY,
-                {Trouble::Busy,
+                {TroubleCode::DeviceBusy,
                  "The kernel's driver behind /dev/ipmi0 is busy: Device or resource busy. Try "
                  "again."}},
         Failure{"send",
                 ENOTTY,
-                {Trouble::Other,
+                {TroubleCode::Other,
                  "The device /dev/ipmi0 does not work as an IPMI device: Inappropriate ioctl for "
                  "device. Check that it belongs to the kernel module ipmi_devintf."}},
         Failure{"send",
                 ENOMEM,
-                {Trouble::Other, "The request to /dev/ipmi0 failed: Cannot allocate memory."}},
+                {TroubleCode::Other, "The request to /dev/ipmi0 failed: Cannot allocate memory."}},
         Failure{"receive",
                 ENODEV,
-                {Trouble::NoDevice,
+                {TroubleCode::Gone,
                  "The device /dev/ipmi0 has gone: No such device. Is its kernel module (such as "
                  "ipmi_si) loaded?"}},
         Failure{"poll",
                 ENOMEM,
-                {Trouble::Other, "The request to /dev/ipmi0 failed: Cannot allocate memory."}}),
+                {TroubleCode::Other, "The request to /dev/ipmi0 failed: Cannot allocate memory."}}),
     [](const auto& failure) {
         return std::string(failure.param.call) + std::to_string(failure.param.error);
     });
 
 TEST_F(InBandExchange, DeviceThatGoesAway_IsNamed) {
     FakeKernel::hangsUp = true;
-    EXPECT_EQ(Trouble()->kind, Trouble::NoDevice);
+    EXPECT_EQ(Trouble()->kind, TroubleCode::Gone);
 }
 
 TEST_F(InBandExchange, ThousandCommands_LeaveNoDescriptor) {

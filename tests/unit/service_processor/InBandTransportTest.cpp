@@ -43,7 +43,7 @@ TEST(InBandTransport, MissingDevice_IsNamedWithItsReason) {
     const TemporaryFolder folder;
     const std::string device = folder.File("ipmi0");
     EXPECT_EQ(TroubleWith(device),
-              (ThrownTrouble{Trouble::NoDevice,
+              (ThrownTrouble{TroubleCode::NoDevice,
                              "The device " + device +
                                  " cannot be opened: No such file or directory. Is the kernel "
                                  "module ipmi_devintf loaded?"}));
@@ -57,7 +57,7 @@ TEST(InBandTransport, DeviceWithoutPermission_IsNamedWithItsReason) {
     const WithoutPrivileges reduced;
     ASSERT_TRUE(reduced.Ok());
     EXPECT_EQ(TroubleWith(device),
-              (ThrownTrouble{Trouble::NoPermission,
+              (ThrownTrouble{TroubleCode::Permission,
                              "The device " + device +
                                  " cannot be opened: Permission denied. Run as root, or as a user "
                                  "who may read and write it."}));
@@ -68,7 +68,7 @@ TEST(InBandTransport, FileThatIsNoDevice_IsNamed) {
     const std::string device = folder.Write("ipmi0", "");
     EXPECT_EQ(TroubleWith(device),
               (ThrownTrouble{
-                  Trouble::Other,
+                  TroubleCode::Other,
                   "The device " + device +
                       " does not work as an IPMI device: Inappropriate ioctl for device. Check "
                       "that it "

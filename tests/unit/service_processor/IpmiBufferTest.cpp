@@ -48,11 +48,11 @@ TEST(ReadRequest, BufferOfNineBytes_IsTheSmallestTaken) {
     EXPECT_EQ(TroubleOf([&] { ReadRequest(std::span(buffer).first(9)); }), std::nullopt);
     EXPECT_EQ(TroubleOf([&] { ReadRequest(std::span(buffer).first(8)); }),
               (ThrownTrouble{
-                  Trouble::Request,
+                  TroubleCode::Request,
                   "A buffer of 8 bytes is too small for an IPMI answer; it takes 256 bytes."}));
     EXPECT_EQ(TroubleOf([&] { ReadRequest(std::span(buffer).first(0)); }),
               (ThrownTrouble{
-                  Trouble::Request,
+                  TroubleCode::Request,
                   "A buffer of 0 bytes is too small for an IPMI answer; it takes 256 bytes."}));
 }
 
@@ -60,7 +60,7 @@ TEST(ReadRequest, NetFnOfAnAnswer_IsRefused) {
     Buffer buffer = RequestBuffer();
     buffer[2] = 0x3B;
     EXPECT_EQ(TroubleOf([&] { ReadRequest(buffer); }),
-              (ThrownTrouble{Trouble::Request,
+              (ThrownTrouble{TroubleCode::Request,
                              "The network function 0x3b is not one of a request; those are even "
                              "and at most 0x3e."}));
 }
@@ -69,7 +69,7 @@ TEST(ReadRequest, NetFnBeyondSixBits_IsRefused) {
     Buffer buffer = RequestBuffer();
     buffer[2] = 0x40;
     EXPECT_EQ(TroubleOf([&] { ReadRequest(buffer); }),
-              (ThrownTrouble{Trouble::Request,
+              (ThrownTrouble{TroubleCode::Request,
                              "The network function 0x40 is not one of a request; those are even "
                              "and at most 0x3e."}));
 }
@@ -78,7 +78,7 @@ TEST(ReadRequest, LunBeyondTwoBits_IsRefused) {
     Buffer buffer = RequestBuffer();
     buffer[3] = 0x04;
     EXPECT_EQ(TroubleOf([&] { ReadRequest(buffer); }),
-              (ThrownTrouble{Trouble::Request,
+              (ThrownTrouble{TroubleCode::Request,
                              "The logical unit 0x04 does not exist; the greatest is 0x03."}));
 }
 

@@ -35,7 +35,7 @@ TEST(LanTransport, UserNameThatIsTooLong_IsRefused) {
     controller.host = "127.0.0.1";
     controller.user = "seventeen-letters";
     EXPECT_EQ(TroubleWith(controller),
-              (ThrownTrouble{Trouble::Settings,
+              (ThrownTrouble{TroubleCode::Settings,
                              "The user name 'seventeen-letters' is longer than the 16 bytes that "
                              "IPMI takes."}));
 }
@@ -47,7 +47,7 @@ TEST(LanTransport, PasswordOfTwentyBytes_IsTooLongForProtocol15) {
     controller.protocol = "1.5";
     controller.passwordFile = folder.Write("p", std::string(20, 'x'));
     EXPECT_EQ(TroubleWith(controller),
-              (ThrownTrouble{Trouble::PasswordFile,
+              (ThrownTrouble{TroubleCode::PasswordFile,
                              "The password file " + controller.passwordFile +
                                  " has more than 16 bytes in its first line, which is longer than "
                                  "a password can be."}));
@@ -58,7 +58,7 @@ TEST(LanTransport, MissingPasswordFile_SendsNothing) {
     controller.host = "127.0.0.1";
     controller.passwordFile = "/nonexistent/password";
     EXPECT_EQ(TroubleWith(controller),
-              (ThrownTrouble{Trouble::PasswordFile,
+              (ThrownTrouble{TroubleCode::PasswordFile,
                              "The password file /nonexistent/password cannot be read: No such file "
                              "or directory."}));
 }
@@ -67,7 +67,7 @@ TEST(LanTransport, HostNameWithoutAddress_IsNamed) {
     ControllerSettings controller;
     controller.host = "no host";
     EXPECT_EQ(TroubleWith(controller),
-              (ThrownTrouble{Trouble::UnknownHost,
+              (ThrownTrouble{TroubleCode::NameNotFound,
                              "The address of the host 'no host' cannot be found: Name or service "
                              "not known. Correct the setting host, or the name resolution of this "
                              "machine."}));
@@ -78,7 +78,7 @@ TEST(LanTransport, CipherSuiteThatFreeIpmiLacks_IsRefused) {
     controller.host = "127.0.0.1";
     controller.cipherSuite = 4;
     EXPECT_EQ(TroubleWith(controller),
-              (ThrownTrouble{Trouble::Settings,
+              (ThrownTrouble{TroubleCode::Settings,
                              "FreeIPMI does not support cipher suite 4. Most controllers offer "
                              "cipher suite 3 or 17."}));
 }

@@ -51,7 +51,7 @@ protected:
         std::array<unsigned char, 256> buffer = {0x01, 0x20, 0x3A, 0x00, command};
         int length = 250;
         ControllerNode object(
-            {.node = node, .nodeCount = 4, .isOxc = nullptr, .timeLimit = kRunLimit},
+            {.node = node, .nodeCount = 4, .askFamily = nullptr, .timeLimit = kRunLimit},
             std::make_unique<PlayedTransport>(behaviour));
         return object.sendIPMICommand(buffer.data(), &length, buffer.size(), true);
     }

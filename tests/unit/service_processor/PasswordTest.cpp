@@ -17,7 +17,7 @@ std::optional<ThrownTrouble> TroubleWith(const std::string& file) {
 }
 
 ThrownTrouble Refused(const std::string& file, const std::string& why) {
-    return {Trouble::PasswordFile, "The password file " + file + " " + why};
+    return {TroubleCode::PasswordFile, "The password file " + file + " " + why};
 }
 
 TEST(Password, NoFile_IsEmpty) { EXPECT_STREQ(Password().Text(), ""); }

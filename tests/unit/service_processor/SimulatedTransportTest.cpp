@@ -124,8 +124,9 @@ TEST_F(SimulatedTransportTest, LengthOfTheProfile_IsOfTheStatusOnly) {
 
 TEST_F(SimulatedTransportTest, NodeThatDoesNotAnswer_Throws) {
     for (const IpmiRequest& request : {kStatus, kGeneration, kDeviceId}) {
-        EXPECT_EQ(TroubleOf([&] { Ask(NodeWith([](auto& it) { it.answers = false; }), request); }),
-                  (ThrownTrouble{Trouble::NoAnswer, "The simulated controller does not answer."}));
+        EXPECT_EQ(
+            TroubleOf([&] { Ask(NodeWith([](auto& it) { it.answers = false; }), request); }),
+            (ThrownTrouble{TroubleCode::NoAnswer, "The simulated controller does not answer."}));
     }
 }
 

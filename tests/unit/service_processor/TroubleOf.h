@@ -8,7 +8,7 @@
 #include <string>
 
 struct ThrownTrouble {
-    platform::Trouble kind;
+    platform::TroubleCode kind;
     std::string text;
 
     bool operator==(const ThrownTrouble&) const = default;
@@ -24,7 +24,7 @@ std::optional<ThrownTrouble> TroubleOf(Call call) {
     try {
         call();
     } catch (const platform::TransportError& error) {
-        return ThrownTrouble{error.Kind(), error.what()};
+        return ThrownTrouble{error.Code(), error.what()};
     }
     return std::nullopt;
 }

@@ -27,13 +27,14 @@ TEST(WorkaroundFlags, NamesOfProtocol15_GiveItsFlags) {
 }
 
 TEST(WorkaroundFlags, NameOfTheOtherProtocol_IsRefused) {
+    EXPECT_EQ(TroubleOf([] { WorkaroundFlags("1.5", {"opensesspriv"}); }),
+              (ThrownTrouble{TroubleCode::Settings,
+                             "The protocol 1.5 has no workaround 'opensesspriv'."}));
     EXPECT_EQ(
-        TroubleOf([] { WorkaroundFlags("1.5", {"opensesspriv"}); }),
-        (ThrownTrouble{Trouble::Settings, "The protocol 1.5 has no workaround 'opensesspriv'."}));
-    EXPECT_EQ(TroubleOf([] {
-                  WorkaroundFlags("2.0", {"sun20", "idzero"});
-              }),
-              (ThrownTrouble{Trouble::Settings, "The protocol 2.0 has no workaround 'idzero'."}));
+        TroubleOf([] {
+            WorkaroundFlags("2.0", {"sun20", "idzero"});
+        }),
+        (ThrownTrouble{TroubleCode::Settings, "The protocol 2.0 has no workaround 'idzero'."}));
 }
 
 }  // namespace

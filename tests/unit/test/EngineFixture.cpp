@@ -11,6 +11,7 @@ namespace engine {
 namespace {
 
 constexpr char kParserLine[] = "BMCI2C Parser Line ";
+constexpr char kRunLine[] = "Run: ";
 constexpr char kAddressLine[] = "getMachineType:  = ";
 
 std::string Property(const NumberedText& entry, const std::string& qualifier) {
@@ -161,7 +162,7 @@ std::vector<std::string> EngineTest::Log() const {
     const std::vector<LogLine> lines = FakeDiagnostics::Lines();
     for (std::size_t i = logBegin; i < lines.size(); ++i) {
         const std::string& text = lines[i].text;
-        if (!text.starts_with(kParserLine)) {
+        if (!text.starts_with(kParserLine) && !text.starts_with(kRunLine)) {
             const bool address = text.starts_with(std::string(kAddressLine) + "0x");
             log.push_back(std::to_string(lines[i].severity) + " " +
                           (address ? std::string(kAddressLine) + "ADDRESS" : text));

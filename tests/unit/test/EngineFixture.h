@@ -74,8 +74,9 @@ protected:
     std::vector<RecordView> Records() { return RecordsOf(Test()); }
     const BMCI2C_Test_DiagnosticRecord& OnlyRecord();
 
-    // The log since Prepare, or since the beginning, without the parser's lines; each line as
-    // severity, blank, text. The address in "getMachineType:  = " is replaced by "ADDRESS".
+    // The log since Prepare, or since the beginning, without the parser's and the run's own lines;
+    // each line as severity, blank, text. The address in "getMachineType:  = " is replaced by
+    // "ADDRESS".
     std::vector<std::string> Log() const;
 
 private:

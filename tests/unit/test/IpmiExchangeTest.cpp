@@ -13,6 +13,8 @@
 
 namespace {
 
+using platform::IpmiBuffer;
+using platform::IpmiResponse;
 using ::testing::Each;
 using ::testing::ElementsAre;
 
@@ -59,7 +61,7 @@ private:
 
 // Reads whatever can be read of a response; the sum of its data bytes.
 int ReadAll(const IpmiResponse& response) {
-    EXPECT_FALSE(response.Dump().empty());
+    EXPECT_FALSE(::Dump(response).empty());
     EXPECT_EQ(response.CompletionCode(), 0);
     EXPECT_EQ(response.DataByte(0) + response.DataByte(1) + response.DataByte(2), 0);
     return std::accumulate(response.Data().begin(), response.Data().end(), 0);
@@ -70,15 +72,15 @@ constexpr char kDumpHead[] = " Including completion code, received response data
 }  // namespace
 
 TEST(IpmiExchange, DumpRequest_ShowsTheFifteenBytes) {
-    EXPECT_EQ(IpmiExchange(OemCommand::I2cBusStatus, 250).DumpRequest(),
+    EXPECT_EQ(IpmiExchange(platform::kI2cBusStatus, 250).DumpRequest(),
               "Sending command data: 01 20 3a 00 09 00 00 00 00 00 00 00 00 00 00 ");
-    EXPECT_EQ(IpmiExchange(OemCommand::ControllerGeneration, 256).DumpRequest(),
+    EXPECT_EQ(IpmiExchange(platform::kControllerGeneration, 256).DumpRequest(),
               "Sending command data: 01 20 3a 00 c1 00 00 00 00 00 00 00 00 00 00 ");
 }
 
 TEST(IpmiExchange, SendTo_HandsOverTheRequestInAZeroedBuffer) {
     FakeServiceProcessor::Reset();
-    IpmiExchange exchange(OemCommand::I2cBusStatus, 250);
+    IpmiExchange exchange(platform::kI2cBusStatus, 250);
     EXPECT_FALSE(exchange.SendTo(ControllerOfNode(3)));
     const auto requests = FakeServiceProcessor::Requests();
     ASSERT_EQ(requests.size(), 1u);
@@ -95,12 +97,12 @@ TEST(IpmiExchange, SendTo_HandsOverTheRequestInAZeroedBuffer) {
 TEST(IpmiExchange, SendTo_FreesTheController) {
     FakeServiceProcessor::Reset();
     const std::size_t before = FakeServiceProcessor::ObjectsAlive();
-    IpmiExchange(OemCommand::I2cBusStatus, 250).SendTo(ControllerOfNode(0));
+    IpmiExchange(platform::kI2cBusStatus, 250).SendTo(ControllerOfNode(0));
     EXPECT_EQ(FakeServiceProcessor::ObjectsAlive(), before);
 }
 
 TEST(IpmiExchange, SendTo_NoController_CountsAsNotDelivered) {
-    IpmiExchange exchange(OemCommand::I2cBusStatus, 250);
+    IpmiExchange exchange(platform::kI2cBusStatus, 250);
     EXPECT_FALSE(exchange.SendTo(nullptr));
     EXPECT_EQ(exchange.Response().Length(), 250);
 }
@@ -108,7 +110,7 @@ TEST(IpmiExchange, SendTo_NoController_CountsAsNotDelivered) {
 TEST(IpmiExchange, Response_IsWhatTheControllerAnswered) {
     FakeServiceProcessor::Reset();
     FakeServiceProcessor::Script(0, 0x09, {.completionCode = 0xC1, .data = {0x11, 0xAB}});
-    IpmiExchange exchange(OemCommand::I2cBusStatus, 250);
+    IpmiExchange exchange(platform::kI2cBusStatus, 250);
     ASSERT_TRUE(exchange.SendTo(ControllerOfNode(0)));
     const IpmiResponse response = exchange.Response();
     EXPECT_EQ(response.Length(), 3);
@@ -156,21 +158,40 @@ TEST(IpmiResponse, DataByte_BeyondTheBuffer_IsRefused) {
 
 TEST(IpmiResponse, Dump_ShowsNineBytesMoreThanTheLength) {
     const IpmiBuffer buffer = CountingBuffer();
-    EXPECT_EQ(IpmiResponse(buffer, 0).Dump(),
+    EXPECT_EQ(::Dump(IpmiResponse(buffer, 0)),
               std::string("Response length is : 0") + kDumpHead + "00 01 02 03 04 05 06 07 08 ");
-    EXPECT_EQ(IpmiResponse(buffer, 2).Dump(), std::string("Response length is : 2") + kDumpHead +
-                                                  "00 01 02 03 04 05 06 07 08 09 0a ");
+    EXPECT_EQ(::Dump(IpmiResponse(buffer, 2)), std::string("Response length is : 2") + kDumpHead +
+                                                   "00 01 02 03 04 05 06 07 08 09 0a ");
 }
 
 TEST(IpmiResponse, Dump_LengthBeyondTheBuffer_EndsWithTheBuffer) {
     const IpmiBuffer buffer = CountingBuffer();
     const std::string head = std::string("Response length is : 100000") + kDumpHead;
-    const std::string dump = IpmiResponse(buffer, 100000).Dump();
+    const std::string dump = ::Dump(IpmiResponse(buffer, 100000));
     EXPECT_EQ(dump.size(), head.size() + 256 * 3);
     EXPECT_TRUE(dump.ends_with("fd fe ff "));
 }
 
 TEST(IpmiResponse, Dump_NegativeLength_ShowsNoBytes) {
     const IpmiBuffer buffer = CountingBuffer();
-    EXPECT_EQ(IpmiResponse(buffer, -1).Dump(), std::string("Response length is : -1") + kDumpHead);
+    EXPECT_EQ(::Dump(IpmiResponse(buffer, -1)), std::string("Response length is : -1") + kDumpHead);
+}
+
+TEST(IpmiResponse, ControllerData_LeavesOutTheZeroByteBehindTheLastOne) {
+    IpmiBuffer buffer{};
+    buffer[9] = 0x11;
+    EXPECT_THAT(IpmiResponse(buffer, 3).ControllerData(), ElementsAre(0x11, 0x00));
+    buffer[11] = 0x80;
+    EXPECT_THAT(IpmiResponse(buffer, 3).ControllerData(), ElementsAre(0x11, 0x00, 0x80));
+    EXPECT_THAT(IpmiResponse(buffer, -1).ControllerData(), ElementsAre());
+    EXPECT_EQ(IpmiResponse(buffer, 100000).ControllerData().size(), 247u);
+}
+
+TEST(IpmiExchange, Facts_TellWhyNoAnswerCame) {
+    FakeServiceProcessor::Reset();
+    IpmiExchange exchange(platform::kI2cBusStatus, 250);
+    EXPECT_EQ(exchange.Facts().attempts, 0);
+    exchange.SendTo(ControllerOfNode(0));
+    EXPECT_EQ(exchange.Facts().attempts, 1);
+    EXPECT_EQ(exchange.Facts().trouble->code, "no_answer");
 }

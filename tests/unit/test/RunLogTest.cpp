@@ -40,7 +40,7 @@ Lines MessageMade() {
     return {Location(624), Location(555), Location(617), Location(641), Location(708)};
 }
 
-Lines FailedBus(const std::string& failuresSoFar) {
+Lines LinesOfFailedBus(const std::string& failuresSoFar) {
     return Join({MessageMade(), {"3 BMCI2C: Failure string: " + failuresSoFar}});
 }
 
@@ -90,14 +90,14 @@ TEST_F(RunLog, BussesFailed) {
               Join({Beginning(1),
                     {kAsked, kAnswered, Response("4", "00 02 80 a5 00 "),
                      "3 BMCI2C: Received data from BMC:2 128 165", Location(448), Location(452)},
-                    FailedBus(bus1),
+                    LinesOfFailedBus(bus1),
                     {Location(448), Location(452)},
-                    FailedBus(bus15),
+                    LinesOfFailedBus(bus15),
                     {Location(448), Location(452)},
-                    FailedBus(bus16),
-                    FailedBus(bus18),
-                    FailedBus(bus21),
-                    FailedBus(bus23),
+                    LinesOfFailedBus(bus16),
+                    LinesOfFailedBus(bus18),
+                    LinesOfFailedBus(bus21),
+                    LinesOfFailedBus(bus23),
                     {Location(448)},
                     End(bus23)}));
 }
@@ -190,7 +190,7 @@ TEST_F(RunLog, OxcV1) {
                                  "3 BMCI2C: Received data from BMC:193 0 0", kAskedGeneration,
                                  Response("3", "00 00 00 00 ", "c1"), "3 BMCI2C: OXC V1 detected",
                                  Location(448), Location(452)},
-                                FailedBus(result),
+                                LinesOfFailedBus(result),
                                 {Location(448), Location(448)},
                                 End(result)}));
 }
@@ -217,7 +217,7 @@ TEST_F(RunLog, ControllersFailDifferently) {
                                 {kAsked, kAnswered, Response("3", "00 00 80 00 "),
                                  "3 BMCI2C: Received data from BMC:0 128 0", Location(448),
                                  Location(448), Location(452)},
-                                FailedBus("166-916-001 FAULT: Bus 15 failed."),
+                                LinesOfFailedBus("166-916-001 FAULT: Bus 15 failed."),
                                 {Location(448), kAsked, kNotAnswered},
                                 MessageMade(),
                                 {kAsked, kAnswered, Response("2", "00 00 00 "), kNoBussesFailed,

@@ -30,10 +30,14 @@ TEST_F(RunRecordTest, KeepAlone_DropsOthersAndItsOwnSecondPlace) {
     EXPECT_EQ(Test().records[0]->Name, "I2C Bus");
 }
 
-TEST_F(RunRecordTest, Update_AfterKeep_ChangesTheKeptRecord) {
+TEST_F(RunRecordTest, Close_LeavesTheListAsItIs) {
     RunRecord record(Test(), "I2C Bus");
+    record.SetResult("text", 6);
+    record.Keep();
+    record.Close();
+    record.SetResult("later", 2);
     record.KeepAlone();
-    record.Update([](DiagnosticRecord& kept) { kept.RecordData = "later"; });
+    record.Keep();
+    EXPECT_EQ(Records(), (std::vector<RecordView>{{"I2C Bus", "text", 6}}));
     EXPECT_EQ(record.Text(), "later");
-    EXPECT_EQ(Test().records[0]->RecordData, "later");
 }

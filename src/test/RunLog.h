@@ -1,0 +1,14 @@
+// What a run leaves in the core logger beside the test's own lines: for people and log filters that
+// look for failed busses. Each line begins with "Run: ".
+#pragma once
+
+#include <test/RunResult.h>
+
+#include <string>
+
+// After the run: a line of severity 2 for each failed bus, a summary (severity 3 when the run
+// passed, else 2), and a warning when the machine was simulated.
+void WriteRunLog(const RunResult& result);
+
+// The summary of a run that an exception ended.
+void WriteRunFailure(const std::string& reason);

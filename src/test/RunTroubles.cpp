@@ -1,0 +1,136 @@
+#include <platform/service_processor/CompletionCode.h>
+#include <platform/service_processor/Hexadecimal.h>
+#include <platform/service_processor/IpmiMessage.h>
+#include <test/RunTroubles.h>
+
+namespace run_trouble {
+
+using platform::Trouble;
+
+namespace {
+
+constexpr const char* kOtherCatalog =
+    "or name the diagnostics root directory of another catalog (--root DIR).";
+
+std::string AdviceFor(std::uint8_t completionCode) {
+    switch (completionCode) {
+        case platform::kNodeBusy:
+        case platform::kControllerBusy:
+        case platform::kStarting:
+            return "Wait a while, then run the test again.";
+        case platform::kInvalidCommand:
+            return "Check that the controller is of a make that this test supports, and that its "
+                   "firmware is current.";
+        case platform::kTimeOver:
+            return "Run the test again. If it still fails, restart the controller.";
+        case platform::kInsufficientPrivilege:
+            return "Use a user, or set a privilege_level, that may send OEM commands.";
+        default:
+            return "Run the test again. If it still fails, restart the controller or update its "
+                   "firmware.";
+    }
+}
+
+}  // namespace
+
+Trouble Refused(std::uint8_t completionCode) {
+    return {.code = "refused",
+            .text = "The controller refused the request with completion code " +
+                    platform::Hexadecimal(completionCode) + platform::Meaning(completionCode) + ".",
+            .advice = AdviceFor(completionCode)};
+}
+
+Trouble TooShort(int length) {
+    return {
+        .code = "unusable_answer",
+        .text = "The controller's answer was too short (length " + std::to_string(length) + ").",
+        .advice = "Run the test again. If it still fails, update the controller's firmware."};
+}
+
+Trouble NotPresent() {
+    return {.code = "not_present", .text = "The controller is not present.", .advice = ""};
+}
+
+Trouble NotAskedAfter(int node) {
+    return {.code = "not_asked",
+            .text = "The controller was not asked: the run ended at node " + std::to_string(node) +
+                    ", whose answer could not be used.",
+            .advice = "To ask every controller all the same, use bmci2c run --all."};
+}
+
+Trouble NotAskedWithoutFirst() {
+    return {
+        .code = "not_asked",
+        .text = "The controller was not asked: the run begins with node 0, which is not present.",
+        .advice = ""};
+}
+
+Trouble NotAskedOnThisMachine() {
+    return {.code = "not_asked",
+            .text = "The controller was not asked, because this machine is not supported.",
+            .advice = ""};
+}
+
+Trouble Interrupted() {
+    return {.code = "interrupted",
+            .text = "The run was interrupted before the controller answered.",
+            .advice = "Run the test again."};
+}
+
+Trouble GenerationUnknown(const std::string& reason) {
+    return {.code = "generation_unknown",
+            .text =
+                "Bits 6 and 7 of the first status byte stand for busses in controllers of the "
+                "second generation only, and the generation is not known: " +
+                reason,
+            .advice = "Find out why node 0 does not tell its generation, then run the test again."};
+}
+
+Trouble FamilyUnknown(const Trouble& reason) {
+    return {.code = "family_unknown",
+            .text =
+                "Whether the controllers are of the OXC family could not be checked, so they "
+                "were judged as controllers of another family: " +
+                reason.text,
+            .advice = reason.advice};
+}
+
+Trouble CatalogMissing(const std::string& catalog) {
+    return {.code = "catalog_missing",
+            .text = "There is no message catalog " + catalog + ".",
+            .advice = std::string("Put one there, ") + kOtherCatalog};
+}
+
+Trouble CatalogUnreadable(const std::string& catalog, const std::string& reason) {
+    return {.code = "catalog_unreadable",
+            .text = "The message catalog " + catalog + " cannot be read: " + reason + ".",
+            .advice = std::string("Make it readable, ") + kOtherCatalog};
+}
+
+Trouble CatalogSyntax(const std::string& catalog, int line, const std::string& error) {
+    return {.code = "catalog_syntax",
+            .text = "The message catalog " + catalog + " is wrong in line " + std::to_string(line) +
+                    ": " + error,
+            .advice = std::string("Fix it, ") + kOtherCatalog};
+}
+
+Trouble UnsupportedMachine(const std::string& catalog, const std::string& machineType,
+                           const std::string& biosId, const std::string& smbiosProblem) {
+    if (machineType.empty()) {
+        const std::string reason = smbiosProblem.empty() ? "" : " " + smbiosProblem;
+        return {.code = "machine_unknown",
+                .text =
+                    "The machine type of this machine could not be read or is empty, so the "
+                    "message catalog was not read." +
+                    reason,
+                .advice =
+                    "Run the command on the server itself, or set 'type' under [machine] in "
+                    "the settings file."};
+    }
+    return {.code = "machine_not_listed",
+            .text = "The message catalog " + catalog + " lists neither the machine type '" +
+                    machineType + "' nor the BIOS identifier '" + biosId + "'.",
+            .advice = std::string("Add the machine to it, ") + kOtherCatalog};
+}
+
+}  // namespace run_trouble

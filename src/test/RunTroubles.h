@@ -1,0 +1,50 @@
+// What a run says of controllers and busses that were not examined: a code, a sentence and what to
+// do.
+#pragma once
+
+#include <platform/diagnostics/Trouble.h>
+
+#include <cstdint>
+#include <string>
+
+namespace run_trouble {
+
+// The answer had a completion code other than 0.
+platform::Trouble Refused(std::uint8_t completionCode);
+
+// The answer had no more than a completion code; `length` is what the transport returned.
+platform::Trouble TooShort(int length);
+
+// There is no library object for the controller.
+platform::Trouble NotPresent();
+
+// The run ended at controller `node`, before this one was asked.
+platform::Trouble NotAskedAfter(int node);
+
+// The first controller is not present, which makes the machine one without controllers.
+platform::Trouble NotAskedWithoutFirst();
+
+// The machine is not supported, so no controller was asked.
+platform::Trouble NotAskedOnThisMachine();
+
+// The program was told to stop before.
+platform::Trouble Interrupted();
+
+// Busses 6 and 7 of an OXC controller of the second generation only. `reason` is why the query was
+// of no use.
+platform::Trouble GenerationUnknown(const std::string& reason);
+
+// Whether the controllers are of the OXC family was not found out, for `reason`.
+platform::Trouble FamilyUnknown(const platform::Trouble& reason);
+
+// The catalog's file cannot be read, for `reason`, or not to its end.
+platform::Trouble CatalogMissing(const std::string& catalog);
+platform::Trouble CatalogUnreadable(const std::string& catalog, const std::string& reason);
+platform::Trouble CatalogSyntax(const std::string& catalog, int line, const std::string& error);
+
+// Neither machine type nor BIOS identifier is in the catalog, which is not read without a machine
+// type. `smbiosProblem` says why SMBIOS's texts cannot be read, if so.
+platform::Trouble UnsupportedMachine(const std::string& catalog, const std::string& machineType,
+                                     const std::string& biosId, const std::string& smbiosProblem);
+
+}  // namespace run_trouble

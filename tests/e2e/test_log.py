@@ -72,7 +72,7 @@ def test_text_run_logs_the_same_lines(bmci2c):
         return [
             line["text"]
             for line in lines
-            if not line["text"].startswith(("getMachineType:", "SP: "))  # addresses and times
+            if not line["text"].startswith(("getMachineType:", "SP: ", "Run: "))  # addresses and times
         ]
 
     assert texts(["run"]) == texts(["run", "--json"])

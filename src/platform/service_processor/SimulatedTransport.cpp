@@ -48,7 +48,7 @@ SimulatedTransport::SimulatedTransport(std::shared_ptr<const SimulatedNode> simu
       requestCounts(counts) {}
 
 IpmiAnswer SimulatedTransport::Send(const IpmiRequest& request, TimeAllowance) {
-    if (!node->answers) {
+    if (!IsAnswered(request)) {
         throw TransportError(TroubleCode::NoAnswer, "The simulated controller does not answer.",
                              "");
     }
@@ -59,11 +59,21 @@ IpmiAnswer SimulatedTransport::Send(const IpmiRequest& request, TimeAllowance) {
     return answer;
 }
 
+bool SimulatedTransport::IsAnswered(const IpmiRequest& request) const {
+    if (Is(request, kOemNetFn, kControllerGeneration) && !node->answersGeneration) return false;
+    if (Is(request, kAppNetFn, kGetDeviceId) && !node->answersDeviceId) return false;
+    return node->answers;
+}
+
 IpmiAnswer SimulatedTransport::Answer(const IpmiRequest& request) const {
     if (Is(request, kOemNetFn, kI2cBusStatus)) {
         return {.completionCode = node->completionCode, .data = node->data};
     }
-    if (Is(request, kOemNetFn, kControllerGeneration)) return Generation(generation);
+    if (Is(request, kOemNetFn, kControllerGeneration)) {
+        if (const std::uint8_t code = node->generationCompletionCode; code != kCompleted)
+            return {.completionCode = code};
+        return Generation(generation);
+    }
     if (Is(request, kAppNetFn, kGetDeviceId)) return DeviceId();
     return {.completionCode = kInvalidCommand};
 }

@@ -40,6 +40,7 @@ public:
     std::string Describe() const override { return "simulated"; }
 
 private:
+    bool IsAnswered(const IpmiRequest& request) const;
     IpmiAnswer Answer(const IpmiRequest& request) const;
 
     std::shared_ptr<const SimulatedNode> node;

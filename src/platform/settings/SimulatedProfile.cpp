@@ -20,6 +20,11 @@ SimulatedNode ReadNode(TomlTable& table) {
     node.length = table.Integer("length", kMinInt, kMaxInt);
     node.answers = table.Boolean("answers").value_or(node.answers);
     node.present = table.Boolean("present").value_or(node.present);
+    node.answersGeneration = table.Boolean("answers_generation").value_or(node.answersGeneration);
+    node.generationCompletionCode =
+        table.Integer<std::uint8_t>("generation_completion_code", 0, kMaxByte)
+            .value_or(node.generationCompletionCode);
+    node.answersDeviceId = table.Boolean("answers_device_id").value_or(node.answersDeviceId);
     table.RejectOtherKeys();
     return node;
 }

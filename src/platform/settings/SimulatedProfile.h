@@ -18,6 +18,9 @@ struct SimulatedNode {
     std::optional<int> length;  // reported for the status command instead of the true length
     bool answers = true;        // false: requests are not delivered
     bool present = true;        // false: there is no library object for this node
+    bool answersGeneration = true;              // false: the generation query is not delivered
+    std::uint8_t generationCompletionCode = 0;  // of the generation query
+    bool answersDeviceId = true;                // false: Get Device ID is not delivered
 };
 
 struct SimulatedProfile {

@@ -179,5 +179,24 @@ TEST_F(SimulatedTransportTest, UnknownCommand_AnswersC1WithoutData) {
     }
 }
 
+TEST_F(SimulatedTransportTest, GenerationThatIsNotAnswered_LeavesTheStatusAnswered) {
+    const SimulatedNode node = NodeWith([](auto& it) { it.answersGeneration = false; });
+    EXPECT_EQ(TroubleOf([&] { Ask(node, kGeneration); })->kind, TroubleCode::NoAnswer);
+    EXPECT_EQ(Ask(node, kStatus).completionCode, 0x00);
+}
+
+TEST_F(SimulatedTransportTest, GenerationThatIsRefused_HasItsCode) {
+    const SimulatedNode node = NodeWith([](auto& it) { it.generationCompletionCode = 0xC1; });
+    EXPECT_EQ(Ask(node, kGeneration).completionCode, 0xC1);
+    EXPECT_EQ(Ask(node, kStatus).completionCode, 0x00);
+}
+
+TEST_F(SimulatedTransportTest, DeviceIdThatIsNotAnswered_LeavesTheRestAnswered) {
+    const SimulatedNode node = NodeWith([](auto& it) { it.answersDeviceId = false; });
+    EXPECT_EQ(TroubleOf([&] { Ask(node, {.netFn = kAppNetFn, .command = kGetDeviceId}); })->kind,
+              TroubleCode::NoAnswer);
+    EXPECT_EQ(Ask(node, kGeneration).completionCode, 0x00);
+}
+
 }  // namespace
 }  // namespace platform

@@ -292,8 +292,9 @@ constexpr BadFile kBadProfiles[] = {
     {"NodeIsATable", "[node]\n",
      ":1:1: key 'node': found a table, allowed is an array of tables, each written [[node]]."},
     {"UnknownKeyInANode", "[[node]]\n[[node]]\nbytes = []\n",
-     ":3:1: key 'node[1].bytes': found an unknown key, allowed are answers, busy, completion_code, "
-     "data, length and present."},
+     ":3:1: key 'node[1].bytes': found an unknown key, allowed are answers, "
+     "answers_device_id, answers_generation, busy, completion_code, data, "
+     "generation_completion_code, length and present."},
     {"DataIsAString", "[[node]]\ndata = \"00\"\n",
      ":2:8: key 'node[0].data': found a string, allowed is an array."},
     {"DataByteIsAString", "[[node]]\ndata = [0, \"1\"]\n",

@@ -43,6 +43,9 @@ busy = 3
 length = -1
 answers = false
 present = false
+answers_generation = false
+generation_completion_code = 0xD5
+answers_device_id = false
 [[node]]
 )");
     EXPECT_EQ(profile.machineType, "7000");
@@ -58,6 +61,9 @@ present = false
     EXPECT_EQ(node.length, -1);
     EXPECT_FALSE(node.answers);
     EXPECT_FALSE(node.present);
+    EXPECT_FALSE(node.answersGeneration);
+    EXPECT_EQ(node.generationCompletionCode, 0xD5);
+    EXPECT_FALSE(node.answersDeviceId);
 }
 
 TEST(SimulatedProfile, EmptyNode_HasTheDefaults) {

@@ -1,11 +1,15 @@
 """The core logger's lines, as BMCI2C_LOG asks for them."""
 
 import json
+import re
+import socket
 
 from conftest import node
 
 REQUEST = "01 20 3a 00 09 00 00 00 00 00 00 00 00 00 00 "
 ANSWER = "Response length is : 3 Including completion code, received response data is : "
+TIME = re.compile(r"\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}[+-]\d\d:\d\d")
+TEXT_LINE = re.compile(r"\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3} \+05:45 bmci2c\[\d+\] [0-4]: ")
 
 
 def log_of(bmci2c, *nodes, level="4", command=("run", "--json"), **keys):
@@ -23,11 +27,30 @@ def first_missing(lines, expected):
     return next((pair for pair in expected if pair not in rest), None)
 
 
-def test_every_line_is_an_object_of_severity_and_text(bmci2c):
+def test_every_line_tells_when_and_where_it_was_logged(bmci2c):
     lines = log_of(bmci2c, node(data=[0]))
-    assert lines
-    assert all(list(line) == ["severity", "text"] for line in lines)
-    assert {type(line["severity"]) for line in lines} == {int}
+    fields = ["time", "pid", "host", "severity", "node", "text"]
+    for line in lines:
+        assert list(line) == [name for name in fields if name != "node" or "node" in line]
+        assert TIME.fullmatch(line["time"])
+        assert type(line["severity"]) is int
+    assert {line["host"] for line in lines} == {socket.gethostname()}
+    (process,) = {line["pid"] for line in lines}
+    assert type(process) is int
+
+
+def test_text_lines_tell_the_zone_and_keep_a_text_on_one_line(bmci2c):
+    path = bmci2c.folder / "log.txt"
+    bmci2c.write_catalog(
+        '<bmci2cmsg version="1.0">\n<machine type="GENERIC_QUV">'
+        '<property name="message" index="0"><value>two\nlines</value></property>'
+        '</machine>\n<machine type="7000"></machine>\n</bmci2cmsg>\n'
+    )
+    environment = {"BMCI2C_LOG": f"file:{path}", "BMCI2C_LOG_LEVEL": "4", "TZ": "NPT-5:45"}
+    bmci2c.simulate(bmci2c.profile(node(data=[0])), "run", "--json", env=environment)
+    lines = path.read_text().splitlines()
+    assert all(TEXT_LINE.match(line) for line in lines)
+    assert any(r"two\nlines" in line for line in lines)
 
 
 def test_run_is_logged_in_order(bmci2c):
@@ -54,7 +77,7 @@ def test_run_is_logged_in_order(bmci2c):
 def test_short_answer_is_logged_as_an_error(bmci2c):
     lines = log_of(bmci2c, node(length=1))
     text = "BMCI2C Bus Test fails with reason : Incorrect IPMI response length."
-    assert {"severity": 2, "text": text} in lines
+    assert first_missing(lines, [(2, text)]) is None
 
 
 def test_level_2_holds_errors_only(bmci2c):

@@ -13,13 +13,11 @@ namespace NQUVZDX20 {
 spdlog::level::level_enum LevelOf(int severity);
 int SeverityOf(spdlog::level::level_enum level);
 
-// "2024-05-31 12:00:00.123 bmci2c[4711] 2: text" and a line break.
+// "2024-05-31 12:00:00.123 +01:00 bmci2c[4711] 2: text" and a line break. Control characters of the
+// text are escaped, so a text of several lines stays one line.
 std::unique_ptr<spdlog::formatter> MakeTextFormat();
 
-// {"severity":2,"text":"text"} and a line break. Bytes that are not UTF-8 become U+FFFD.
-std::unique_ptr<spdlog::formatter> MakeJsonFormat();
-
-// "<27>May 31 12:00:00 bmci2c[4711]: text", as syslog's socket takes it.
+// "<27>May 31 12:00:00 bmci2c[4711]: text", as syslog's socket takes it, with the text as it is.
 std::unique_ptr<spdlog::formatter> MakeSyslogFormat();
 
 }  // namespace NQUVZDX20

@@ -1,4 +1,5 @@
 #include <platform/diagnostics/FileSink.h>
+#include <platform/diagnostics/JsonFormat.h>
 #include <platform/diagnostics/LineFormat.h>
 #include <platform/diagnostics/LogSinks.h>
 #include <platform/diagnostics/SyslogSink.h>

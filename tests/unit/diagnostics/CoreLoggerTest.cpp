@@ -1,12 +1,15 @@
 #include <gmock/gmock.h>
 #include <platform/diagnostics/CoreLogger.h>
+#include <platform/diagnostics/LogNode.h>
 #include <spdlog/spdlog.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <iterator>
 #include <nlohmann/json.hpp>
 #include <thread>
 
+#include "JsonLines.h"
 #include "ReplacedSettings.h"
 #include "SyslogServer.h"
 #include "TemporaryFolder.h"
@@ -44,6 +47,7 @@ protected:
     }
 
     std::vector<std::string> Lines() const { return LinesOf(file); }
+    std::vector<std::string> JsonLines() const { return JsonLinesOf(file); }
 
     const TemporaryFolder folder;
     const std::string file = folder.File("file");
@@ -55,9 +59,24 @@ TEST_F(CoreLoggerTest, Json_IsOneObjectPerLineInOrder) {
     Log(3, "BMCI2C: first");
     Log(2, "BMCI2C: second");
     Log(0, "");
-    EXPECT_THAT(Lines(), ElementsAre(R"({"severity":3,"text":"BMCI2C: first"})",
-                                     R"({"severity":2,"text":"BMCI2C: second"})",
-                                     R"({"severity":0,"text":""})"));
+    EXPECT_THAT(JsonLines(), ElementsAre(R"({"severity":3,"text":"BMCI2C: first"})",
+                                         R"({"severity":2,"text":"BMCI2C: second"})",
+                                         R"({"severity":0,"text":""})"));
+}
+
+TEST_F(CoreLoggerTest, Json_TellsTheNodeThatItsThreadLogsAbout) {
+    UseSink("json:" + file);
+    Log(3, "before");
+    {
+        const NQUVZDX20::LogNode node(0);
+        Log(2, "within");
+        std::thread([this] { Log(2, "elsewhere"); }).join();
+    }
+    Log(3, "after");
+    EXPECT_THAT(JsonLines(), ElementsAre(R"({"severity":3,"text":"before"})",
+                                         R"({"severity":2,"node":0,"text":"within"})",
+                                         R"({"severity":2,"text":"elsewhere"})",
+                                         R"({"severity":3,"text":"after"})"));
 }
 
 TEST_F(CoreLoggerTest, Json_EscapesWhatJsonForbids) {
@@ -65,7 +84,7 @@ TEST_F(CoreLoggerTest, Json_EscapesWhatJsonForbids) {
     Log(2, "quote \" backslash \\ break \n tab \t bell \a");
     Log(2, std::string("zero \0 end", 10));
     EXPECT_THAT(
-        Lines(),
+        JsonLines(),
         ElementsAre(R"({"severity":2,"text":"quote \" backslash \\ break \n tab \t bell \u0007"})",
                     R"({"severity":2,"text":"zero \u0000 end"})"));
 }
@@ -73,36 +92,47 @@ TEST_F(CoreLoggerTest, Json_EscapesWhatJsonForbids) {
 TEST_F(CoreLoggerTest, Json_BytesThatAreNotUtf8_AreReplaced) {
     UseSink("json:" + file);
     Log(2, "good \xc3\xa4, bad \xff, cut \xc3");
-    EXPECT_THAT(Lines(), ElementsAre("{\"severity\":2,\"text\":\"good \xc3\xa4, bad \xef\xbf\xbd, "
-                                     "cut \xef\xbf\xbd\"}"));
+    EXPECT_THAT(JsonLines(),
+                ElementsAre("{\"severity\":2,\"text\":\"good \xc3\xa4, bad \xef\xbf\xbd, "
+                            "cut \xef\xbf\xbd\"}"));
 }
 
 TEST_F(CoreLoggerTest, Text_IsNeverTakenForAFormat) {
     UseSink("json:" + file);
     Log(2, "{} {0} %s %v {");
-    EXPECT_THAT(Lines(), ElementsAre(R"({"severity":2,"text":"{} {0} %s %v {"})"));
+    EXPECT_THAT(JsonLines(), ElementsAre(R"({"severity":2,"text":"{} {0} %s %v {"})"));
 }
 
 TEST_F(CoreLoggerTest, Json_IsAppendedToWhatIsThere) {
     folder.Write("file", "earlier\n");
     UseSink("json:" + file);
     Log(2, "text");
-    EXPECT_THAT(Lines(), ElementsAre("earlier", R"({"severity":2,"text":"text"})"));
+    EXPECT_THAT(JsonLines(), ElementsAre("earlier", R"({"severity":2,"text":"text"})"));
 }
 
 TEST_F(CoreLoggerTest, LongLine_IsWrittenWhole) {
     UseSink("json:" + file);
     const std::string text(300000, 'x');
     Log(2, text);
-    EXPECT_THAT(Lines(), ElementsAre(R"({"severity":2,"text":")" + text + R"("})"));
+    EXPECT_THAT(JsonLines(), ElementsAre(R"({"severity":2,"text":")" + text + R"("})"));
 }
 
-TEST_F(CoreLoggerTest, File_HasTimeProcessAndSeverityBeforeTheText) {
+TEST_F(CoreLoggerTest, File_HasTimeZoneProcessAndSeverityBeforeTheText) {
     UseSink("file:" + file);
     Log(2, "some text");
     EXPECT_THAT(Lines(), ElementsAre(testing::MatchesRegex(
                              "[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}\\.[0-9]{3} "
-                             "bmci2c\\[[0-9]+\\] 2: some text")));
+                             "[+-][0-9]{2}:[0-9]{2} bmci2c\\[" +
+                             std::to_string(::getpid()) + "\\] 2: some text")));
+}
+
+TEST_F(CoreLoggerTest, TextOfSeveralLines_IsOneLine) {
+    UseSink("file:" + file);
+    replacedSettings.logCapture.value = folder.File("capture");
+    Log(2, "one\ntwo \x1b[1m");
+    EXPECT_THAT(Lines(), ElementsAre(testing::EndsWith(R"(] 2: one\ntwo \x1b[1m)")));
+    EXPECT_THAT(JsonLinesOf(folder.File("capture")),
+                ElementsAre(R"({"severity":2,"text":"one\ntwo \u001b[1m"})"));
 }
 
 TEST_F(CoreLoggerTest, NewFile_IsNotForOtherUsers) {
@@ -115,8 +145,8 @@ TEST_F(CoreLoggerTest, NewFile_IsNotForOtherUsers) {
 TEST_F(CoreLoggerTest, StandardError_GetsTheLines) {
     UseSink("stderr");
     testing::internal::CaptureStderr();
-    Log(2, "some text");
-    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::EndsWith(" 2: some text\n"));
+    Log(2, "some\ntext");
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::EndsWith(" 2: some\\ntext\n"));
 }
 
 TEST_F(CoreLoggerTest, Syslog_GetsTheLines) {
@@ -147,7 +177,7 @@ TEST_F(CoreLoggerTest, None_WritesNothing) {
 TEST_F(CoreLoggerTest, NumberThatIsNoSeverity_IsTakenAsTheNearest) {
     UseSink("json:" + file);
     Log(7, "text");
-    EXPECT_THAT(Lines(), ElementsAre(R"({"severity":4,"text":"text"})"));
+    EXPECT_THAT(JsonLines(), ElementsAre(R"({"severity":4,"text":"text"})"));
 }
 
 class CoreLoggerLevel : public CoreLoggerTest, public testing::WithParamInterface<int> {};
@@ -160,7 +190,7 @@ TEST_P(CoreLoggerLevel, LinesOfThisSeverityAndGraver_AreWritten) {
         const std::string number = std::to_string(severity);
         expected.push_back("{\"severity\":" + number + ",\"text\":\"" + number + "\"}");
     }
-    EXPECT_EQ(Lines(), expected);
+    EXPECT_EQ(JsonLines(), expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(Levels, CoreLoggerLevel, testing::Range(0, 5));
@@ -220,7 +250,7 @@ TEST_F(CoreLoggerTest, FullDisk_LeavesTheOtherSinkAlone) {
     UseSink("file:/dev/full");
     replacedSettings.logCapture.value = file;
     Log(2, "text");
-    EXPECT_THAT(Lines(), ElementsAre(R"({"severity":2,"text":"text"})"));
+    EXPECT_THAT(JsonLines(), ElementsAre(R"({"severity":2,"text":"text"})"));
 }
 
 TEST_F(CoreLoggerTest, SettingsThatAreMended_AreFollowedFromTheNextLineOn) {
@@ -234,7 +264,7 @@ TEST_F(CoreLoggerTest, SettingsThatAreMended_AreFollowedFromTheNextLineOn) {
     EXPECT_EQ(server.NextText(), "while broken");
     EXPECT_EQ(server.NextText(), "still broken");
     EXPECT_EQ(server.NextText(), std::nullopt);
-    EXPECT_THAT(Lines(), ElementsAre(R"({"severity":3,"text":"mended"})"));
+    EXPECT_THAT(JsonLines(), ElementsAre(R"({"severity":3,"text":"mended"})"));
 }
 
 TEST_F(CoreLoggerTest, ReadableSettings_AreFollowedOnce) {

@@ -2,6 +2,7 @@
 #include <platform/diagnostics/TOSSpecific.h>
 #include <platform/diagnostics/TRootObject.h>
 
+#include "JsonLines.h"
 #include "SettingsEnvironment.h"
 #include "TemporaryFolder.h"
 
@@ -30,8 +31,8 @@ TEST(LogEnvironment, LogAndLevelAndCapture_AreFollowedAlsoWhileTheFileIsBroken) 
                                 R"(bios_id, bios_id_source, type and type_source."})";
     const std::string three = R"({"severity":3,"text":"three"})";
     const std::string four = R"({"severity":4,"text":"four"})";
-    EXPECT_THAT(LinesOf(folder.File("log")), testing::ElementsAre(problem, three));
-    EXPECT_THAT(LinesOf(folder.File("capture")), testing::ElementsAre(problem, three, four));
+    EXPECT_THAT(JsonLinesOf(folder.File("log")), testing::ElementsAre(problem, three));
+    EXPECT_THAT(JsonLinesOf(folder.File("capture")), testing::ElementsAre(problem, three, four));
 }
 
 }  // namespace

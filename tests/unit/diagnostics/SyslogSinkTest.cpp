@@ -44,6 +44,13 @@ TEST_F(SyslogSinkTest, Severities_BecomeSyslogsPriorities) {
     }
 }
 
+TEST_F(SyslogSinkTest, TextOfSeveralLines_IsOneDatagramAsItStands) {
+    const SyslogServer server(socket);
+    Log(2, "one\ntwo\t\x1b");
+    EXPECT_EQ(server.NextText(), "one\ntwo\t\x1b");
+    EXPECT_EQ(server.NextText(), std::nullopt);
+}
+
 TEST_F(SyslogSinkTest, NoSyslog_LosesTheLineOnly) {
     Log(0, "lost");
     const SyslogServer server(socket);

@@ -39,6 +39,15 @@ def test_every_line_tells_when_and_where_it_was_logged(bmci2c):
     assert type(process) is int
 
 
+def test_lines_of_exchanges_tell_their_node(bmci2c):
+    lines = log_of(bmci2c, node(data=[0]), node(answers=False))
+    exchanges = [line for line in lines if line["text"].startswith("SP: node ")]
+    assert {line["node"] for line in exchanges} == {0, 1}
+    assert all(line["text"].startswith(f"SP: node {line['node']} (") for line in exchanges)
+    (entered,) = [line for line in lines if line["text"] == "getMachineType() entered."]
+    assert "node" not in entered
+
+
 def test_text_lines_tell_the_zone_and_keep_a_text_on_one_line(bmci2c):
     path = bmci2c.folder / "log.txt"
     bmci2c.write_catalog(

@@ -1,4 +1,5 @@
 #include <fakes/FakeDiagnostics.h>
+#include <platform/diagnostics/LogNode.h>
 #include <platform/diagnostics/TOSSpecific.h>
 #include <platform/diagnostics/TRootObject.h>
 
@@ -14,6 +15,7 @@ public:
     void Log(NQUVZDX20::EZDXLogSeverity severity, const std::string& text) override {
         const std::lock_guard<std::mutex> recording(linesLock);
         lines.push_back({severity, text});
+        nodes.push_back(NQUVZDX20::LogNode::Current());
     }
 
     std::vector<LogLine> Lines() {
@@ -21,14 +23,21 @@ public:
         return lines;
     }
 
+    std::vector<std::optional<int>> Nodes() {
+        const std::lock_guard<std::mutex> reading(linesLock);
+        return nodes;
+    }
+
     void Clear() {
         const std::lock_guard<std::mutex> clearing(linesLock);
         lines.clear();
+        nodes.clear();
     }
 
 private:
-    std::mutex linesLock;  // guards lines: tests with several threads log here, too
+    std::mutex linesLock;  // guards the members below: tests with several threads log here, too
     std::vector<LogLine> lines;
+    std::vector<std::optional<int>> nodes;
 };
 
 RecordingLogger& Recorder() {
@@ -54,6 +63,8 @@ void FakeDiagnostics::Reset() {
 }
 
 std::vector<LogLine> FakeDiagnostics::Lines() { return Recorder().Lines(); }
+
+std::vector<std::optional<int>> FakeDiagnostics::Nodes() { return Recorder().Nodes(); }
 
 std::vector<std::string> FakeDiagnostics::Texts(NQUVZDX20::EZDXLogSeverity severity) {
     std::vector<std::string> texts;

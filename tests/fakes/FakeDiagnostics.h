@@ -32,6 +32,8 @@ public:
 
     // The lines so far, in order. May be called while other threads log.
     static std::vector<LogLine> Lines();
+    // The node of LogNode that each line is about, in the same order.
+    static std::vector<std::optional<int>> Nodes();
     // The texts of the lines of one severity, in order.
     static std::vector<std::string> Texts(NQUVZDX20::EZDXLogSeverity severity);
 

@@ -1,3 +1,4 @@
+#include <platform/diagnostics/LogNode.h>
 #include <platform/service_processor/ControllerNode.h>
 #include <platform/service_processor/IpmiBuffer.h>
 #include <platform/service_processor/LiveObjects.h>
@@ -58,6 +59,7 @@ std::optional<DeviceId> ControllerNode::Identify() {
 
 // True when the answer could be used.
 bool ControllerNode::Deliver(const MakeRequest& makeRequest, const UseAnswer& useAnswer) {
+    const NQUVZDX20::LogNode logged(facts.node);
     const Time start = Now();
     ExchangeFacts exchange{
         .node = facts.node, .way = transport->Describe(), .request = {}, .elapsed = {}};

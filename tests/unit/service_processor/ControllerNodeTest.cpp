@@ -1,5 +1,6 @@
 #include <fakes/FakeDiagnostics.h>
 #include <gmock/gmock.h>
+#include <platform/diagnostics/LogNode.h>
 #include <platform/service_processor/ControllerNode.h>
 #include <platform/service_processor/LiveObjects.h>
 
@@ -243,6 +244,16 @@ TEST_F(ControllerNodeTest, OtherException_IsLoggedAndNotDelivered) {
 TEST_F(ControllerNodeTest, LackOfMemory_ReachesTheCaller) {
     EXPECT_THROW(Send([](const auto&, auto) -> IpmiAnswer { throw std::bad_alloc(); }),
                  std::bad_alloc);
+}
+
+TEST_F(ControllerNodeTest, LinesOfExchanges_AreAboutTheirNode) {
+    const NQUVZDX20::LogNode caller(1);
+    Send([](const auto&, auto) { return IpmiAnswer{.completionCode = 0xC1}; });
+    Send([](const auto&, auto) -> IpmiAnswer { throw std::runtime_error("a lock is broken"); });
+    Node([](const auto&, auto) { return IpmiAnswer{}; })->Identify();
+
+    EXPECT_THAT(FakeDiagnostics::Nodes(), ElementsAre(3, 3, 3));
+    EXPECT_EQ(NQUVZDX20::LogNode::Current(), 1);
 }
 
 class BufferSizeTest : public ControllerNodeTest, public testing::WithParamInterface<int> {};

@@ -1,3 +1,4 @@
+#include <platform/diagnostics/LogNode.h>
 #include <platform/diagnostics/TOSSpecific.h>
 #include <platform/service_processor/TimeAllowance.h>
 #include <test/BMCI2C_Test_Impl.h>
@@ -166,6 +167,7 @@ void BMCI2C_Test_Impl::TestControllers(CurrentRun& run) {
 }
 
 BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::TestController(int node, CurrentRun& run) {
+    const NQUVZDX20::LogNode linesAreAbout(node);
     ControllerResult& controller = ControllerOf(run.result, node);
     run.Tell([&](RunObserver& observer) {
         observer.OnController(node, static_cast<int>(run.result.controllers.size()),

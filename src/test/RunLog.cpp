@@ -1,3 +1,4 @@
+#include <platform/diagnostics/LogNode.h>
 #include <test/CoreLog.h>
 #include <test/RunLog.h>
 
@@ -46,6 +47,7 @@ std::string Summary(const RunResult& result) {
 
 void WriteRunLog(const RunResult& result) {
     for (const ControllerResult& controller : result.controllers) {
+        const NQUVZDX20::LogNode linesAreAbout(controller.node);
         for (const FailedBus& failed : controller.failedBusses) {
             Write(NQUVZDX20::kLogError, "bus " + std::to_string(failed.bus) + " of " +
                                             NameOf(controller) + " has failed");

@@ -445,6 +445,25 @@ TEST_F(RunResultTest, Log_HasALineForEachFailedBusAndASummaryBehindTheTestsLines
     EXPECT_TRUE(lines[lines.size() - 3].text.starts_with("Run: "));
 }
 
+TEST_F(RunResultTest, Log_TellsTheNodeOfLinesAboutOne) {
+    FakeServiceProcessor::nodeCount = 2;
+    AnswerStatus(0, {0});
+    AnswerStatus(1, {1});
+    RunIt();
+    const std::vector<LogLine> lines = FakeDiagnostics::Lines();
+    const auto nodes = FakeDiagnostics::Nodes();
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        if (lines[i].text.starts_with("Run: bus")) {
+            EXPECT_EQ(nodes[i], 1);
+        } else if (lines[i].text.starts_with("Run: The") ||
+                   lines[i].text.starts_with("getMachineType()")) {
+            EXPECT_EQ(nodes[i], std::nullopt);
+        } else if (lines[i].text.starts_with("Sending command data")) {
+            EXPECT_TRUE(nodes[i].has_value());
+        }
+    }
+}
+
 TEST_F(RunResultTest, Log_OfAPassIsTrace) {
     AnswerStatus(0, {0});
     RunIt();

@@ -26,8 +26,8 @@ std::chrono::milliseconds Since(Clock::time_point begin) {
     return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - begin);
 }
 
-int CountControllers() {
-    const std::unique_ptr<SPLibrary> controller = ControllerOfNode(0);
+int CountControllers(const SPMachine& machine) {
+    const std::unique_ptr<SPLibrary> controller = ControllerOfNode(0, machine);
     return controller ? controller->GetNumberBMCNode() : 0;
 }
 
@@ -98,7 +98,7 @@ void BMCI2C_Test_Impl::RunSteps(CurrentRun& run) {
     }
     ParseXML();
     run.result.machine.supported = IsMachineSupported();
-    DescribeMachine(run.result);
+    DescribeMachine(run);
     if (run.result.machine.supported) {
         TestControllers(run);
     } else {
@@ -107,7 +107,8 @@ void BMCI2C_Test_Impl::RunSteps(CurrentRun& run) {
     ExplainNotAsked(run.result);
 }
 
-void BMCI2C_Test_Impl::DescribeMachine(RunResult& result) {
+void BMCI2C_Test_Impl::DescribeMachine(CurrentRun& run) {
+    RunResult& result = run.result;
     MachineResult& facts = result.machine;
     facts.type = machineType;
     facts.biosId = biosId;
@@ -120,7 +121,8 @@ void BMCI2C_Test_Impl::DescribeMachine(RunResult& result) {
     if (catalogTrouble) {
         result.troubles.push_back(*catalogTrouble);
     }
-    const SPMachine described = SPLibrary::DescribeMachine();
+    run.machine = SPLibrary::DescribeMachine();
+    const SPMachine& described = run.machine;
     facts.simulated = described.simulated;
     for (const SPMachine::Controller& controller : described.controllers) {
         AddController(result, controller.address);
@@ -148,7 +150,7 @@ void BMCI2C_Test_Impl::RecordUnsupportedMachine(CurrentRun& run) {
 
 void BMCI2C_Test_Impl::TestControllers(CurrentRun& run) {
     run.record->RecordData.clear();
-    const int count = CountControllers();
+    const int count = CountControllers(run.machine);
     WriteOutput(kLogTrace, "Total number of BMC(s) found = " + std::to_string(count));
     for (int node = 0; node < count; ++node) {
         if (run.IsStopped()) {
@@ -174,9 +176,9 @@ BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::TestController(int node, CurrentRun& ru
                               controller.address);
     });
     IpmiExchange exchange(platform::kI2cBusStatus, kAnnouncedLength);
-    const Clock::time_point begin = Clock::now();
-    const bool delivered = AskBusStatus(exchange, run, controller);
-    controller.elapsed = Since(begin);
+    const SPShare share{.begin = Clock::now(), .stop = run.options.stop};
+    const bool delivered = AskBusStatus(exchange, share, run, controller);
+    controller.elapsed = Since(share.begin);
     if (run.IsStopped() && (!delivered || IsBusy(exchange))) {
         run.result.verdict = Verdict::Interrupted;
         return Next::EndOfRun;
@@ -196,7 +198,7 @@ BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::TestController(int node, CurrentRun& ru
     WriteOutput(kLogTrace, "Received data from BMC:" + std::to_string(response.DataByte(0)) + " " +
                                std::to_string(response.DataByte(1)) + " " +
                                std::to_string(response.DataByte(2)));
-    const std::string whyUnknown = DetectGeneration(run, controller);
+    const std::string whyUnknown = DetectGeneration(share, run, controller);
     RecordBusses(ScanBusses(response, run, controller), run, controller);
     if (HasUnjudgedBus(controller)) {
         controller.trouble = run_trouble::GenerationUnknown(whyUnknown);
@@ -205,10 +207,11 @@ BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::TestController(int node, CurrentRun& ru
 }
 
 // A busy controller is asked once more; the second answer counts, whatever it is.
-bool BMCI2C_Test_Impl::AskBusStatus(IpmiExchange& exchange, CurrentRun& run,
-                                    ControllerResult& controller) {
+bool BMCI2C_Test_Impl::AskBusStatus(IpmiExchange& exchange, const SPShare& share,
+                                    const CurrentRun& run, ControllerResult& controller) {
     WriteCoreLog(kLogTrace, exchange.DumpRequest());
-    const bool delivered = Send(ControllerOfNode(controller.node), exchange, run, controller);
+    const bool delivered =
+        Send(ControllerOfNode(controller.node, run.machine), exchange, share, controller);
     if (!delivered || !IsBusy(exchange)) {
         return delivered;
     }
@@ -217,18 +220,18 @@ bool BMCI2C_Test_Impl::AskBusStatus(IpmiExchange& exchange, CurrentRun& run,
     if (run.IsStopped()) {
         return delivered;
     }
-    std::unique_ptr<SPLibrary> library = ControllerOfNode(controller.node);
+    std::unique_ptr<SPLibrary> library = ControllerOfNode(controller.node, run.machine);
     if (library == nullptr) {
         return delivered;
     }
     exchange = IpmiExchange(platform::kI2cBusStatus, kAnnouncedLength);
-    return Send(std::move(library), exchange, run, controller);
+    return Send(std::move(library), exchange, share, controller);
 }
 
 bool BMCI2C_Test_Impl::Send(std::unique_ptr<SPLibrary> library, IpmiExchange& exchange,
-                            const CurrentRun& run, ControllerResult& controller) {
+                            const SPShare& share, ControllerResult& controller) {
     if (library != nullptr) {
-        library->StopOn(run.options.stop);
+        library->Use(share);
     }
     const bool delivered = exchange.SendTo(std::move(library));
     controller.attempts += exchange.Facts().attempts;
@@ -293,13 +296,13 @@ BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::EndRecord(CurrentRun& run, int node) {
 }
 
 // Why the generation of an OXC controller is not known; empty when it is.
-std::string BMCI2C_Test_Impl::DetectGeneration(const CurrentRun& run,
+std::string BMCI2C_Test_Impl::DetectGeneration(const SPShare& share, const CurrentRun& run,
                                                ControllerResult& controller) {
     if (!isOxcMachine) {
         return "";
     }
     std::string reason;
-    controller.generation = AskGeneration(run.options.stop, reason);
+    controller.generation = AskGeneration(share, run.machine, reason);
     const bool isV2 = controller.generation == Generation::Second;
     WriteOutput(kLogTrace, isV2 ? "OXC V2 detected" : "OXC V1 detected");
     return reason;

@@ -99,6 +99,7 @@ private:
         RunRecord record;
         const RunOptions& options;
         RunResult result = {};
+        SPMachine machine = {};  // stays the same for the whole run
         bool busFailed = false;  // on any controller so far
 
         bool IsStopped() const { return options.stop != nullptr && *options.stop; }
@@ -110,18 +111,21 @@ private:
     enum class Next { Controller, EndOfRun };
 
     void RunSteps(CurrentRun& run);
-    void DescribeMachine(RunResult& result);
+    void DescribeMachine(CurrentRun& run);
     void RecordUnsupportedMachine(CurrentRun& run);
     void TestControllers(CurrentRun& run);
     Next TestController(int node, CurrentRun& run);
-    bool AskBusStatus(IpmiExchange& exchange, CurrentRun& run, ControllerResult& controller);
+    bool AskBusStatus(IpmiExchange& exchange, const SPShare& share, const CurrentRun& run,
+                      ControllerResult& controller);
     static bool Send(std::unique_ptr<SPLibrary> library, IpmiExchange& exchange,
-                     const CurrentRun& run, ControllerResult& controller);
+                     const SPShare& share, ControllerResult& controller);
     void RecordSilence(const IpmiExchange& exchange, CurrentRun& run, ControllerResult& controller);
     bool JudgeResponse(const IpmiExchange& exchange, CurrentRun& run, ControllerResult& controller);
     static Next EndRecord(CurrentRun& run, int node);
-    std::string DetectGeneration(const CurrentRun& run, ControllerResult& controller);
-    Generation AskGeneration(const std::atomic<bool>* stop, std::string& reason);
+    std::string DetectGeneration(const SPShare& share, const CurrentRun& run,
+                                 ControllerResult& controller);
+    static Generation AskGeneration(const SPShare& share, const SPMachine& machine,
+                                    std::string& reason);
     void RecordBusses(std::string failures, CurrentRun& run, ControllerResult& controller);
 
     // The messages of the failed busses, one below the other; empty when none failed.

@@ -16,16 +16,18 @@ constexpr std::uint8_t kSecondGeneration = 0x01;
 
 bool BMCI2C_Test_Impl::IsOxcV2() {
     std::string reason;
-    return AskGeneration(nullptr, reason) == Generation::Second;
+    return AskGeneration({.begin = std::chrono::steady_clock::now()}, SPLibrary::DescribeMachine(),
+                         reason) == Generation::Second;
 }
 
 // Unknown, with the reason, when the answer is of no use.
-Generation BMCI2C_Test_Impl::AskGeneration(const std::atomic<bool>* stop, std::string& reason) {
-    std::unique_ptr<SPLibrary> controller = ControllerOfNode(0);
+Generation BMCI2C_Test_Impl::AskGeneration(const SPShare& share, const SPMachine& machine,
+                                           std::string& reason) {
+    std::unique_ptr<SPLibrary> controller = ControllerOfNode(0, machine);
     IpmiExchange exchange(platform::kControllerGeneration, kAnnouncedLength);
     WriteCoreLog(kLogTrace, exchange.DumpRequest());
     if (controller != nullptr) {
-        controller->StopOn(stop);
+        controller->Use(share);
     }
     if (!exchange.SendTo(std::move(controller))) {
         const auto& trouble = exchange.Facts().trouble;

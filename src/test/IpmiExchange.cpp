@@ -41,6 +41,6 @@ std::string Dump(const platform::IpmiResponse& response) {
            Hexadecimal(response.Bytes());
 }
 
-std::unique_ptr<SPLibrary> ControllerOfNode(int node) {
-    return std::unique_ptr<SPLibrary>(SPLibrary::GetSplibraryInstance(node));
+std::unique_ptr<SPLibrary> ControllerOfNode(int node, const SPMachine& machine) {
+    return std::unique_ptr<SPLibrary>(SPLibrary::GetSplibraryInstance(node, machine));
 }

@@ -1,7 +1,8 @@
 // One question to a controller and its answer.
 //
 //     IpmiExchange exchange(platform::kI2cBusStatus, 250);
-//     if (exchange.SendTo(ControllerOfNode(0)) && exchange.Response().CompletionCode() == 0) {
+//     if (exchange.SendTo(ControllerOfNode(0, machine)) && exchange.Response().CompletionCode() ==
+//     0) {
 //         for (std::uint8_t busses : exchange.Response().Data()) Judge(busses);
 //     }
 #pragma once
@@ -40,4 +41,4 @@ private:
 std::string Dump(const platform::IpmiResponse& response);
 
 // A new library object for a controller node; null when there is none.
-std::unique_ptr<SPLibrary> ControllerOfNode(int node);
+std::unique_ptr<SPLibrary> ControllerOfNode(int node, const SPMachine& machine);

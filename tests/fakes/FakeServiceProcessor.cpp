@@ -86,7 +86,7 @@ public:
 
     const SPExchange& LastExchange() const override { return exchange; }
 
-    void StopOn(const std::atomic<bool>*) override {}
+    void Use(const SPShare& share) override { FakeServiceProcessor::shares.push_back(share); }
 
 private:
     int node;
@@ -100,6 +100,7 @@ void FakeServiceProcessor::Reset() {
     isOxc = false;
     isSimulated = false;
     familyTrouble.reset();
+    shares.clear();
     absent.clear();
     onObjectAskedFor = nullptr;
     onRequest = nullptr;
@@ -141,6 +142,10 @@ SPLibrary* SPLibrary::GetSplibraryInstance(int node) {
     auto* const controller = new ScriptedController(node);
     alive.insert(controller);
     return controller;
+}
+
+SPLibrary* SPLibrary::GetSplibraryInstance(int node, const SPMachine&) {
+    return GetSplibraryInstance(node);
 }
 
 SPMachine SPLibrary::DescribeMachine() {

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <platform/diagnostics/Trouble.h>
+#include <platform/service_processor/SPLibrary.h>
 
 #include <array>
 #include <cstddef>
@@ -52,6 +53,7 @@ public:
     static inline bool isOxc = false;
     static inline bool isSimulated = false;
     static inline std::optional<platform::Trouble> familyTrouble;
+    static inline std::vector<SPShare> shares;                // handed to the objects, in order
     static inline std::set<int> absent;                       // nodes without a library object
     static inline std::function<void(int)> onObjectAskedFor;  // called with the node, first of all
     static inline std::function<void()> onRequest;            // called before the answer is given

@@ -2,7 +2,6 @@
 #include <platform/service_processor/ControllerNode.h>
 #include <platform/service_processor/IpmiBuffer.h>
 #include <platform/service_processor/LiveObjects.h>
-#include <platform/service_processor/TimeShare.h>
 
 #include <algorithm>
 #include <exception>
@@ -20,12 +19,6 @@ TransportError NoTimeLeft() {
     return {TroubleCode::NoAnswer,
             "The command was not sent: the commands before it have used up the controller's time.",
             "Find out why it is slow, or raise its time_limit.", kNothingSent};
-}
-
-TransportError BusyTooLate(const IpmiAnswer& answer) {
-    return {TroubleCode::Busy,
-            "The controller is busy, and said so too late to be asked once more.",
-            "Try again, or raise its time_limit.", answer.attempts};
 }
 
 }  // namespace
@@ -95,18 +88,11 @@ void ControllerNode::Report(const ExchangeFacts& exchange, const TransportError&
 }
 
 IpmiAnswer ControllerNode::Exchange(const IpmiRequest& request) {
-    TimeShare& share = ShareOfThisThread();
-    TimeAllowance allowance = share.Begin(facts.node, request, facts.timeLimit, Now());
-    allowance.stop = stop;
-    if (allowance.total.count() <= 0) throw NoTimeLeft();
-    try {
-        IpmiAnswer answer = transport->Send(request, allowance);
-        if (!share.End(answer.completionCode == kControllerBusy, Now())) throw BusyTooLate(answer);
-        return answer;
-    } catch (...) {
-        share.End(false, Now());
-        throw;
-    }
+    TimeAllowance allowance = ShareFrom(share ? share->begin : Now(), facts.timeLimit);
+    if (share) allowance.stop = share->stop;
+    if (allowance.IsStopped()) throw Interrupted(kNothingSent);
+    if (Now() >= allowance.end) throw NoTimeLeft();
+    return transport->Send(request, allowance);
 }
 
 }  // namespace platform

@@ -34,13 +34,13 @@ public:
     bool IsOxcControllerMachine() override;
     std::optional<Trouble> FamilyTrouble() const override { return familyTrouble; }
 
-    // Every trouble becomes a log line; only std::bad_alloc leaves. The command ends within what is
-    // left of the controller's share of the run (TimeShare.h).
+    // Every trouble becomes a log line; only std::bad_alloc leaves. The command begins only
+    // within the controller's share.
     bool sendIPMICommand(unsigned char* buffer, int* length, int bufferSize,
                          bool waitForCompletion) override;
 
     const SPExchange& LastExchange() const override { return lastExchange; }
-    void StopOn(const std::atomic<bool>* stopFlag) override { stop = stopFlag; }
+    void Use(const SPShare& shareOfRun) override { share = shareOfRun; }
 
     // Who the controller is; nothing, and a log line, when it does not say so.
     std::optional<DeviceId> Identify();
@@ -57,7 +57,7 @@ private:
     std::unique_ptr<Transport> transport;
     std::optional<Trouble> familyTrouble;
     SPExchange lastExchange;
-    const std::atomic<bool>* stop = nullptr;
+    std::optional<SPShare> share;
 };
 
 }  // namespace platform

@@ -15,7 +15,7 @@ DeviceId AskDeviceId(const ControllerSettings& controller, int node,
                              "The profile says that this controller is not present.", "");
     }
     return ReadDeviceId(
-        MakeTransport(controller, node)->Send(kDeviceIdRequest, WholeAllowance(limit)));
+        MakeTransport(controller, node)->Send(kDeviceIdRequest, ShareFrom(Now(), limit)));
 }
 
 }  // namespace

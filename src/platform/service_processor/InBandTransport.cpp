@@ -55,13 +55,13 @@ TransportError Silence(const std::string& device, std::chrono::milliseconds time
 
 }  // namespace
 
-InBandTransport::InBandTransport(std::string devicePath) : device(std::move(devicePath)) {}
+InBandTransport::InBandTransport(std::string devicePath, DevicePresence devicePresence)
+    : device(std::move(devicePath)), presence(devicePresence) {}
 
 IpmiAnswer InBandTransport::Send(const IpmiRequest& request, TimeAllowance allowance) {
-    const std::chrono::milliseconds time = std::min(allowance.silence, allowance.total);
-    const Time end = Now() + time;
+    const Time end = Now() + allowance.limit;
     const long messageId = NextMessageId();
-    IpmiDevice driver(device);
+    IpmiDevice driver(device, presence);
     driver.Send(request, messageId);
 
     std::optional<std::string> other;
@@ -71,7 +71,7 @@ IpmiAnswer InBandTransport::Send(const IpmiRequest& request, TimeAllowance allow
         other = Named(*message, request);
     }
     if (allowance.IsStopped()) throw Interrupted();
-    throw Silence(device, time, other);
+    throw Silence(device, allowance.limit, other);
 }
 
 }  // namespace platform

@@ -1,6 +1,7 @@
 // A controller behind a device of the kernel's IPMI driver.
 #pragma once
 
+#include <platform/service_processor/IpmiDevice.h>
 #include <platform/service_processor/Transport.h>
 
 namespace platform {
@@ -8,7 +9,8 @@ namespace platform {
 class InBandTransport final : public Transport {
 public:
     // `devicePath` is for instance "/dev/ipmi0".
-    explicit InBandTransport(std::string devicePath);
+    explicit InBandTransport(std::string devicePath,
+                             DevicePresence devicePresence = DevicePresence::Named);
 
     // Opens the device, sends, waits for the answer as long as a silent controller is waited for,
     // and closes. An answer to something else is passed over, and named when nothing better comes.
@@ -19,6 +21,7 @@ public:
 
 private:
     std::string device;
+    DevicePresence presence;
 };
 
 }  // namespace platform

@@ -17,7 +17,15 @@ namespace {
 
 std::string Reason(int error) { return std::generic_category().message(error); }
 
-TransportError OpenTrouble(const std::string& path, int error) {
+TransportError Gone(const std::string& path, int error) {
+    return {TroubleCode::Gone, "The device " + path + " has gone: " + Reason(error) + ".",
+            "Is its kernel module (such as ipmi_si) loaded?"};
+}
+
+bool IsMissing(int error) { return error == ENOENT || error == ENXIO || error == ENODEV; }
+
+TransportError OpenTrouble(const std::string& path, DevicePresence presence, int error) {
+    if (presence == DevicePresence::Found && IsMissing(error)) return Gone(path, error);
     const std::string refused = "The device " + path + " cannot be opened: " + Reason(error) + ".";
     switch (error) {
         case EACCES:
@@ -36,8 +44,7 @@ TransportError UseTrouble(const std::string& path, int error) {
     switch (error) {
         case ENODEV:
         case ENXIO:
-            return {TroubleCode::Gone, "The device " + path + " has gone: " + Reason(error) + ".",
-                    "Is its kernel module (such as ipmi_si) loaded?"};
+            return Gone(path, error);
         case EBUSY:
             return {TroubleCode::DeviceBusy,
                     "The kernel's driver behind " + path + " is busy: " + Reason(error) + ".",
@@ -72,11 +79,11 @@ int PollTime(Time end) {
 
 }  // namespace
 
-IpmiDevice::IpmiDevice(const std::string& devicePath)
+IpmiDevice::IpmiDevice(const std::string& devicePath, DevicePresence presence)
     : path(devicePath), descriptor(Repeated([&] {
           return device_calls::Open(devicePath.c_str(), O_RDWR | O_CLOEXEC | O_NONBLOCK);
       })) {
-    if (descriptor < 0) throw OpenTrouble(path, errno);
+    if (descriptor < 0) throw OpenTrouble(path, presence, errno);
 }
 
 IpmiDevice::~IpmiDevice() { device_calls::Close(descriptor); }

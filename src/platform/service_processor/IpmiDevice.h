@@ -13,10 +13,17 @@
 
 namespace platform {
 
+// Where a device's path comes from: it tells one that has gone from one that never was.
+enum class DevicePresence {
+    Named,  // by the settings
+    Found,  // among the devices of the kernel
+};
+
 class IpmiDevice {
 public:
     // Throws TransportError when the device cannot be opened.
-    explicit IpmiDevice(const std::string& devicePath);
+    explicit IpmiDevice(const std::string& devicePath,
+                        DevicePresence presence = DevicePresence::Named);
     IpmiDevice(const IpmiDevice&) = delete;
     IpmiDevice& operator=(const IpmiDevice&) = delete;
     ~IpmiDevice();

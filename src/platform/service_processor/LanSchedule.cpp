@@ -1,5 +1,7 @@
 #include <platform/service_processor/LanSchedule.h>
 
+#include <algorithm>
+
 namespace platform {
 
 namespace {
@@ -7,6 +9,9 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr int kExchanges = 7;
+
+// What a request may take beyond the time limit.
+constexpr milliseconds kBeyondLimit{4750};
 
 // Of a patient session: the command, and the closing.
 constexpr int kPatientExchanges = 2;
@@ -21,8 +26,8 @@ constexpr milliseconds kShortestSilence{50};
 
 LanSchedule::LanSchedule(TimeAllowance allowance, Time startTime)
     : start(startTime),
-      total(std::min(allowance.total, kLanTotal)),
-      silence(std::min({allowance.silence, kLanLongestSilence, total})) {}
+      total(std::min(allowance.limit + kBeyondLimit, kLanTotal)),
+      silence(std::min({allowance.limit, kLanLongestSilence, total})) {}
 
 milliseconds LanSchedule::Left(Time now) const {
     return total - std::chrono::ceil<milliseconds>(now - start);

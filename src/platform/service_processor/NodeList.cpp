@@ -72,6 +72,7 @@ std::vector<ControllerSettings> NodeList(const Settings& settings,
         ControllerSettings& node = nodes.emplace_back();
         node.transport = TransportKind::InBand;
         node.device = path;
+        node.isFound = true;
     }
     return nodes;
 }

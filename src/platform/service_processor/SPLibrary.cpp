@@ -3,9 +3,14 @@
 #include <platform/service_processor/SPLibrary.h>
 
 SPLibrary* SPLibrary::GetSplibraryInstance(int node) {
-    return platform::MakeNode(*platform::SettingsInForce(), node).release();
+    return platform::MakeNode(platform::FindNodes(platform::SettingsInForce()), node).release();
+}
+
+SPLibrary* SPLibrary::GetSplibraryInstance(int node, const SPMachine& machine) {
+    return platform::MakeNode(*machine.nodes, node).release();
 }
 
 SPMachine SPLibrary::DescribeMachine() {
-    return platform::DescribeMachine(*platform::SettingsInForce());
+    return platform::DescribeMachine(std::make_shared<const platform::NodeSet>(
+        platform::FindNodes(platform::SettingsInForce())));
 }

@@ -12,6 +12,8 @@
 #include <platform/diagnostics/Trouble.h>
 
 #include <atomic>
+#include <chrono>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,7 +24,18 @@ struct SPExchange {
     std::optional<platform::Trouble> trouble;  // why no answer came
 };
 
-// The controllers of this machine.
+// What a run spends on one controller: made when the run turns to it, and handed to every command
+// for its sake.
+struct SPShare {
+    std::chrono::steady_clock::time_point begin;
+    const std::atomic<bool>* stop = nullptr;  // commands end early once it is true
+};
+
+namespace platform {
+struct NodeSet;
+}
+
+// The controllers of this machine at one moment.
 struct SPMachine {
     struct Controller {
         std::string address;  // "inband /dev/ipmi0", "lan HOST:PORT", "simulated"
@@ -31,6 +44,7 @@ struct SPMachine {
     std::vector<Controller> controllers;       // in node order
     std::optional<platform::Trouble> trouble;  // why there are none
     bool simulated = false;                    // a profile or settings stand for real hardware
+    std::shared_ptr<const platform::NodeSet> nodes;  // how the controllers are reached
 };
 
 class SPLibrary {
@@ -38,8 +52,12 @@ public:
     // A new object for controller `node` (from 0), or null when there is no such controller.
     static SPLibrary* GetSplibraryInstance(int node);
 
-    // The controllers, as GetSplibraryInstance() numbers them. Asks none of them.
+    // The controllers as they are now, in the numbers of GetSplibraryInstance(). Asks none of them.
     static SPMachine DescribeMachine();
+
+    // The object for a controller of that description, which stays the same one when devices come
+    // and go.
+    static SPLibrary* GetSplibraryInstance(int node, const SPMachine& machine);
 
     virtual ~SPLibrary() = default;
 
@@ -62,6 +80,6 @@ public:
     // Of the last sendIPMICommand().
     virtual const SPExchange& LastExchange() const = 0;
 
-    // Later commands end without an answer soon after `stop` has become true; null: never.
-    virtual void StopOn(const std::atomic<bool>* stop) = 0;
+    // Later commands belong to this share; without one, each command has its own.
+    virtual void Use(const SPShare& share) = 0;
 };

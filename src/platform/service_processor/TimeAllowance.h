@@ -1,30 +1,32 @@
 // How long a command may take.
 #pragma once
 
-#include <algorithm>
+#include <platform/service_processor/Clock.h>
+
 #include <atomic>
 #include <chrono>
 
 namespace platform {
 
+// The diagnostic test's pause before it asks a busy controller once more.
+constexpr std::chrono::milliseconds kBusyPause{5000};
+
+// What a run spends on one controller, in time limits: after that, and the pause, nothing more is
+// begun. A controller that answers every step late reaches it; a silent one is given up long
+// before.
+constexpr int kShareInLimits = 5;
+
 struct TimeAllowance {
-    std::chrono::milliseconds silence;  // a silent controller is waited for so long
-    std::chrono::milliseconds total;  // the command ends within this, whatever the controller does
+    std::chrono::milliseconds limit;          // how long one request may go unanswered
+    Time end;                                 // nothing is begun later
     const std::atomic<bool>* stop = nullptr;  // once true, the command ends early
 
     bool IsStopped() const { return stop != nullptr && *stop; }
 };
 
-// What a controller may take of a run beyond its time limit: the diagnostic test's pause before it
-// asks a busy controller once more.
-constexpr std::chrono::milliseconds kBusyPause{5000};
-
-// What a run does between its commands.
-constexpr std::chrono::milliseconds kReserve{250};
-
-// Of a command that has a controller's whole share of a run.
-constexpr TimeAllowance WholeAllowance(std::chrono::milliseconds limit) {
-    return {.silence = limit, .total = limit + kBusyPause - kReserve};
+// Of a command in a share that began at `begin`.
+constexpr TimeAllowance ShareFrom(Time begin, std::chrono::milliseconds limit) {
+    return {.limit = limit, .end = begin + kShareInLimits * limit + kBusyPause};
 }
 
 }  // namespace platform

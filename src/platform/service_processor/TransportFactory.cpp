@@ -15,7 +15,8 @@ std::unique_ptr<Transport> MakeTransport(const ControllerSettings& controller, i
         case TransportKind::InBand:
             break;
     }
-    return std::make_unique<InBandTransport>(controller.device);
+    return std::make_unique<InBandTransport>(
+        controller.device, controller.isFound ? DevicePresence::Found : DevicePresence::Named);
 }
 
 }  // namespace platform

@@ -53,6 +53,7 @@ struct ControllerSettings {
     TransportKind transport = TransportKind::InBand;
     std::optional<int> timeLimit;          // in-band, LAN: seconds; unset: Settings::timeLimit
     std::string device;                    // in-band: "/dev/ipmi0"
+    bool isFound = false;                  // in-band: among the kernel's devices, not by settings
     std::string host;                      // LAN: name or address
     std::uint16_t port = 623;              // LAN: UDP port (RMCP)
     std::string user;                      // LAN

@@ -28,7 +28,7 @@ TEST(LanEndurance, ManySessions_LeaveNoSessionDescriptorOrMemory) {
         platform::LanTransport transport(controller);
         const platform::IpmiAnswer answer =
             transport.Send({.netFn = 0x3A, .lun = 0, .command = 0x09},
-                           platform::WholeAllowance(std::chrono::milliseconds(4000)));
+                           platform::ShareFrom(platform::Now(), std::chrono::milliseconds(4000)));
         ASSERT_THAT(answer.data, testing::ElementsAre(0x01));
     }
     const ProcessSize after = ProcessSize::Now();

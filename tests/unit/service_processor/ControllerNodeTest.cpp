@@ -68,6 +68,7 @@ TEST_F(ControllerNodeTest, Facts_AreTheAnswersThatNeedNoController) {
 TEST_F(ControllerNodeTest, Request_ReachesTheTransportWithTheTimeAllowed) {
     IpmiRequest sent;
     TimeAllowance given{};
+    const Time before = Now();
     Send([&](const IpmiRequest& request, TimeAllowance allowance) {
         sent = request;
         given = allowance;
@@ -76,8 +77,10 @@ TEST_F(ControllerNodeTest, Request_ReachesTheTransportWithTheTimeAllowed) {
 
     EXPECT_EQ(sent.netFn, 0x3A);
     EXPECT_EQ(sent.command, 0x09);
-    EXPECT_EQ(given.silence, std::chrono::seconds(4));
-    EXPECT_EQ(given.total, std::chrono::milliseconds(8750));
+    EXPECT_EQ(given.limit, std::chrono::seconds(4));
+    EXPECT_GE(given.end, before + std::chrono::seconds(25));
+    EXPECT_LE(given.end, Now() + std::chrono::seconds(25));
+    EXPECT_EQ(given.stop, nullptr);
 }
 
 TEST_F(ControllerNodeTest, Answer_IsWrittenAndLoggedAtSeverityFour) {
@@ -219,15 +222,23 @@ TEST_F(ControllerNodeTest, FamilyTrouble_IsThatOfTheLastQuestion) {
 }
 
 TEST_F(ControllerNodeTest, StopFlag_ReachesTheTransport) {
-    const std::atomic<bool> stop = true;
+    std::atomic<bool> stop = false;
     bool isStopped = false;
+    int calls = 0;
     const auto node = Node([&](const auto&, TimeAllowance allowance) {
+        ++calls;
+        stop = true;
         isStopped = allowance.IsStopped();
         return IpmiAnswer{};
     });
-    node->StopOn(&stop);
-    node->sendIPMICommand(buffer.data(), &length, 256, true);
+    node->Use({.begin = Now(), .stop = &stop});
+    EXPECT_TRUE(node->sendIPMICommand(buffer.data(), &length, 256, true));
     EXPECT_TRUE(isStopped);
+
+    EXPECT_FALSE(node->sendIPMICommand(buffer.data(), &length, 256, true));
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(node->LastExchange().trouble->code, "interrupted");
+    EXPECT_EQ(node->LastExchange().attempts, 0);
 }
 
 TEST_F(ControllerNodeTest, OtherException_IsLoggedAndNotDelivered) {

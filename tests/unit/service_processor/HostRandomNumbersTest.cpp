@@ -61,7 +61,7 @@ TEST(HostRandomNumbers, RequestOverTheNetwork_LeavesTheSequence) {
     EXPECT_EQ(Numbers([&] {
                   EXPECT_THROW(LanTransport(controller)
                                    .Send({.netFn = 0x3A, .lun = 0, .command = 0x09},
-                                         WholeAllowance(std::chrono::milliseconds(60))),
+                                         ShareFrom(Now(), std::chrono::milliseconds(60))),
                                TransportError);
               }),
               UndisturbedNumbers());

@@ -18,7 +18,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr TimeAllowance kAllowance{.silence = milliseconds(4000), .total = milliseconds(9000)};
+constexpr TimeAllowance kAllowance = ShareFrom(Time(), milliseconds(4000));
 
 class InBandExchange : public testing::Test {
 protected:
@@ -91,15 +91,28 @@ TEST_F(InBandExchange, Silence_EndsAtTheTimeLimit) {
     EXPECT_EQ(Passed(), milliseconds(4000));
 }
 
-TEST_F(InBandExchange, TotalBelowTheSilence_EndsItEarlier) {
-    EXPECT_EQ(TroubleOf([] {
+TEST_F(InBandExchange, StopFlag_EndsTheWaiting) {
+    const std::atomic<bool> stop = true;
+    TimeAllowance allowance = kAllowance;
+    allowance.stop = &stop;
+    EXPECT_EQ(TroubleOf([&] {
                   InBandTransport("/dev/ipmi0")
-                      .Send({.netFn = 0x3A, .lun = 0, .command = 0x09},
-                            {.silence = milliseconds(4000), .total = milliseconds(1500)});
-              })->text,
-              "The controller behind /dev/ipmi0 did not answer within 1.5 s. If it is slow, raise "
-              "its time_limit.");
-    EXPECT_EQ(Passed(), milliseconds(1500));
+                      .Send({.netFn = 0x3A, .lun = 0, .command = 0x09}, allowance);
+              })->kind,
+              TroubleCode::Interrupted);
+    EXPECT_EQ(Passed(), milliseconds(0));
+}
+
+TEST_F(InBandExchange, WaitingWithAStopFlag_LastsUntilTheAnswerOrTheLimit) {
+    const std::atomic<bool> stop = false;
+    TimeAllowance allowance = kAllowance;
+    allowance.stop = &stop;
+    const auto send = [&] {
+        return InBandTransport("/dev/ipmi0")
+            .Send({.netFn = 0x3A, .lun = 0, .command = 0x09}, allowance);
+    };
+    EXPECT_EQ(TroubleOf(send)->kind, TroubleCode::NoAnswer);
+    EXPECT_EQ(Passed(), milliseconds(4000));
 }
 
 TEST_F(InBandExchange, AnswerBehindTheLimit_IsNotWaitedFor) {

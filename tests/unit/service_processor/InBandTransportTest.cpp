@@ -12,7 +12,7 @@ namespace {
 std::optional<ThrownTrouble> TroubleWith(const std::string& device) {
     return TroubleOf([&] {
         InBandTransport(device).Send({.netFn = 0x3A, .lun = 0, .command = 0x09},
-                                     WholeAllowance(std::chrono::milliseconds(1000)));
+                                     ShareFrom(Now(), std::chrono::milliseconds(1000)));
     });
 }
 

@@ -14,7 +14,10 @@ using std::chrono::milliseconds;
 
 constexpr Time kStart{};
 constexpr milliseconds kNotSilent{0};
-constexpr TimeAllowance kDefault = WholeAllowance(milliseconds(4000));
+constexpr TimeAllowance AllowanceOf(milliseconds limit) { return ShareFrom(Time(), limit); }
+
+constexpr TimeAllowance kDefault = AllowanceOf(milliseconds(4000));
+constexpr milliseconds kDefaultTotal{8750};
 
 LanSchedule Schedule(TimeAllowance allowance = kDefault) { return {allowance, kStart}; }
 
@@ -57,7 +60,7 @@ TEST(LanSchedule, SessionAfterALongOpening_IsOfTheWholeShare) {
 
 TEST(LanSchedule, SilentController_IsAskedUntilTheTimeLimit) {
     for (const int limit : {1, 2, 4, 5}) {
-        const milliseconds end = EndOfSilence(Schedule(WholeAllowance(milliseconds(limit * 1000))));
+        const milliseconds end = EndOfSilence(Schedule(AllowanceOf(milliseconds(limit * 1000))));
         EXPECT_LE(end, milliseconds(limit * 1000));
         EXPECT_GE(end, milliseconds(limit * 1000 - 50));
     }
@@ -65,7 +68,7 @@ TEST(LanSchedule, SilentController_IsAskedUntilTheTimeLimit) {
 
 TEST(LanSchedule, SilentController_IsNeverAskedForMoreThanTenSeconds) {
     for (const int limit : {6, 10, 60, 3600}) {
-        const LanSchedule schedule = Schedule(WholeAllowance(milliseconds(limit * 1000)));
+        const LanSchedule schedule = Schedule(AllowanceOf(milliseconds(limit * 1000)));
         EXPECT_EQ(schedule.Silence(), milliseconds(6000));
         EXPECT_LE(EndOfSilence(schedule), milliseconds(6000));
     }
@@ -74,13 +77,13 @@ TEST(LanSchedule, SilentController_IsNeverAskedForMoreThanTenSeconds) {
 // The worst that a controller can do in sessions of the first kind.
 TEST(LanSchedule, EveryExchangeAsLateAsItMayBe_KeepsTheTotal) {
     for (const int limit : {1, 4, 60}) {
-        const TimeAllowance allowance = WholeAllowance(milliseconds(limit * 1000));
+        const TimeAllowance allowance = AllowanceOf(milliseconds(limit * 1000));
         const LanSchedule schedule = Schedule(allowance);
         Time now = kStart;
         // Five exchanges, then no privilege level; five more, the command, the closing.
         now += 5 * schedule.Next(0, kNotSilent, now)->silence;
         now += 7 * schedule.Next(0, kNotSilent, now)->silence;
-        EXPECT_LE(now - kStart, std::min(allowance.total, kLanTotal));
+        EXPECT_LE(now - kStart, std::min(allowance.limit + milliseconds(4750), kLanTotal));
     }
 }
 
@@ -124,7 +127,7 @@ TEST(LanSchedule, SlowCommandAndClosingOfThePatientSession_KeepTheTotal) {
         const LanSession patient = *schedule.Patient(first, opening, begin);
         const Time opened = begin + 2 * opening + milliseconds(200);
         EXPECT_TRUE(schedule.HasTimeFor(patient, opened));
-        EXPECT_LE(opened + 2 * patient.silence - kStart, kDefault.total);
+        EXPECT_LE(opened + 2 * patient.silence - kStart, kDefaultTotal);
         EXPECT_FALSE(schedule.HasTimeFor(patient, begin + 4 * patient.silence));
     }
 }

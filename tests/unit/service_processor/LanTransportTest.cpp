@@ -13,7 +13,7 @@ std::optional<ThrownTrouble> TroubleWith(const ControllerSettings& controller) {
     return TroubleOf([&] {
         LanTransport(controller)
             .Send({.netFn = 0x3A, .lun = 0, .command = 0x09},
-                  WholeAllowance(std::chrono::milliseconds(1000)));
+                  ShareFrom(Now(), std::chrono::milliseconds(1000)));
     });
 }
 

@@ -10,6 +10,12 @@
 namespace platform {
 namespace {
 
+std::unique_ptr<ControllerNode> MakeNode(const Settings& settings, int node,
+                                         const std::string& deviceFolder = kDeviceFolder) {
+    return platform::MakeNode(FindNodes(std::make_shared<Settings>(settings), deviceFolder), node,
+                              deviceFolder);
+}
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -121,6 +127,63 @@ TEST_F(NodeFactoryTest, Transport_IsThatOfTheSettings) {
                 ElementsAre(testing::StartsWith("SP: node 0 (simulated): "),
                             testing::StartsWith("SP: node 1 (inband /nonexistent/ipmi0): "),
                             testing::StartsWith("SP: node 2 (lan 127.0.0.1:623): ")));
+}
+
+TEST_F(NodeFactoryTest, ControllersOfADescription_StayWhereTheyAreWhenADeviceGoes) {
+    FakeDiagnostics::Reset();
+    const TemporaryFolder folder;
+    for (const char* name : {"ipmi0", "ipmi1", "ipmi2"}) folder.Write(name, "");
+    const NodeSet nodes = FindNodes(std::make_shared<Settings>(), folder.Path());
+    std::filesystem::remove(folder.File("ipmi1"));
+
+    const auto middle = platform::MakeNode(nodes, 1, folder.Path());
+    EXPECT_EQ(middle->GetNumberBMCNode(), 3);
+    unsigned char buffer[256] = {0x01, 0x20, 0x3A, 0x00, 0x09};
+    int length = 250;
+    EXPECT_FALSE(middle->sendIPMICommand(buffer, &length, 256, true));
+    EXPECT_EQ(
+        middle->LastExchange().trouble,
+        (Trouble{"gone",
+                 "The device " + folder.File("ipmi1") + " has gone: No such file or directory.",
+                 "Is its kernel module (such as ipmi_si) loaded?"}));
+}
+
+TEST_F(NodeFactoryTest, Description_TellsAddressesPresenceAndSimulation) {
+    const TemporaryFolder folder;
+    folder.Write("ipmi0", "");
+    const auto describe = [&](const Settings& settings) {
+        return DescribeMachine(std::make_shared<const NodeSet>(
+                                   FindNodes(std::make_shared<Settings>(settings), folder.Path())),
+                               folder.Path());
+    };
+    const SPMachine real = describe(Settings());
+    ASSERT_EQ(real.controllers.size(), 1u);
+    EXPECT_EQ(real.controllers[0].address, "inband " + folder.File("ipmi0"));
+    EXPECT_TRUE(real.controllers[0].present);
+    EXPECT_FALSE(real.simulated);
+    EXPECT_FALSE(real.trouble);
+
+    const SPMachine simulated =
+        describe(Simulated({NodeWith([](auto& it) { it.present = false; })}));
+    EXPECT_EQ(simulated.controllers[0].address, "simulated");
+    EXPECT_FALSE(simulated.controllers[0].present);
+    EXPECT_TRUE(simulated.simulated);
+}
+
+TEST_F(NodeFactoryTest, MachineWithoutControllers_IsToldByItsReason) {
+    const TemporaryFolder folder;
+    const auto codeOf = [&](const Settings& settings) {
+        return DescribeMachine(std::make_shared<const NodeSet>(
+                                   FindNodes(std::make_shared<Settings>(settings), folder.Path())),
+                               folder.Path())
+            .trouble->code;
+    };
+    EXPECT_EQ(codeOf(Settings()), "no_device");
+    EXPECT_EQ(codeOf(Simulated({})), "no_controller");
+    Settings broken;
+    broken.controllers.value.emplace();
+    broken.problem = "a key is wrong.";
+    EXPECT_EQ(codeOf(broken), "settings");
 }
 
 }  // namespace

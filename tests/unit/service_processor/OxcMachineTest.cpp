@@ -87,7 +87,8 @@ TEST_F(OxcMachine, SilentController_IsNoAndLogged) {
 }
 
 TEST_F(OxcMachine, FamilyThatCannotBeFoundOut_IsTold) {
-    EXPECT_EQ(FamilyTroubleOf(Simulated(NodeWith([](auto& it) { it.answers = false; }))), "no_answer");
+    EXPECT_EQ(FamilyTroubleOf(Simulated(NodeWith([](auto& it) { it.answers = false; }))),
+              "no_answer");
     EXPECT_EQ(FamilyTroubleOf(Simulated(NodeWith([](auto& it) { it.busy = 1000; }))), "busy");
     EXPECT_EQ(FamilyTroubleOf(Simulated(NodeWith([](auto& it) { it.present = false; }))),
               "not_present");

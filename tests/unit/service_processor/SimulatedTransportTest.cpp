@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr TimeAllowance kAllowance = WholeAllowance(std::chrono::milliseconds(1000));
+constexpr TimeAllowance kAllowance = ShareFrom(Time(), std::chrono::milliseconds(1000));
 
 class SimulatedTransportTest : public testing::Test {
 protected:

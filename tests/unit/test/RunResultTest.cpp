@@ -259,6 +259,24 @@ TEST_F(RunResultTest, BusyController_IsAskedTwice) {
     EXPECT_EQ(controller.outcome, Outcome::Examined);
 }
 
+TEST_F(RunResultTest, EveryController_HasOneShareForAllItsCommands) {
+    FakeServiceProcessor::nodeCount = 2;
+    FakeServiceProcessor::isOxc = true;
+    FakeServiceProcessor::Script(0, kStatus, {.completionCode = 0xFF});
+    AnswerStatus(0, {0});
+    AnswerStatus(1, {0});
+    const std::atomic<bool> stop = false;
+    RunIt({.stop = &stop});
+    const std::vector<SPShare>& shares = FakeServiceProcessor::shares;
+    // Status, status again, generation; status, generation.
+    ASSERT_EQ(shares.size(), 5u);
+    EXPECT_EQ(shares[0].begin, shares[1].begin);
+    EXPECT_EQ(shares[0].begin, shares[2].begin);
+    EXPECT_LT(shares[2].begin, shares[3].begin);
+    EXPECT_EQ(shares[3].begin, shares[4].begin);
+    for (const SPShare& share : shares) EXPECT_EQ(share.stop, &stop);
+}
+
 // The OXC family.
 
 class OxcResult : public RunResultTest {

@@ -1,3 +1,7 @@
 #include <cli/CommandLine.h>
+#include <cli/StandardDescriptors.h>
 
-int main(int argc, char** argv) { return cli::Main(argc, argv); }
+int main(int argc, char** argv) {
+    cli::OpenStandardDescriptors();
+    return cli::Main(argc, argv);
+}

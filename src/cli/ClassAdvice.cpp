@@ -29,10 +29,8 @@ std::string ClassAdvice(const std::string& className, const host::Status& status
     const std::string word = LowerCase(className);
     const std::string nearest = Nearest(word.starts_with(prefix) ? word : prefix + word, names);
     const auto found = std::ranges::find(names, nearest);
-    return found == names.end()
-               ? ""
-               : " The class " + known[static_cast<std::size_t>(found - names.begin())] +
-                     " is near to that.";
+    if (found == names.end()) return "";
+    return "Did you mean " + known[static_cast<std::size_t>(found - names.begin())] + "?";
 }
 
 std::vector<std::string> RegisteredClasses(const host::Host& host) {
@@ -42,10 +40,10 @@ std::vector<std::string> RegisteredClasses(const host::Host& host) {
 }
 
 std::string NoInstanceText(const std::string& className) {
-    return "There is no instance of " + className +
-           ". What a run of the test leaves behind is gone with its process: call bmci2c "
+    return className +
+           " has no instance. Records exist only in the process that ran the test: use 'bmci2c "
            "enumerate " +
-           className + " --after-runs 1 to run the test first.";
+           className + " --after-runs 1' to run it first.";
 }
 
 }  // namespace cli

@@ -8,9 +8,9 @@
 
 namespace cli {
 
-// After a request for `className` that ended with `status`, with a blank before it: which of the
-// known classes was meant, in any letter case, with or without the prefix that all of the module's
-// classes have. Empty when the class is not the cause, or none is near.
+// After a request for `className` that ended with `status`: which of the known classes was meant,
+// in any letter case, with or without the prefix that all of the module's classes have. Empty when
+// the class is not the cause, or none is near.
 std::string ClassAdvice(const std::string& className, const host::Status& status,
                         const std::vector<std::string>& known);
 

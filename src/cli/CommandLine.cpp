@@ -1,16 +1,21 @@
 #include <cimxml/SetupError.h>
 #include <cli/CommandLine.h>
+#include <cli/ErrorJson.h>
+#include <cli/ErrorOutput.h>
 #include <cli/Errors.h>
 #include <cli/ExitCodes.h>
+#include <cli/HelpFormatter.h>
 #include <cli/Session.h>
-#include <cli/Spelling.h>
-#include <cli/Text.h>
+#include <cli/Terminal.h>
+#include <cli/UsageProblem.h>
 #include <cli/commands/Commands.h>
 #include <platform/settings/SettingsError.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <exception>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,13 +23,13 @@ namespace cli {
 
 namespace {
 
-constexpr auto kCommands = {AddRun,      AddEnumerate,  AddNames,  AddInvoke, AddInfo,
-                            AddRegister, AddUnregister, AddDoctor, AddServe,  AddPasswd};
+constexpr auto kCommands = {AddRun,        AddEnumerate, AddNames, AddInvoke, AddInfo, AddRegister,
+                            AddUnregister, AddDoctor,    AddServe, AddPasswd, AddHelp};
 
 void AddFileOption(CLI::App& app, const std::string& name, std::string& value,
                    const std::string& form, const std::string& description) {
     app.add_option(name, value, description)->type_name(form)->check([](const std::string& text) {
-        return text.empty() ? "a name is missing" : "";
+        return text.empty() ? "must not be empty" : "";
     });
 }
 
@@ -39,82 +44,83 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
                   "Profile of a simulated machine (BMCI2C_SIMULATE)");
 }
 
-// What is wrong where the line names no command that there is.
-std::string NoCommandText(const CLI::App& app) {
-    std::vector<std::string> names;
-    for (const CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; }))
-        names.push_back(command->get_name());
-    const std::vector<std::string> words = app.remaining();
-    if (words.empty()) return "A command is missing: " + Listed(names);
-    const std::string nearest = Nearest(words.front(), names);
-    return "There is no command '" + words.front() + "'" +
-           (nearest.empty() ? "" : ", but '" + nearest + "'") + ". The commands are " +
-           Listed(names);
+// Seen before the line is read: one that cannot be read is answered in the same way.
+bool AsksForJson(const std::vector<std::string>& words) {
+    const auto end = std::find(words.begin(), words.end(), "--");
+    return std::any_of(words.begin(), end, [](const std::string& word) {
+        return word == "--json" || word.starts_with("--json=");
+    });
 }
 
-// What is wrong, and where to read what is right.
-std::string UsageText(const CLI::App* app, const CLI::Error& error) {
-    const std::vector<CLI::App*> commands = app->get_subcommands();
-    const bool lacksCommand = commands.empty() && error.get_name() == "RequiredError";
-    const std::string command = commands.empty() ? "" : " " + commands.front()->get_name();
-    return "bmci2c: " + (lacksCommand ? NoCommandText(*app) : error.what()) + ". Call bmci2c" +
-           command + " --help to see what it takes.\n";
-}
-
-int Report(const std::exception& error, int exitCode, const std::string& advice = "") {
-    std::cerr << "bmci2c: " << error.what() << advice << '\n';
+int Report(const Problem& problem, int exitCode, bool asJson) {
+    if (asJson) std::cout << JsonText(ErrorJson(problem)) << std::flush;
+    PrintError(problem.Message());
     return exitCode;
 }
 
-int CarryOut(const Command& command, const GlobalOptions& options) {
+// A full disk must not look like success.
+int AfterOutput(int exitCode) {
+    std::cout.flush();
+    if (std::cout) return exitCode;
+    PrintError(
+        "The standard output cannot be written. Check that its disk is not full and its reader "
+        "still there.");
+    return kCallFailed;
+}
+
+int CarryOut(const Command& command, const GlobalOptions& options, bool asJson) {
     try {
         const Session session = OpenSession(options);
         const std::string& problem = session.settings.problem;
         if (!problem.empty() && command.brokenSettings == Command::BrokenSettings::EndIt)
             throw platform::SettingsError(problem);
-        const int exitCode = command.carryOut(session);
-        std::cout.flush();
-        if (std::cout) return exitCode;
-        std::cerr
-            << "bmci2c: The standard output cannot be written. Check that its disk is not full "
-               "and its reader still there.\n";
-        return kCallFailed;
+        return AfterOutput(command.carryOut(session));
     } catch (const platform::SettingsError& error) {
-        return Report(error, kWrongUsage);
+        return Report(SplitMessage(error.what()), kWrongUsage, asJson);
     } catch (const cimxml::SetupError& error) {
-        return Report(error, kWrongUsage);
+        return Report(SplitMessage(error.what()), kWrongUsage, asJson);
     } catch (const UsageError& error) {
-        return Report(error, kWrongUsage);
+        return Report(error.What(), kWrongUsage, asJson);
     } catch (const host::LoadError& error) {
-        return Report(error, kCallFailed, kLoadAdvice);
+        return Report(LoadProblem(error), kCallFailed, asJson);
+    } catch (const CommandError& error) {
+        return Report(error.What(), kCallFailed, asJson);
     } catch (const std::exception& error) {
-        return Report(error, kCallFailed);
+        return Report({error.what(), ""}, kCallFailed, asJson);
     }
 }
 
 }  // namespace
 
 int Main(int argc, const char* const* argv) {
-    CLI::App app("Tests the I2C busses of this server's management controllers.", "bmci2c");
+    CLI::App app("Tests the I2C busses of this server's management controllers", "bmci2c");
     GlobalOptions options;
     Command chosen;
     AddGlobalOptions(app, options);
-    app.set_version_flag("--version", "bmci2c " BMCI2C_VERSION);
-    app.fallthrough();  // options of the program may stand behind the command, too
+    app.formatter(std::make_shared<HelpFormatter>(StandardOutput().width));
+    app.set_version_flag("-V,--version", "bmci2c " BMCI2C_VERSION, "Print the version");
+    app.set_help_flag("-h,--help", "Print help; after a command, help for that command");
+    app.fallthrough();  // options of the program may stand after the command, too
     app.require_subcommand(1);
-    app.failure_message(UsageText);
     app.footer(
-        "Exit codes of run: 0 passed, 1 a bus has failed, 2 not completed, 3 the module could not\n"
-        "be loaded or the call failed, 64 wrong usage or settings. Of doctor: 0 all is well, 1\n"
-        "something is wrong.");
+        "Exit codes of run: 0 passed, 1 a bus has failed, 2 not completed, 3 the module could not "
+        "be loaded or the call failed, 64 wrong usage or settings. Of doctor: 0 no check has "
+        "failed, 1 a check has failed.");
     CommandSet commands(app, chosen);
     for (const auto add : kCommands) add(commands);
+    const bool asJson = AsksForJson({argv + 1, argv + argc});
     try {
         app.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        std::cout << app.help();
+        return AfterOutput(kSuccess);
+    } catch (const CLI::CallForVersion& version) {
+        std::cout << version.what() << '\n';
+        return AfterOutput(kSuccess);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? kSuccess : kWrongUsage;
+        return Report(UsageProblem(app, error), kWrongUsage, asJson);
     }
-    return CarryOut(chosen, options);
+    return CarryOut(chosen, options, asJson);
 }
 
 }  // namespace cli

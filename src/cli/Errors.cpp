@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <string_view>
+#include <utility>
 
 namespace cli {
 
@@ -31,8 +32,20 @@ constexpr std::array<std::string_view, 19> kMeanings = {
     "no more elements",
 };
 
-std::string Advice(const host::Status& status) {
-    return status.code == CMPI_RC_ERR_INVALID_CLASS ? " Call bmci2c info to see the classes." : "";
+std::string WithClassAdvice(const host::Status& status, const std::string& advice) {
+    constexpr const char* kClasses = "Run 'bmci2c info' to see the classes.";
+    if (status.code != CMPI_RC_ERR_INVALID_CLASS) return advice;
+    return advice.empty() ? kClasses : advice + " " + kClasses;
+}
+
+bool IsCapital(char letter) { return letter >= 'A' && letter <= 'Z'; }
+
+// Where the first sentence ends: after a full stop that a blank and a capital letter follow.
+std::size_t EndOfFirstSentence(const std::string& text) {
+    for (std::size_t dot = text.find(". "); dot != std::string::npos;
+         dot = text.find(". ", dot + 1))
+        if (dot + 2 < text.size() && IsCapital(text[dot + 2])) return dot + 1;
+    return text.size();
 }
 
 }  // namespace
@@ -44,8 +57,21 @@ std::string StatusText(const host::Status& status) {
     return status.text.empty() ? text + "." : text + ": " + status.text;
 }
 
+Problem SplitMessage(const std::string& message) {
+    const std::size_t end = EndOfFirstSentence(message);
+    if (end == message.size()) return {message, ""};
+    return {message.substr(0, end), message.substr(end + 1)};
+}
+
+CommandError::CommandError(Problem itsProblem)
+    : std::runtime_error(itsProblem.Message()), problem(std::move(itsProblem)) {}
+
+Problem LoadProblem(const host::LoadError& error) {
+    return {error.what(), std::string(kLoadAdvice).substr(1)};
+}
+
 CallError::CallError(const std::string& request, const host::Status& status,
                      const std::string& advice)
-    : std::runtime_error(request + " failed. " + StatusText(status) + Advice(status) + advice) {}
+    : CommandError({request + " failed. " + StatusText(status), WithClassAdvice(status, advice)}) {}
 
 }  // namespace cli

@@ -1,28 +1,57 @@
-// What ends a command early; what() is a full sentence for the user.
+// What ends a command early.
 #pragma once
 
 #include <host/Status.h>
+#include <host/loading/LoadError.h>
 
 #include <stdexcept>
 #include <string>
 
 namespace cli {
 
-// The command line asks for something that cannot be meant.
-class UsageError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
+// What is wrong, and what to do, in full sentences. There may be no advice.
+struct Problem {
+    std::string text;
+    std::string advice;
+
+    // One after the other.
+    std::string Message() const { return advice.empty() ? text : text + " " + advice; }
 };
 
-// What to do when the module, the schema or the registrations cannot be loaded.
+// A message whose first sentence says what is wrong and whose other ones say what to do.
+Problem SplitMessage(const std::string& message);
+
+// what() is the problem's message.
+class CommandError : public std::runtime_error {
+public:
+    explicit CommandError(Problem itsProblem);
+
+    const Problem& What() const { return problem; }
+
+private:
+    Problem problem;
+};
+
+// The command line asks for something that cannot be meant.
+class UsageError : public CommandError {
+public:
+    using CommandError::CommandError;
+    explicit UsageError(const std::string& text, const std::string& advice = "")
+        : CommandError({text, advice}) {}
+};
+
+// What to do when the module, the schema or the registrations cannot be loaded; with a blank before
+// it.
 inline constexpr const char* kLoadAdvice =
-    " Call bmci2c doctor to see which files are wrong, and what to do.";
+    " Run 'bmci2c doctor' to see which files are wrong and what to do.";
+
+Problem LoadProblem(const host::LoadError& error);
 
 // A provider or the host refused a request.
-class CallError : public std::runtime_error {
+class CallError : public CommandError {
 public:
-    // `request` says what was asked for: "Enumerating X". Where the class is wrong, what() says
-    // where to find the right ones. `advice` stands at the end, with a blank before it.
+    // `request` says what was asked for: "Enumerating X". Where the class is wrong, the advice says
+    // where to find the right ones, too.
     CallError(const std::string& request, const host::Status& status,
               const std::string& advice = "");
 };

@@ -16,8 +16,8 @@ std::string MethodsOf(const mof::Schema& schema, const std::string& className) {
     if (cls == nullptr) return "";
     std::vector<std::string> names;
     for (const auto& method : mof::AllMethods(schema, *cls)) names.push_back(method.member->name);
-    if (names.empty()) return " The class has no method.";
-    return " Its methods are " + Listed(names) + ".";
+    if (names.empty()) return "The class has no method.";
+    return "Its methods are " + Listed(names) + ".";
 }
 
 // Whether the path has each of the target's keys.
@@ -29,14 +29,13 @@ bool IsMeant(const host::ObjectPath& path, const host::ObjectPath& target) {
 }
 
 std::string InstanceAdvice(host::Host& host, const host::ObjectPath& target) {
-    const std::string list = " bmci2c names " + target.className + " prints those that there are.";
-    if (target.keys.empty())
-        return " The call names no instance: name one with --key NAME=VALUE." + list;
+    const std::string list = "Run 'bmci2c names " + target.className + "' to see them.";
+    if (target.keys.empty()) return "Name an instance with --key NAME=VALUE. " + list;
     const host::NamesResult known = host.EnumerateInstanceNames(target);
     if (!known.status.IsOk() ||
         std::ranges::any_of(known.names, [&](const auto& path) { return IsMeant(path, target); }))
         return "";
-    return " There is no instance with these keys." + list;
+    return "No instance has these keys. " + list;
 }
 
 }  // namespace
@@ -46,8 +45,7 @@ std::string InvokeAdvice(host::Host& host, const host::ObjectPath& target,
     if (status.code == CMPI_RC_ERR_METHOD_NOT_FOUND)
         return MethodsOf(host.Schema(), target.className);
     if (status.code == CMPI_RC_ERR_NOT_SUPPORTED)
-        return std::string(" Of the module's methods, RunDiagnostic of ") + kServiceClass +
-               " is the only one that does something.";
+        return std::string("Only RunDiagnostic of ") + kServiceClass + " does something.";
     if (status.code == CMPI_RC_ERR_FAILED) return InstanceAdvice(host, target);
     return ClassAdvice(target.className, status, RegisteredClasses(host));
 }

@@ -7,7 +7,7 @@
 
 namespace cli {
 
-// After an invocation that ended with `status`, with a blank before it: which methods the class has
+// After an invocation that ended with `status`: which methods the class has
 // when the method was none of them, which one does something when this one does not, how to name an
 // instance when `target` names none that there is, and which class was meant. Empty when none of
 // these is the cause.

@@ -12,6 +12,9 @@ namespace cli {
 // Ordered as the class orders its properties.
 using Json = nlohmann::ordered_json;
 
+// Of the objects that name it. Grows when a script that reads them would have to change.
+inline constexpr int kFormatVersion = 1;
+
 // NULL is null, a date-time its CIM text, a reference its object path, an embedded instance an
 // object like those of enumerations; integers keep all their digits.
 Json ToJson(const host::Value& value);

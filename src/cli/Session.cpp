@@ -1,9 +1,8 @@
+#include <cli/ErrorOutput.h>
 #include <cli/Session.h>
 #include <platform/settings/Environment.h>
 
 #include <cstdlib>
-#include <iostream>
-#include <mutex>
 
 namespace cli {
 
@@ -18,10 +17,8 @@ void HandOn(const char* variable, const std::string& path) {
 }
 
 void ReportError(const host::Message& message) {
-    static std::mutex lock;  // guards the order of characters on the standard error output
     if (message.kind != host::Message::Kind::Log || message.level != CMPI_SEV_ERROR) return;
-    const std::lock_guard guard(lock);
-    std::cerr << "bmci2c: " << message.component << ": " << message.text << '\n';
+    PrintError(message.component + ": " + message.text);
 }
 
 }  // namespace

@@ -36,25 +36,23 @@ struct Given {
 Given Split(const std::string& option, const std::string& text) {
     const auto equals = text.find('=');
     if (equals == std::string::npos || equals == 0)
-        throw UsageError(option + " " + text + ": write " + option + " NAME=VALUE.");
+        throw UsageError(option + " must have the form NAME=VALUE, not '" + text + "'.");
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
-std::string Names(const std::vector<Declaration>& members) {
-    std::vector<std::string> names;
-    names.reserve(members.size());
-    for (const Declaration& member : members) names.push_back(member.name);
-    return names.empty() ? "none" : Listed(names);
+UsageError UnknownName(const Declarations& declared, const std::string& name) {
+    std::vector<std::string> known;
+    known.reserve(declared.members.size());
+    for (const Declaration& member : declared.members) known.push_back(member.name);
+    return UsageError(declared.option + ": unknown " + declared.noun + " '" + name + "'.",
+                      known.empty() ? "There is none." : "Known: " + Listed(known) + ".");
 }
 
 const Declaration& Find(const Declarations& declared, const Given& given) {
     const auto found = std::find_if(
         declared.members.begin(), declared.members.end(),
         [&](const Declaration& member) { return mof::SameName(member.name, given.name); });
-    if (found == declared.members.end())
-        throw UsageError(declared.option + " " + given.name + "=" + given.text + ": there is no " +
-                         declared.noun + " with that name. Known: " + Names(declared.members) +
-                         ".");
+    if (found == declared.members.end()) throw UnknownName(declared, given.name);
     return *found;
 }
 
@@ -64,14 +62,14 @@ host::Value Typed(const Declarations& declared, const Declaration& member, const
     std::optional<host::Value> value =
         host::Typed({CMPI_string, given.text}, host::TypeOf(element));
     if (!value)
-        throw UsageError(declared.option + " " + given.name + "=" + given.text + ": '" +
-                         given.text + "' is not a value of type " + mof::ToText(element) + ".");
+        throw UsageError(declared.option + " " + given.name + " must be of type " +
+                         mof::ToText(element) + ", not '" + given.text + "'.");
     return *std::move(value);
 }
 
 // Adds a value; a further one of the same array becomes its next element.
-void Add(const Declarations& declared, const Declaration& member, const Given& given,
-         host::Value value, std::vector<host::NamedValue>& values) {
+void Add(const Declarations& declared, const Declaration& member, host::Value value,
+         std::vector<host::NamedValue>& values) {
     const auto before = std::find_if(
         values.begin(), values.end(),
         [&](const host::NamedValue& one) { return mof::SameName(one.name, member.name); });
@@ -82,8 +80,7 @@ void Add(const Declarations& declared, const Declaration& member, const Given& g
     } else if (member.type.isArray) {
         std::get<std::vector<host::Value>>(before->value.data).push_back(std::move(value));
     } else {
-        throw UsageError(declared.option + " " + given.name + "=" + given.text + ": '" +
-                         member.name + "' is given twice.");
+        throw UsageError(declared.option + " " + member.name + " may be given only once.");
     }
 }
 
@@ -97,7 +94,7 @@ std::vector<host::NamedValue> TypedValues(const Declarations& declared,
             continue;
         }
         const Declaration& member = Find(declared, given);
-        Add(declared, member, given, Typed(declared, member, given), values);
+        Add(declared, member, Typed(declared, member, given), values);
     }
     return values;
 }

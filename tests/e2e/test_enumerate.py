@@ -43,8 +43,8 @@ def test_records_before_any_run_are_an_empty_array(good):
 
 
 NO_RECORD = (
-    f"bmci2c: There is no instance of {RECORD}. What a run of the test leaves behind is gone with its "
-    f"process: call bmci2c enumerate {RECORD} --after-runs 1 to run the test first.\n"
+    f"bmci2c: {RECORD} has no instance. Records exist only in the process that ran the test: use "
+    f"'bmci2c enumerate {RECORD} --after-runs 1' to run it first.\n"
 )
 
 
@@ -85,8 +85,9 @@ def test_after_runs_whose_call_fails_ends_with_3(bmci2c):
     profile = bmci2c.profile(node(data=[0]))
     result = bmci2c.simulate(profile, "enumerate", RECORD, "--after-runs", "1", "--json")
     assert result.code == 3
-    assert result.out == ""
-    assert "Running the I2C bus test failed. CIM status 1, failed: " in result.err
+    failed = "Running the I2C bus test failed. CIM status 1, failed: "
+    assert result.json()["error"]["text"].startswith(failed)
+    assert failed in result.err
 
 
 def test_times_prints_the_last_enumeration_only(good):
@@ -140,8 +141,8 @@ def test_class_without_its_prefix_is_told_with_it(good, command):
     result = good(command[0], "DiagnosticService", *command[1:])
     assert result.code == 3
     assert result.err.endswith(
-        "There is no class 'DiagnosticService' in the name space 'root/QUVSD'. Call bmci2c info to "
-        f"see the classes. The class {SERVICE} is near to that.\n"
+        "There is no class 'DiagnosticService' in the name space 'root/QUVSD'. Did you mean "
+        f"{SERVICE}? Run 'bmci2c info' to see the classes.\n"
     )
 
 

@@ -171,6 +171,6 @@ def test_missing_module_ends_with_3(bmci2c):
     assert (result.code, result.out) == (3, "")
     assert result.err == (
         "bmci2c: The provider module '/nowhere/module.so' cannot be loaded: cannot open shared object "
-        "file: No such file or directory. Call bmci2c doctor to see which files are wrong, and what "
+        "file: No such file or directory. Run 'bmci2c doctor' to see which files are wrong and what "
         "to do.\n"
     )

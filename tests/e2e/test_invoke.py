@@ -61,13 +61,11 @@ def test_name_of_no_test_fails(invoke, keys):
     outcome = result.json()
     assert (outcome["status"], outcome["return_value"], outcome["out"]) == (1, None, {})
     advice = (
-        "There is no instance with these keys."
-        if keys
-        else "The call names no instance: name one with --key NAME=VALUE."
+        "No instance has these keys." if keys else "Name an instance with --key NAME=VALUE."
     )
     failed = f"Invoking {SERVICE}.RunDiagnostic failed. CIM status 1, failed: "
     assert failed in result.err
-    assert result.err.endswith(f" {advice} bmci2c names {SERVICE} prints those that there are.\n")
+    assert result.err.endswith(f" {advice} Run 'bmci2c names {SERVICE}' to see them.\n")
 
 
 @pytest.mark.parametrize("method", ["StartService", "StopService", "STARTSERVICE"])
@@ -129,23 +127,24 @@ def test_unknown_class_ends_with_3(invoke):
 
 def test_unknown_key_is_wrong_usage(invoke):
     result = run_diagnostic(invoke, "Nom=x")
-    assert (result.code, result.out) == (64, "")
-    assert f"--key Nom=x: there is no key of {SERVICE} with that name." in result.err
+    text = f"--key: unknown key of {SERVICE} 'Nom'."
+    assert (result.code, result.json()["error"]["text"]) == (64, text)
+    assert result.err.startswith(f"bmci2c: {text} Known: Name, ")
 
 
 def test_unknown_argument_is_wrong_usage(invoke):
     result = invoke(SERVICE, "RunDiagnostic", "--key", NAME, "--in", "Other=1")
     assert result.code == 64
-    assert "--in Other=1: there is no input parameter of " in result.err
+    assert f"--in: unknown input parameter of {SERVICE}.RunDiagnostic 'Other'. Known: " in result.err
 
 
 def test_argument_of_a_wrong_type_is_wrong_usage(invoke):
     result = invoke(SERVICE, "RequestStateChange", "--key", NAME, "--in", "RequestedState=65536")
     assert result.code == 64
-    assert "--in RequestedState=65536: '65536' is not a value of type uint16." in result.err
+    assert "--in RequestedState must be of type uint16, not '65536'." in result.err
 
 
 def test_argument_without_a_value_is_wrong_usage(invoke):
     result = invoke(SERVICE, "RunDiagnostic", "--key", "Name")
     assert result.code == 64
-    assert "--key Name: write --key NAME=VALUE." in result.err
+    assert "--key must have the form NAME=VALUE, not 'Name'." in result.err

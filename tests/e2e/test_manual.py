@@ -13,7 +13,7 @@ OPTION = re.compile(r"^  (?:-\w,)?--([a-z-]+)", re.MULTILINE)
 
 
 def commands(bmci2c):
-    listing = bmci2c.bare("--help").out.split("Subcommands:\n")[1].split("\n\n")[0]
+    listing = bmci2c.bare("--help").out.split("Commands:\n")[1].split("\n\n")[0]
     return re.findall(r"^  ([a-z-]+)", listing, re.MULTILINE)
 
 

@@ -247,8 +247,8 @@ def test_user_who_is_not_root_changes_nothing(servers):
     result = servers.call("register", "sfcb", root=False)
     assert (result.code, result.out) == (3, "")
     assert result.err == (
-        "bmci2c: Only root may change what sfcb provides. Call the command with sudo, or see with "
-        "--dry-run what it would do.\n"
+        "bmci2c: Only root may change what sfcb provides. Use sudo, or --dry-run to see what would be "
+        "done.\n"
     )
     assert servers.calls() == []
 
@@ -269,7 +269,7 @@ def test_program_that_fails_ends_the_registration_with_its_output(servers):
 def test_unknown_server_is_wrong_usage(servers):
     result = servers.call("register", "apache")
     assert (result.code, result.out) == (64, "")
-    assert "it must be sfcb or pegasus" in result.err
+    assert "SERVER must be sfcb or pegasus, not 'apache'." in result.err
 
 
 @pytest.mark.parametrize("option", [["--interop", "root/interop"], ["--published-classes"]])
@@ -278,7 +278,7 @@ def test_options_of_openpegasus_are_refused_for_sfcb(servers, option):
     result = servers.call("register", "sfcb", *option)
     assert (result.code, result.out) == (64, "")
     assert result.err == (
-        "bmci2c: --interop and --published-classes are options of OpenPegasus. Leave them out for "
+        "bmci2c: --interop and --published-classes are for OpenPegasus only. Leave them out for "
         "sfcb.\n"
     )
     assert servers.calls() == []

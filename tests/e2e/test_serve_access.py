@@ -134,7 +134,9 @@ def test_limit_that_is_none_is_wrong_usage(refused, value):
 def test_limits_have_the_defaults_that_the_page_says(bmci2c):
     page = (Path(__file__).parents[2] / "docs" / "serve.md").read_text(encoding="utf-8")
     said = re.findall(r"^\| `(--[a-z-]+)` \| (\d+) ", page, re.MULTILINE)
-    listed = re.findall(r"^  (--[a-z-]+) .* in \[.*\]=(\d+)$", bmci2c("serve", "--help").out, re.M)
+    help_text = bmci2c("serve", "--help").out
+    limits = help_text[help_text.index("\nLimits:\n") :]
+    listed = re.findall(r"^  (--[a-z-]+) [^\[]*\[(\d+)\]$", limits, re.MULTILINE)
     assert len(said) == 6 and said == listed
 
 
@@ -259,7 +261,7 @@ def test_passwd_refuses_what_cannot_be_meant(bmci2c, password_file):
     assert passwd(bmci2c, password_file, "a:b", "x")[0] == 64
     assert passwd(bmci2c, password_file, "ann", "") == (64, "bmci2c: The password is empty.\n")
     result = bmci2c.bare("passwd", password_file, "ann")
-    assert (result.code, result.err) == (64, "bmci2c: The standard input holds no password.\n")
+    assert (result.code, result.err) == (64, "bmci2c: Standard input holds no password.\n")
 
 
 def answer_terminal(program, arguments, environment, answers):
@@ -289,9 +291,9 @@ def test_passwd_asks_twice_and_shows_nothing(bmci2c, serve, password_file):
         bmci2c.program, ["passwd", password_file, "eve"], bmci2c.environment, answers
     )
     code, screen = ask("swordfish", "swordfish")
-    assert (code, screen.replace("\r", "")) == (0, "New password of eve: \nThe same again: \n")
+    assert (code, screen.replace("\r", "")) == (0, "New password of eve: \nRepeat password: \n")
     assert status(serve("--password-file", password_file), basic("eve", "swordfish")) == 200
     code, screen = ask("swordfish", "cat fish")
     assert code == 64
-    assert screen.replace("\r", "").endswith("\nbmci2c: The two passwords are not the same.\n")
+    assert screen.replace("\r", "").endswith("\nbmci2c: The two passwords differ.\n")
     assert "fish" not in screen

@@ -1,8 +1,13 @@
+#include <cli/Errors.h>
+#include <cli/HelpFormatter.h>
+#include <cli/UsageProblem.h>
 #include <cli/commands/CommandSet.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <charconv>
 #include <limits>
+#include <optional>
 
 namespace cli {
 
@@ -16,11 +21,39 @@ std::string OneOf(const std::vector<std::string>& choices) {
     return text;
 }
 
+std::optional<long long> Number(const std::string& text) {
+    long long number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    return error == std::errc() && rest == end ? std::optional(number) : std::nullopt;
+}
+
+// A whole number; the message goes on with a sentence that begins with the option's name.
+CLI::Validator WholeNumber(long long least, long long most) {
+    const std::string allowed =
+        most == std::numeric_limits<int>::max()
+            ? "of at least " + std::to_string(least)
+            : "from " + std::to_string(least) + " to " + std::to_string(most);
+    return {[least, most, allowed](const std::string& text) {
+                const std::optional<long long> number = Number(text);
+                return number && *number >= least && *number <= most
+                           ? ""
+                           : "must be a whole number " + allowed + ", not '" + text + "'";
+            },
+            ""};
+}
+
 }  // namespace
 
 CommandOptions& CommandOptions::Argument(const std::string& name, std::string& value,
                                          const std::string& description) {
     command.add_option(name, value, description)->required();
+    return *this;
+}
+
+CommandOptions& CommandOptions::OptionalArgument(const std::string& name, std::string& value,
+                                                 const std::string& description) {
+    command.add_option(name, value, description);
     return *this;
 }
 
@@ -31,14 +64,14 @@ CommandOptions& CommandOptions::Choice(const std::string& name, std::string& val
         ->required()
         ->check([choices = std::move(choices)](const std::string& word) {
             const bool isOne = std::find(choices.begin(), choices.end(), word) != choices.end();
-            return isOne ? "" : "it must be " + OneOf(choices);
+            return isOne ? "" : "must be " + OneOf(choices) + ", not '" + word + "'";
         });
     return *this;
 }
 
 CommandOptions& CommandOptions::Flag(const std::string& name, bool& value,
                                      const std::string& description) {
-    command.add_flag(name, value, description);
+    command.add_flag(name, value, description)->disable_flag_override();
     return *this;
 }
 
@@ -59,7 +92,7 @@ CommandOptions& CommandOptions::Count(const std::string& name, int& value, int l
                                       const std::string& description) {
     command.add_option(name, value, description)
         ->type_name("N")
-        ->check(CLI::Range(least, std::numeric_limits<int>::max()));
+        ->check(WholeNumber(least, std::numeric_limits<int>::max()));
     return *this;
 }
 
@@ -68,7 +101,7 @@ CommandOptions& CommandOptions::Limit(const std::string& name, const std::string
                                       const std::string& description) {
     command.add_option(name, value, description)
         ->type_name(form)
-        ->check(CLI::Range(std::size_t{1}, most))
+        ->check(WholeNumber(1, static_cast<long long>(most)))
         ->capture_default_str()
         ->group(kLimits);
     return *this;
@@ -81,7 +114,7 @@ CommandOptions& CommandOptions::Limit(const std::string& name, std::chrono::seco
         .add_option_function<Seconds>(
             name, [&value](Seconds seconds) { value = std::chrono::seconds(seconds); }, description)
         ->type_name("SECONDS")
-        ->check(CLI::Range(Seconds{1}, most.count()))
+        ->check(WholeNumber(1, most.count()))
         ->default_str(std::to_string(value.count()))
         ->group(kLimits);
     return *this;
@@ -95,8 +128,18 @@ CommandOptions& CommandOptions::Footer(const std::string& text) {
 CommandOptions CommandSet::Add(const std::string& name, const std::string& description,
                                const Command& command) {
     CLI::App* const added = app.add_subcommand(name, description);
+    added->group(kCommandsGroup);
     added->callback([this, command] { chosen = command; });
     return CommandOptions(*added);
+}
+
+std::string CommandSet::HelpFor(const std::string& command) const {
+    if (command.empty())
+        return app.get_formatter()->make_help(&app, app.get_name(), CLI::AppFormatMode::Normal);
+    const std::vector<std::string> names = CommandNames(app);
+    if (std::find(names.begin(), names.end(), command) == names.end())
+        throw UsageError(UnknownCommand(command, names));
+    return app.get_subcommand(command)->help(app.get_name());
 }
 
 }  // namespace cli

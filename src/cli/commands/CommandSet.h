@@ -1,5 +1,5 @@
-// What the line of a command may hold. Its source and CommandLine.cpp alone include CLI11, whose
-// headers take ten times as long to compile as a command does.
+// What the line of a command may hold. Commands do without CLI11, whose headers take ten times as
+// long to compile as a command does.
 #pragma once
 
 #include <cli/Session.h>
@@ -38,9 +38,11 @@ class CommandOptions {
 public:
     explicit CommandOptions(CLI::App& app) : command(app) {}
 
-    // A word that must be given; with choices, one of them.
+    // A word that must be given, unless it is optional; with choices, one of them.
     CommandOptions& Argument(const std::string& name, std::string& value,
                              const std::string& description);
+    CommandOptions& OptionalArgument(const std::string& name, std::string& value,
+                                     const std::string& description);
     CommandOptions& Choice(const std::string& name, std::string& value,
                            std::vector<std::string> choices, const std::string& description);
 
@@ -73,6 +75,10 @@ public:
 
     CommandOptions Add(const std::string& name, const std::string& description,
                        const Command& command);
+
+    // The help for a command; for the program when `command` is empty. Throws UsageError when there
+    // is no such command.
+    std::string HelpFor(const std::string& command) const;
 
 private:
     CLI::App& app;

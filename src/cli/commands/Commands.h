@@ -15,5 +15,6 @@ void AddUnregister(CommandSet& commands);
 void AddDoctor(CommandSet& commands);
 void AddServe(CommandSet& commands);
 void AddPasswd(CommandSet& commands);
+void AddHelp(CommandSet& commands);
 
 }  // namespace cli

@@ -1,5 +1,6 @@
 #include <cli/ClassAdvice.h>
 #include <cli/DiagnosticRun.h>
+#include <cli/ErrorOutput.h>
 #include <cli/Errors.h>
 #include <cli/ExitCodes.h>
 #include <cli/Json.h>
@@ -48,7 +49,7 @@ int Enumerate(const Session& session, const EnumerateOptions& options) {
         instances = EnumerateOnce(*host, options.className);
     Print(instances, options.asJson);
     if (instances.empty() && options.runs == 0 && !options.asJson)
-        std::cerr << "bmci2c: " << NoInstanceText(options.className) << '\n';
+        PrintError(NoInstanceText(options.className));
     return kSuccess;
 }
 

@@ -1,4 +1,5 @@
 #include <cli/DiagnosticRun.h>
+#include <cli/ErrorOutput.h>
 #include <cli/Errors.h>
 #include <cli/ExitCodes.h>
 #include <cli/InvokeAdvice.h>
@@ -39,10 +40,12 @@ int Invoke(const Session& session, const InvokeOptions& options) {
         std::cout << "return value = " << ValueText(result.returnValue) << '\n'
                   << ValuesText(result.out);
     }
-    if (!result.status.IsOk())
-        throw CallError("Invoking " + options.className + "." + options.method, result.status,
-                        InvokeAdvice(*host, target, result.status));
-    return kSuccess;
+    if (result.status.IsOk()) return kSuccess;
+    const CallError error("Invoking " + options.className + "." + options.method, result.status,
+                          InvokeAdvice(*host, target, result.status));
+    if (!options.asJson) throw error;
+    PrintError(error.what());  // the outcome is printed, and must stay one JSON object
+    return kCallFailed;
 }
 
 }  // namespace

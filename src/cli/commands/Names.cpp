@@ -1,5 +1,6 @@
 #include <cli/ClassAdvice.h>
 #include <cli/DiagnosticRun.h>
+#include <cli/ErrorOutput.h>
 #include <cli/Errors.h>
 #include <cli/ExitCodes.h>
 #include <cli/commands/Commands.h>
@@ -19,7 +20,7 @@ int Names(const Session& session, const std::string& className) {
         throw CallError("Enumerating the names of " + className, result.status,
                         ClassAdvice(className, result.status, RegisteredClasses(*host)));
     for (const host::ObjectPath& name : result.names) std::cout << name.ToString() << '\n';
-    if (result.names.empty()) std::cerr << "bmci2c: " << NoInstanceText(className) << '\n';
+    if (result.names.empty()) PrintError(NoInstanceText(className));
     return kSuccess;
 }
 

@@ -42,7 +42,7 @@ private:
 
 std::string ReadLine() {
     std::string line;
-    if (!std::getline(std::cin, line)) throw UsageError("The standard input holds no password.");
+    if (!std::getline(std::cin, line)) throw UsageError("Standard input holds no password.");
     return line;
 }
 
@@ -57,7 +57,7 @@ std::string Ask(const std::string& question) {
 std::string ReadPassword(const std::string& user) {
     if (!::isatty(STDIN_FILENO)) return ReadLine();
     std::string password = Ask("New password of " + user);
-    if (Ask("The same again") != password) throw UsageError("The two passwords are not the same.");
+    if (Ask("Repeat password") != password) throw UsageError("The two passwords differ.");
     return password;
 }
 
@@ -77,8 +77,8 @@ void AddPasswd(CommandSet& commands) {
         .Argument("FILE", *file, "The password file; made when there is none")
         .Argument("USER", *user, "The user's name")
         .Footer(
-            "The password is asked for on the terminal, or is the first line of the standard "
-            "input.");
+            "Asks for the password on the terminal; otherwise the first line of standard input is "
+            "the password.");
 }
 
 }  // namespace cli

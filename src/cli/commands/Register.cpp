@@ -27,17 +27,16 @@ struct RegisterOptions {
 
 std::unique_ptr<CimServer> Chosen(const RegisterOptions& options) {
     if (options.server == kSfcb && options.pegasus != PegasusOptions{})
-        throw UsageError(
-            "--interop and --published-classes are options of OpenPegasus. Leave them out for "
-            "sfcb.");
+        throw UsageError("--interop and --published-classes are for OpenPegasus only.",
+                         "Leave them out for sfcb.");
     return options.server == kSfcb ? Sfcb() : Pegasus(options.pegasus);
 }
 
 std::string SchemaFile(const Session& session, const std::string& name) {
     const fs::path file = fs::path(session.files.schema).parent_path() / name;
     if (!fs::exists(file))
-        throw RegistrationError("The file '" + file.string() +
-                                "' does not exist. Install the package again.");
+        throw RegistrationError(
+            {"The file '" + file.string() + "' does not exist.", "Install the package again."});
     return file;
 }
 

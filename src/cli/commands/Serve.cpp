@@ -1,4 +1,5 @@
 #include <cimxml/Server.h>
+#include <cli/ErrorOutput.h>
 #include <cli/ExitCodes.h>
 #include <cli/commands/Commands.h>
 #include <pthread.h>
@@ -43,15 +44,13 @@ private:
     sigset_t signals{};
 };
 
-void Log(const std::string& line) { std::cerr << "bmci2c: " + line + "\n"; }
-
 int Serve(const Session& session, cimxml::ServerOptions options) {
     const EndSignals endSignals;
     options.interopSchema =
         std::filesystem::path(session.files.schema).replace_filename("interop.mof");
     options.version = BMCI2C_VERSION;
     const std::unique_ptr<host::Host> host = LoadHost(session);
-    cimxml::Server server(options, *host, Log);
+    cimxml::Server server(options, *host, PrintError);
     std::cout << "bmci2c: serving at " << server.Url() << std::endl;
     const std::jthread running([&server] { server.Run(); });
     endSignals.Wait();
@@ -77,8 +76,7 @@ void AddServe(CommandSet& commands) {
                "Bytes of a request's document")
         .Limit("--max-header-size", "BYTES", limits.maxHeaderSize, kMostBytes,
                "Bytes of a request's line and headers")
-        .Limit("--max-depth", "N", limits.maxDepth, kMostDepth,
-               "Elements that lie within each other")
+        .Limit("--max-depth", "N", limits.maxDepth, kMostDepth, "Maximum nesting depth of elements")
         .Limit("--max-connections", "N", limits.maxConnections, kMostConnections,
                "Clients that are connected at once")
         .Limit("--request-time", limits.requestTime, kMostTime,

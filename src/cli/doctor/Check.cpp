@@ -1,3 +1,4 @@
+#include <cli/Errors.h>
 #include <cli/doctor/Check.h>
 
 #include <algorithm>
@@ -14,16 +15,6 @@ std::string OneLine(std::string text) {
     return text;
 }
 
-bool IsCapital(char letter) { return letter >= 'A' && letter <= 'Z'; }
-
-// Where the first sentence ends: behind a full stop that a blank and a capital letter follow.
-std::size_t EndOfFirstSentence(const std::string& text) {
-    for (std::size_t dot = text.find(". "); dot != std::string::npos;
-         dot = text.find(". ", dot + 1))
-        if (dot + 2 < text.size() && IsCapital(text[dot + 2])) return dot + 1;
-    return text.size();
-}
-
 }  // namespace
 
 Check Good(const std::string& name, const std::string& text) {
@@ -35,9 +26,8 @@ Check Bad(const std::string& name, const std::string& text, const std::string& a
 }
 
 Check BadFrom(const std::string& name, const std::string& trouble, const std::string& advice) {
-    const std::size_t end = EndOfFirstSentence(trouble);
-    if (end == trouble.size()) return Bad(name, trouble, advice);
-    return Bad(name, trouble.substr(0, end), trouble.substr(end + 1));
+    const Problem problem = SplitMessage(trouble);
+    return Bad(name, problem.text, problem.advice.empty() ? advice : problem.advice);
 }
 
 }  // namespace cli

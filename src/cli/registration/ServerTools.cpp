@@ -24,9 +24,10 @@ std::string RunRequired(const CommandWords& command) {
     const ProgramResult result = RunProgram(command);
     if (result.exitCode == 0) return result.output;
     throw RegistrationError(
-        "'" + CommandLine(command) + "' failed with exit code " + std::to_string(result.exitCode) +
-        ". It printed:\n" +
-        (result.output.empty() ? "(nothing)" : WithoutLastBreak(result.output)));
+        {"'" + CommandLine(command) + "' failed with exit code " + std::to_string(result.exitCode) +
+             ". It printed:\n" +
+             (result.output.empty() ? "(nothing)" : WithoutLastBreak(result.output)),
+         ""});
 }
 
 bool HasLine(const std::string& text, const std::string& line) {
@@ -43,13 +44,13 @@ ServerTools::ServerTools(const ServerPackage& package, bool isDryRun, std::ostre
     if (dryRun) return;
     for (const std::string& program : package.programs)
         if (FindProgram(program).empty())
-            throw RegistrationError("The program '" + program + "' of " + package.server +
-                                    " is in no folder of PATH. Install the package " +
-                                    package.package + ", or add the program's folder to PATH.");
+            throw RegistrationError(
+                {"The program '" + program + "' of " + package.server + " is in no folder of PATH.",
+                 "Install the package " + package.package +
+                     ", or add the program's folder to PATH."});
     if (::geteuid() != 0)
-        throw RegistrationError("Only root may change what " + package.server +
-                                " provides. Call the command with sudo, or see with --dry-run what "
-                                "it would do.");
+        throw RegistrationError({"Only root may change what " + package.server + " provides.",
+                                 "Use sudo, or --dry-run to see what would be done."});
 }
 
 void ServerTools::Run(const CommandWords& command) {

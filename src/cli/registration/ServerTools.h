@@ -2,20 +2,20 @@
 // only tells what would be run.
 #pragma once
 
+#include <cli/Errors.h>
 #include <cli/registration/ExternalProgram.h>
 
 #include <functional>
 #include <iosfwd>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
 namespace cli {
 
-// What keeps a registration from being made; what() tells the user what to do.
-class RegistrationError : public std::runtime_error {
+// What keeps a registration from being made.
+class RegistrationError : public CommandError {
 public:
-    using std::runtime_error::runtime_error;
+    using CommandError::CommandError;
 };
 
 // A server, and where its programs come from.

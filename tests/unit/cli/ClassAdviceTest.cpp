@@ -14,7 +14,7 @@ std::string AdviceFor(const std::string& className, CMPIrc code = CMPI_RC_ERR_IN
 }
 
 TEST(ClassAdvice, NameWithoutPrefixOrWithAWrongLetter_IsToldWithTheNearest) {
-    const std::string advice = " The class QUVSG_BMCI2C_DiagnosticService is near to that.";
+    const std::string advice = "Did you mean QUVSG_BMCI2C_DiagnosticService?";
     EXPECT_EQ(AdviceFor("DiagnosticService"), advice);
     EXPECT_EQ(AdviceFor("diagnosticservce"), advice);
     EXPECT_EQ(AdviceFor("QUVSG_BMCI2C_DiagnosticServices"), advice);

@@ -46,13 +46,13 @@ TEST(TypedArguments, KeysInAnyLetterCase_TakeTheDeclaredNameAndType) {
 
 TEST(TypedArguments, PropertyThatIsNoKey_IsRefused) {
     EXPECT_EQ(UsageErrorOf([] { TypedKeys(Schema(), "Base", {"Text=x"}); }),
-              "--key Text=x: there is no key of Base with that name. Known: Name and Number.");
+              "--key: unknown key of Base 'Text'. Known: Name and Number.");
 }
 
 TEST(TypedArguments, OptionWithoutAName_IsRefused) {
     EXPECT_EQ(UsageErrorOf([] { TypedKeys(Schema(), "Base", {"x"}); }),
-              "--key x: write --key NAME=VALUE.");
-    EXPECT_EQ(ErrorOfArgument("=5"), "--in =5: write --in NAME=VALUE.");
+              "--key must have the form NAME=VALUE, not 'x'.");
+    EXPECT_EQ(ErrorOfArgument("=5"), "--in must have the form NAME=VALUE, not '=5'.");
 }
 
 TEST(TypedArguments, MethodInAnyLetterCase_TypesItsArguments) {
@@ -63,14 +63,13 @@ TEST(TypedArguments, MethodInAnyLetterCase_TypesItsArguments) {
 }
 
 TEST(TypedArguments, ValueOutOfRange_NamesTheArgument) {
-    EXPECT_EQ(ErrorOfArgument("Percent=256"),
-              "--in Percent=256: '256' is not a value of type uint8.");
+    EXPECT_EQ(ErrorOfArgument("Percent=256"), "--in Percent must be of type uint8, not '256'.");
 }
 
 TEST(TypedArguments, OutputParameter_CannotBeGiven) {
     EXPECT_EQ(ErrorOfArgument("Result=x"),
-              "--in Result=x: there is no input parameter of Derived.Do with that name. Known: "
-              "Percent, Words and Other.");
+              "--in: unknown input parameter of Derived.Do 'Result'. Known: Percent, Words and "
+              "Other.");
 }
 
 TEST(TypedArguments, RepeatedArrayArgument_IsAnArray) {
@@ -84,7 +83,7 @@ TEST(TypedArguments, RepeatedScalar_IsRefused) {
     EXPECT_EQ(UsageErrorOf([] {
                   TypedArguments(Schema(), "Base", "Do", {"Percent=1", "PERCENT=2"});
               }),
-              "--in PERCENT=2: 'Percent' is given twice.");
+              "--in Percent may be given only once.");
 }
 
 TEST(TypedArguments, Reference_IsReadFromItsObjectPath) {

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <exception>
 #include <iostream>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -33,6 +34,19 @@ void AddFileOption(CLI::App& app, const std::string& name, std::string& value,
     });
 }
 
+void AddColourOption(CLI::App& app, Colour& colour) {
+    static const std::map<std::string, Colour> kColours = {
+        {"auto", Colour::Auto}, {"always", Colour::Always}, {"never", Colour::Never}};
+    app.add_option_function<std::string>(
+           "--color", [&colour](const std::string& word) { colour = kColours.at(word); },
+           "Whether the output has colours: auto, always or never")
+        ->type_name("WHEN")
+        ->check([](const std::string& word) {
+            return kColours.contains(word) ? ""
+                                           : "must be auto, always or never, not '" + word + "'";
+        });
+}
+
 void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
     AddFileOption(app, "--config", options.config, "FILE",
                   "Settings file (BMCI2C_CONFIG; else /etc/bmci2c/platform.toml)");
@@ -42,6 +56,7 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
                   "Diagnostics root directory, which holds bmci2c/bmci2c.msg.xml (BMCI2C_ROOT)");
     AddFileOption(app, "--simulate", options.profile, "PROFILE",
                   "Profile of a simulated machine (BMCI2C_SIMULATE)");
+    AddColourOption(app, options.colour);
 }
 
 // Seen before the line is read: one that cannot be read is answered in the same way.

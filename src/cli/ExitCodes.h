@@ -5,7 +5,7 @@ namespace cli {
 
 inline constexpr int kSuccess = 0;
 inline constexpr int kTestFailed = 1;        // run: a bus has failed
-inline constexpr int kSomethingWrong = 1;    // doctor: a check has found something
+inline constexpr int kSomethingWrong = 1;    // doctor: a check has failed
 inline constexpr int kTestNotCompleted = 2;  // run: not every bus could be judged
 inline constexpr int kCallFailed = 3;        // the module could not be loaded, or a call failed
 inline constexpr int kWrongUsage = 64;       // wrong usage or settings

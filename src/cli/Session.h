@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cli/Installation.h>
+#include <cli/Terminal.h>
 #include <host/Host.h>
 #include <platform/settings/Settings.h>
 
@@ -10,12 +11,13 @@
 
 namespace cli {
 
-// The options before the command; empty when not given.
+// The options of the program; empty when not given.
 struct GlobalOptions {
     std::string config;
     std::string module;
     std::string root;
     std::string profile;
+    Colour colour = Colour::Auto;
 };
 
 struct Session {

@@ -21,7 +21,10 @@ private:
     }
 };
 
-// Colour only on a terminal, and not where NO_COLOR is set or the terminal is "dumb".
-Terminal StandardOutput();
+// Auto: only on a terminal, and not where NO_COLOR is set or the terminal is "dumb".
+enum class Colour { Auto, Always, Never };
+
+// As wide as the terminal, within reason; 80 columns where there is none.
+Terminal StandardOutput(Colour colour = Colour::Auto);
 
 }  // namespace cli

@@ -1,3 +1,4 @@
+#include <cli/Printable.h>
 #include <cli/Text.h>
 
 #include <algorithm>
@@ -39,22 +40,34 @@ struct TextOfValue {
     }
 };
 
+// Of UTF-8, in which every byte but the first of a character is marked.
+std::size_t Columns(const std::string& text) {
+    return static_cast<std::size_t>(std::count_if(
+        text.begin(), text.end(), [](char letter) { return (letter & 0xC0) != 0x80; }));
+}
+
 // Appends one line of a text, broken at blanks.
 void WrapLine(const std::string& line, std::size_t width, std::size_t indent, std::size_t hanging,
               std::string& wrapped) {
-    std::istringstream words(line);
+    constexpr const char* kBlanks = " \t\r";
     std::string row(indent, ' ');
-    bool isEmpty = true;
-    for (std::string word; words >> word;) {
-        if (!isEmpty && row.size() + 1 + word.size() > width) {
+    std::string gap;  // before the next word; none at the beginning of a row
+    std::size_t start = line.find_first_not_of(kBlanks);
+    if (start == std::string::npos) row.clear();
+    while (start != std::string::npos) {
+        const std::size_t end = std::min(line.find_first_of(kBlanks, start), line.size());
+        const std::string word = line.substr(start, end - start);
+        const bool canBreak = Columns(row + gap) > indent + hanging;  // and gains room by it
+        if (!gap.empty() && canBreak && Columns(row + gap + word) > width) {
             wrapped += row + '\n';
             row.assign(indent + hanging, ' ');
-            isEmpty = true;
+            gap.clear();
         }
-        row += (isEmpty ? "" : " ") + word;
-        isEmpty = false;
+        row += gap + word;
+        start = line.find_first_not_of(kBlanks, end);
+        if (start != std::string::npos) gap = line.substr(end, start - end);
     }
-    wrapped += (isEmpty ? "" : row) + '\n';
+    wrapped += row + '\n';
 }
 
 // A text of several lines as one value: its later lines below the first.
@@ -74,22 +87,30 @@ std::string TwoDigits(int number) { return (number < 10 ? "0" : "") + std::to_st
 std::string ValueText(const host::Value& value) { return std::visit(TextOfValue{}, value.data); }
 
 std::string InstanceText(const host::Instance& instance) {
-    return instance.path.ToString() + "\n" + ValuesText(instance.properties);
+    return PrintableLine(instance.path.ToString()) + "\n" + ValuesText(instance.properties);
 }
 
 std::string ValuesText(const std::vector<host::NamedValue>& values) {
     std::string text;
     for (const auto& [name, value] : values)
-        text += "  " + name + " = " + Indented(ValueText(value), name.size() + 5) + "\n";
+        text += "  " + name + " = " + Indented(Printable(ValueText(value)), name.size() + 5) + "\n";
     return text;
 }
 
-std::string Table(const std::vector<std::pair<std::string, std::string>>& rows) {
+std::string Table(const std::vector<std::pair<std::string, std::string>>& rows, std::size_t width) {
+    constexpr std::size_t kIndent = 2;
+    constexpr std::size_t kGap = 2;
+    constexpr std::size_t kNarrowestTexts = 20;
     std::size_t longest = 0;
-    for (const auto& [name, text] : rows) longest = std::max(longest, name.size());
+    for (const auto& [name, text] : rows) longest = std::max(longest, Columns(name));
+    const std::size_t texts = kIndent + longest + kGap;  // the column where they begin
+    const bool hasColumns = width >= texts + kNarrowestTexts;
     std::string table;
-    for (const auto& [name, text] : rows)
-        table.append("  ").append(name).append(longest - name.size() + 2, ' ').append(text + "\n");
+    for (const auto& [name, text] : rows) {
+        const std::size_t gap = hasColumns ? longest - Columns(name) + kGap : kGap;
+        table += Wrap(name + std::string(gap, ' ') + text, width, kIndent,
+                      hasColumns ? texts - kIndent : kGap);
+    }
     return table;
 }
 

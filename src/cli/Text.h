@@ -4,6 +4,7 @@
 #include <host/Value.h>
 
 #include <cstddef>
+#include <limits>
 #include <string>
 #include <utility>
 #include <vector>
@@ -13,14 +14,16 @@ namespace cli {
 // NULL as "(none)", arrays as "{ a, b }", references as their object path.
 std::string ValueText(const host::Value& value);
 
-// The path, and a line "  Name = value" for each property.
+// The path, and a line "  Name = value" for each property. Control characters are escaped.
 std::string InstanceText(const host::Instance& instance);
 
-// A line "  Name = value" for each value.
+// A line "  Name = value" for each value. Control characters are escaped.
 std::string ValuesText(const std::vector<host::NamedValue>& values);
 
-// Rows of a name and a text, the texts below each other.
-std::string Table(const std::vector<std::pair<std::string, std::string>>& rows);
+// Rows of a name and a text, the texts below each other. What does not fit into `width` columns is
+// broken at blanks.
+std::string Table(const std::vector<std::pair<std::string, std::string>>& rows,
+                  std::size_t width = std::numeric_limits<std::size_t>::max());
 
 // Breaks a text's lines at blanks so that each, with `indent` blanks before it, fits into `width`
 // columns; a word that is longer stands on a line of its own. Continued lines are indented by

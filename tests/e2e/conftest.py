@@ -4,9 +4,14 @@ The build passes where things are: BMCI2C_BIN (the command), BMCI2C_BUILD_MODULE
 and BMCI2C_OTHER_PROGRAM.
 """
 
+import fcntl
 import json
 import os
+import pty
+import re
+import struct
 import subprocess
+import termios
 from dataclasses import dataclass
 
 import pytest
@@ -74,6 +79,11 @@ def toml_value(value):
     return json.dumps(value)  # booleans, integers, texts and arrays are the same in TOML
 
 
+def unwrapped(text):
+    """The text with its continued lines, which are indented, joined."""
+    return re.sub(r"\n {4,}(?=\S)", " ", text)
+
+
 @dataclass
 class Result:
     code: int
@@ -135,6 +145,29 @@ class Command:
     def __call__(self, *arguments, env=None):
         """Calls the command with the catalog of these tests."""
         return self.bare("--root", str(self.root), *arguments, env=env)
+
+    def on_terminal(self, *arguments, columns=80, env=None):
+        """Calls the command with its output on a terminal of this width; input stays away."""
+        ours, theirs = pty.openpty()
+        fcntl.ioctl(theirs, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
+        with subprocess.Popen(
+            [self.program, "--root", str(self.root), *arguments],
+            env={**self.environment, "TERM": "xterm", **(env or {})},
+            stdin=subprocess.DEVNULL,
+            stdout=theirs,
+            stderr=subprocess.PIPE,
+        ) as process:
+            os.close(theirs)
+            output = b""
+            try:
+                while piece := os.read(ours, 4096):
+                    output += piece
+            except OSError:
+                pass  # the other side has closed
+            os.close(ours)
+            _, errors = process.communicate(timeout=100)
+        out = output.decode("utf-8", "replace").replace("\r\n", "\n")
+        return Result(process.returncode, out, errors.decode("utf-8", "replace"))
 
     def simulate(self, profile, *arguments, env=None):
         return self("--simulate", profile, *arguments, env=env)

@@ -3,7 +3,7 @@
 import re
 
 import pytest
-from conftest import JOB, RECORD, SERVICE, node, passed
+from conftest import JOB, RECORD, SERVICE, catalog_text, node, passed
 
 EMPTY_CLASSES = [
     "QUVSG_BMCI2C_CorrespondingSettingsRecord",
@@ -163,3 +163,27 @@ def test_names_of_the_service_has_the_keys_that_it_assigned(good):
 def test_names_of_a_class_without_instances_prints_a_hint(good):
     result = good("names", RECORD)
     assert (result.code, result.out, result.err) == (0, "", NO_RECORD)
+
+
+def test_names_as_json_have_class_path_and_keys(good):
+    result = good("names", SERVICE, "--json")
+    (name,) = result.json()
+    assert result.code == 0
+    assert list(name) == ["class", "path", "keys"]
+    assert name["class"] == SERVICE
+    assert name["path"] + "\n" == good("names", SERVICE).out
+    assert name["keys"] == {"Name": "BMC I2C Test", "SystemName": ""}
+
+
+def test_names_as_json_of_a_class_without_instances_are_an_empty_array(good):
+    result = good("names", RECORD, "--json")
+    assert (result.code, result.json(), result.err) == (0, [], "")
+
+
+def test_control_characters_of_the_catalog_are_escaped(bmci2c):
+    bmci2c.write_catalog(catalog_text().replace(">text 0<", ">a\x9b31mb<"))
+    profile = bmci2c.profile(node(data=[0]))
+    arguments = ["enumerate", RECORD, "--after-runs", "1"]
+    assert "a\\xc2\\x9b31mb" in bmci2c.simulate(profile, *arguments).out
+    (record,) = bmci2c.simulate(profile, *arguments, "--json").json()
+    assert "a\x9b31mb" in record["properties"]["RecordData"]

@@ -4,7 +4,8 @@ import os
 import pathlib
 import re
 
-from conftest import node
+import pytest
+from conftest import node, unwrapped
 
 
 def info(bmci2c, *arguments, env=None):
@@ -36,7 +37,7 @@ def test_missing_catalog_is_told(bmci2c):
     catalog.unlink()
     facts = bmci2c.simulate(profile, "info", "--json").json()
     assert facts["troubles"] == [f"There is no message catalog {catalog}."]
-    assert bmci2c.simulate(profile, "info").out.endswith(
+    assert unwrapped(bmci2c.simulate(profile, "info").out).endswith(
         f"\nThere is no message catalog {catalog}.\n"
     )
 
@@ -158,12 +159,30 @@ def test_text_has_the_same_facts(bmci2c):
     assert "  Machine type     7000\n" in result.out
     assert "  BIOS identifier  P7E100A\n" in result.out
     assert "  node 0  simulated\n" in result.out
-    lines = [" ".join(line.split()) for line in result.out.splitlines()]
+    lines = [" ".join(line.split()) for line in unwrapped(result.out).splitlines()]
     assert "controllers.time_limit 4 [default]" in lines
     assert f"diagnostics.root {bmci2c.root} [command line --root]" in lines
     assert "log.sink stderr [chosen by this command]" in lines
     assert f"machine.type 7000 [profile {bmci2c.folder}/profile.toml:1]" in lines
     assert "\nRegistrations: 23 classes\n" in result.out
+
+
+@pytest.mark.parametrize("columns", [40, 60, 80, 100])
+def test_text_fits_into_the_terminal(bmci2c, columns):
+    profile = bmci2c.profile(node(data=[0]))
+    piped = bmci2c.simulate(profile, "info").out
+    result = bmci2c.on_terminal("--simulate", profile, "info", columns=columns)
+    assert (result.code, result.err) == (0, "")
+    assert unwrapped(result.out).split() == unwrapped(piped).split()
+    too_long = [line for line in result.out.splitlines() if len(line) > columns]
+    # A name and a word, or a word, that does not fit in.
+    assert all(len(line.split()) <= 2 for line in too_long)
+
+
+def test_control_characters_of_a_file_are_escaped(bmci2c):
+    profile = bmci2c.profile(node(data=[0]), bios_id="P7\033[2J\x9b\nE")
+    assert "  BIOS identifier  P7\\x1b[2J\\xc2\\x9b\\x0aE\n" in bmci2c.simulate(profile, "info").out
+    assert bmci2c.simulate(profile, "info", "--json").json()["bios_id"] == "P7\033[2J\x9b\nE"
 
 
 def test_missing_module_ends_with_3(bmci2c):

@@ -6,7 +6,7 @@ import socket
 import subprocess
 
 import pytest
-from conftest import RECORD
+from conftest import RECORD, unwrapped
 
 PASSWORD = "sesame-open"
 
@@ -68,6 +68,6 @@ def test_password_in_the_settings_file_is_an_error_that_does_not_show_it(bmci2c,
         file.write(f'password = "{PASSWORD}"\n')
     for command in ("run", "info", "doctor"):
         result = bmci2c("--config", config, command)
-        said = result.out + result.err
+        said = unwrapped(result.out) + result.err
         assert "key 'controller[0].password': found an unknown key, allowed are " in said
         assert PASSWORD not in said

@@ -115,7 +115,7 @@ def test_sfcb_gets_the_classes_for_published_bases_and_the_registrations(servers
     assert lines[0] == "Classes: " + servers.schema["bmci2c-published.mof"] + PUBLISHED
     assert lines[2] == "Running: sfcbrepos -f"
     assert lines[3] == "Registered 23 classes in root/QUVSD."
-    assert lines[4].startswith("Next: see that providerDirs in sfcb.cfg names /")
+    assert lines[4].startswith("Next: make sure that providerDirs in sfcb.cfg names /")
     assert lines[4].endswith(", and restart sfcb.")
 
 
@@ -135,7 +135,7 @@ def test_sfcb_is_unregistered_by_the_names_that_were_staged(servers):
         ["sfcbrepos", "-f"],
     ]
     assert result.out.splitlines()[2:] == [
-        "The module is not registered with sfcb any more.",
+        "The module is no longer registered with sfcb.",
         "Next: restart sfcb.",
     ]
 
@@ -187,7 +187,7 @@ def test_pegasus_can_be_unregistered_twice(servers):
     result = servers.call("unregister", "pegasus")
     assert result.code == 0
     assert servers.calls() == [["cimprovider", "-l"]]
-    assert "The module is not registered with OpenPegasus any more." in result.out
+    assert "The module is no longer registered with OpenPegasus." in result.out
 
 
 def test_pegasus_with_published_classes_gets_no_base_class(servers):
@@ -219,6 +219,55 @@ def test_dry_run_says_which_commands_depend_on_the_servers_answer(servers):
     lines = servers.call("register", "pegasus", "--dry-run").out.splitlines()
     assert lines[1:4] == removal
     assert [line.split(" -n")[0] for line in lines[4:]] == 2 * ["Would run: cimmof"]
+
+
+def test_registration_as_json_tells_what_was_done(servers):
+    servers.install(*SFCB)
+    result = servers.call("register", "sfcb", "--json")
+    assert (result.code, result.err) == (0, "")
+    outcome = result.json()
+    note = outcome.pop("note")
+    assert note.startswith("Next: make sure that providerDirs in sfcb.cfg names /")
+    assert outcome == {
+        "format_version": 1,
+        "action": "register",
+        "server": "sfcb",
+        "dry_run": False,
+        "files": {
+            "mof": servers.schema["bmci2c-published.mof"],
+            "registrations": servers.schema["bmci2c.reg"],
+        },
+        "steps": [{"command": call, "condition": None} for call in servers.calls()],
+    }
+    assert servers.calls() == sfcb_calls(servers)
+
+
+def test_dry_run_as_json_tells_what_would_be_done(servers):
+    result = servers.call("unregister", "pegasus", "--dry-run", "--json", root=False)
+    assert (result.code, result.err) == (0, "")
+    outcome = result.json()
+    assert (outcome["action"], outcome["server"]) == ("unregister", "pegasus")
+    assert outcome["dry_run"] is True
+    listing = [{"command": ["cimprovider", "-l"], "condition": None}]
+    removal = [{"command": call, "condition": MODULE} for call in REMOVAL]
+    assert outcome["steps"] == listing + removal
+    assert outcome["note"] == "Its classes stay in root/QUVSD, without a provider."
+
+
+def test_module_that_was_registered_before_is_no_condition_afterwards(servers):
+    servers.install(*PEGASUS)
+    servers.answer("cimprovider -l", output=f"{MODULE}\n")
+    steps = servers.call("unregister", "pegasus", "--json").json()["steps"]
+    assert [step["command"] for step in steps] == servers.calls()
+    assert {step["condition"] for step in steps} == {None}
+
+
+def test_registration_that_fails_is_an_object_with_json(servers):
+    result = servers.call("register", "sfcb", "--json")
+    assert result.code == 3
+    error = result.json()["error"]
+    assert error["text"] == "The program 'sfcbstage' of sfcb is in no folder of PATH."
+    assert result.err == f"bmci2c: {error['text']} {error['advice']}\n"
 
 
 @pytest.mark.parametrize(

@@ -74,6 +74,8 @@ WRONG_LINES = {
     "enumerate X --after-runs -1": refused(
         "--after-runs must be a whole number of at least 0, not '-1'.", "enumerate"
     ),
+    "--color red info": refused("--color must be auto, always or never, not 'red'.", "info"),
+    "--color": refused("--color needs a value: --color WHEN."),
     "serve --max-depth 1001": refused(
         "--max-depth must be a whole number from 1 to 1000, not '1001'.", "serve"
     ),
@@ -205,3 +207,53 @@ def test_relative_paths_start_at_the_working_directory(bmci2c, monkeypatch):
     monkeypatch.chdir(bmci2c.folder)
     result = bmci2c.bare("--root", "root", "--simulate", "profile.toml", "run", "--json")
     assert result.code == 0
+
+
+@pytest.mark.parametrize("columns", [40, 50, 80, 100])
+@pytest.mark.parametrize("command", [[], *([command] for command in COMMANDS)], ids="".join)
+def test_help_fits_into_the_terminal(bmci2c, command, columns):
+    piped = bmci2c.bare(*command, "--help").out
+    assert max(len(line) for line in piped.splitlines()) <= 80
+    result = bmci2c.on_terminal(*command, "--help", columns=columns)
+    assert max(len(line) for line in result.out.splitlines()) <= columns
+    assert result.out.split() == piped.split()  # nothing is lost
+
+
+def test_narrow_terminal_has_40_columns_at_least(bmci2c):
+    assert (
+        bmci2c.on_terminal("--help", columns=20).out == bmci2c.on_terminal("--help", columns=40).out
+    )
+
+
+@pytest.mark.parametrize(
+    "arguments, environment, coloured",
+    [
+        ([], {}, True),
+        (["--color=auto"], {}, True),
+        (["--color", "never"], {}, False),
+        ([], {"NO_COLOR": "1"}, False),
+        (["--color=auto"], {"NO_COLOR": "1"}, False),
+        (["--color=always"], {"NO_COLOR": "1"}, True),
+        ([], {"TERM": "dumb"}, False),
+        (["--color=always"], {"TERM": "dumb"}, True),
+    ],
+    ids=lambda one: " ".join(one) if isinstance(one, (list, dict)) else None,
+)
+def test_colours_on_a_terminal(bmci2c, arguments, environment, coloured):
+    profile = bmci2c.profile(node(data=[0]))
+    result = bmci2c.on_terminal("--simulate", profile, *arguments, "doctor", env=environment)
+    assert ("\033[" in result.out) == coloured
+
+
+@pytest.mark.parametrize("colour, coloured", [("auto", False), ("always", True), ("never", False)])
+def test_colours_in_a_file(bmci2c, colour, coloured):
+    profile = bmci2c.profile(node(data=[0]))
+    result = bmci2c.simulate(profile, "doctor", f"--color={colour}", env={"NO_COLOR": "1"})
+    assert ("\033[" in result.out) == coloured
+
+
+def test_control_characters_of_a_wrong_line_are_escaped(bmci2c):
+    assert "Unknown command '\\x1b[2J'. " in bmci2c.bare("\033[2J").err
+    result = bmci2c.bare("--config", "/\033[2J", "info")
+    assert "/\\x1b[2J: The file cannot be read" in result.err
+    assert "\033" not in result.err

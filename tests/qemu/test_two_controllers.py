@@ -117,8 +117,9 @@ def test_user_without_rights_is_told_so(machine):
 
 
 def controller_checks(result):
-    """The lines of `doctor` that tell of devices and controllers."""
-    return re.findall(r"^(?:OK     |WRONG  )(?:devices|device|controller)\b.*", result.out, re.M)
+    """The paragraphs of `doctor` that tell of devices and controllers."""
+    text = re.sub(r"\n {6}", " ", result.out)
+    return re.findall(r"^(?:OK|WARN|FAIL) +(?:devices|device|controller)\b.*", text, re.MULTILINE)
 
 
 def test_doctor_asks_the_controllers_who_they_are(machine):
@@ -126,11 +127,11 @@ def test_doctor_asks_the_controllers_who_they_are(machine):
     assert (result.code, result.err) == (0, "")
     assert controller_checks(result) == [
         *(
-            f"OK     device /dev/ipmi{node}: The device /dev/ipmi{node} may be read and written."
+            f"OK    device /dev/ipmi{node}: The device /dev/ipmi{node} may be read and written."
             for node in (0, 1)
         ),
         *(
-            f"OK     controller {node}: Controller {node}, inband /dev/ipmi{node}, answers: "
+            f"OK    controller {node}: Controller {node}, inband /dev/ipmi{node}, answers: "
             f"manufacturer 0, product {node + 1}, firmware 1.00."
             for node in (0, 1)
         ),
@@ -142,12 +143,12 @@ def test_doctor_of_a_user_without_rights_tells_so(machine):
     assert result.code == 1
     assert controller_checks(result) == [
         *(
-            f"WRONG  device /dev/ipmi{node}: The device /dev/ipmi{node} cannot be read and written: "
-            "Permission denied. Call the test as root, or as a user who may do both."
+            f"FAIL  device /dev/ipmi{node}: The device /dev/ipmi{node} cannot be read and written: "
+            "Permission denied. Run the test as root, or as a user who may do both."
             for node in (0, 1)
         ),
         *(
-            f"WRONG  controller {node}: Controller {node}, inband /dev/ipmi{node}, is not reached: "
+            f"FAIL  controller {node}: Controller {node}, inband /dev/ipmi{node}, is not reached: "
             f"The device /dev/ipmi{node} cannot be opened: Permission denied. Run as root, or as a "
             "user who may read and write it."
             for node in (0, 1)
@@ -177,7 +178,7 @@ def test_driver_that_is_not_loaded_is_told_so(machine):
     assert (outcome.code, outcome.verdict) == (2, "not completed")
     assert outcome.records == []
     assert set(outcome.log) == {NO_DEVICE}
-    assert controller_checks(examined) == ["WRONG  devices: " + NO_DEVICE.removeprefix("SP: ")]
+    assert controller_checks(examined) == ["FAIL  devices: " + NO_DEVICE.removeprefix("SP: ")]
 
 
 def test_controller_that_falls_silent_is_not_completed(machine, controllers):

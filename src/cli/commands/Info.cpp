@@ -3,6 +3,7 @@
 #include <cli/Json.h>
 #include <cli/LogCapture.h>
 #include <cli/Machine.h>
+#include <cli/Printable.h>
 #include <cli/SettingList.h>
 #include <cli/Text.h>
 #include <cli/commands/Commands.h>
@@ -19,6 +20,7 @@ namespace cli {
 namespace {
 
 constexpr const char* kNone = "(none)";
+constexpr std::size_t kHanging = 4;
 
 using Rows = std::vector<std::pair<std::string, std::string>>;
 
@@ -84,7 +86,7 @@ std::string Plain(const Json& value) {
     if (value.is_null()) return kNone;
     if (value.is_string()) {
         const auto text = value.get<std::string>();
-        return text.empty() ? kNone : text;
+        return text.empty() ? kNone : PrintableLine(text);
     }
     if (!value.is_array()) return value.dump();
     std::vector<std::string> items;
@@ -98,14 +100,14 @@ std::string OriginText(const Json& setting) {
     return setting["place"].is_null() ? origin : origin + " " + Plain(setting["place"]);
 }
 
-std::string SettingsText(const Json& settings) {
+std::string SettingsText(const Json& settings, std::size_t width) {
     Rows rows;
     for (const auto& [name, setting] : settings.items())
         rows.emplace_back(name, Plain(setting["value"]) + "  [" + OriginText(setting) + "]");
-    return Table(rows);
+    return Table(rows, width);
 }
 
-std::string ControllersText(const Json& controllers) {
+std::string ControllersText(const Json& controllers, std::size_t width) {
     Rows rows;
     for (const Json& controller : controllers) {
         std::string text;
@@ -113,33 +115,36 @@ std::string ControllersText(const Json& controllers) {
             text += text.empty() ? Plain(value) : ", " + name + " " + Plain(value);
         rows.emplace_back("node " + std::to_string(rows.size()), text);
     }
-    return rows.empty() ? "  none found\n" : Table(rows);
+    return rows.empty() ? "  none found\n" : Table(rows, width);
 }
 
-std::string RegistrationsText(const Json& registrations) {
+std::string RegistrationsText(const Json& registrations, std::size_t width) {
     Rows rows;
     for (const Json& one : registrations)
         rows.emplace_back(Plain(one["class"]), Plain(one["types"]));
-    return Table(rows);
+    return Table(rows, width);
 }
 
-std::string InfoText(const Json& info) {
+std::string InfoText(const Json& info, std::size_t width) {
     std::string text = Table({{"Module", Plain(info["module"])},
                               {"Schema", Plain(info["schema"])},
                               {"Catalog", Plain(info["catalog"])},
                               {"Machine type", Plain(info["machine_type"])},
-                              {"BIOS identifier", Plain(info["bios_id"])}});
-    text += "\nControllers\n" + ControllersText(info["controllers"]);
-    text += "\nSettings in force\n" + SettingsText(info["settings"]);
+                              {"BIOS identifier", Plain(info["bios_id"])}},
+                             width);
+    text += "\nControllers\n" + ControllersText(info["controllers"], width);
+    text += "\nSettings in force\n" + SettingsText(info["settings"], width);
     text += "\nRegistrations: " + Counted(info["registrations"].size(), "class", "classes") + "\n" +
-            RegistrationsText(info["registrations"]);
-    for (const Json& trouble : info["troubles"]) text += "\n" + Plain(trouble) + "\n";
+            RegistrationsText(info["registrations"], width);
+    for (const Json& trouble : info["troubles"])
+        text += "\n" + Wrap(Plain(trouble), width, 0, kHanging);
     return text;
 }
 
 int Info(const Session& session, bool asJson) {
     const Json info = InfoJson(session);
-    std::cout << (asJson ? JsonText(info) : InfoText(info));
+    std::cout << (asJson ? JsonText(info)
+                         : InfoText(info, StandardOutput(session.options.colour).width));
     return kSuccess;
 }
 

@@ -4,6 +4,7 @@
 #include <cli/ExitCodes.h>
 #include <cli/InvokeAdvice.h>
 #include <cli/Json.h>
+#include <cli/Printable.h>
 #include <cli/Text.h>
 #include <cli/TypedArguments.h>
 #include <cli/commands/Commands.h>
@@ -37,7 +38,7 @@ int Invoke(const Session& session, const InvokeOptions& options) {
                                {"return_value", ToJson(result.returnValue)},
                                {"out", ToJson(result.out)}});
     } else if (result.status.IsOk()) {
-        std::cout << "return value = " << ValueText(result.returnValue) << '\n'
+        std::cout << "return value = " << Printable(ValueText(result.returnValue)) << '\n'
                   << ValuesText(result.out);
     }
     if (result.status.IsOk()) return kSuccess;

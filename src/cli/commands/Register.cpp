@@ -1,5 +1,7 @@
 #include <cli/Errors.h>
 #include <cli/ExitCodes.h>
+#include <cli/Json.h>
+#include <cli/Printable.h>
 #include <cli/Text.h>
 #include <cli/commands/Commands.h>
 #include <cli/registration/CimServer.h>
@@ -9,6 +11,7 @@
 #include <iostream>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace cli {
 
@@ -23,6 +26,7 @@ struct RegisterOptions {
     std::string server;
     PegasusOptions pegasus;
     bool dryRun = false;
+    bool asJson = false;
 };
 
 std::unique_ptr<CimServer> Chosen(const RegisterOptions& options) {
@@ -46,29 +50,89 @@ RegistrationFiles FilesFor(const Session& session, const CimServer& server) {
         SchemaFile(session, server.RegistrationsName())};
 }
 
+std::string ClassesText(const RegistrationFiles& files, bool hasPublishedClasses) {
+    return "Classes: " + files.mof +
+           (hasPublishedClasses ? ", for a namespace that holds the published CIM classes."
+                                : ", with the base classes, for a namespace that holds none.");
+}
+
+// Tells people of each step at once; scripts get one JSON object at the end.
+class Progress {
+public:
+    explicit Progress(const RegisterOptions& itsOptions) : options(itsOptions) {}
+
+    void Say(const std::string& line) const {
+        if (!options.asJson) std::cout << PrintableLine(line) << std::endl;
+    }
+
+    void Announce(const Step& step) {
+        const std::string condition =
+            step.condition.empty() ? "" : ", if that lists " + step.condition;
+        Say((options.dryRun ? "Would run" + condition : "Running") + ": " + StepText(step));
+        steps.push_back(step);
+    }
+
+    // `note` is what is left to the user.
+    void Finish(const std::string& action, const RegistrationFiles& files,
+                const std::string& note) const {
+        if (!options.asJson) return;
+        std::cout << JsonText(
+            {{"format_version", kFormatVersion},
+             {"action", action},
+             {"server", options.server},
+             {"dry_run", options.dryRun},
+             {"files", {{"mof", files.mof}, {"registrations", files.registrations}}},
+             {"steps", StepsJson()},
+             {"note", note}});
+    }
+
+private:
+    Json StepsJson() const {
+        Json array = Json::array();
+        for (const Step& step : steps)
+            array.push_back(
+                {{"command", step.command},
+                 {"condition", step.condition.empty() ? Json() : Json(step.condition)}});
+        return array;
+    }
+
+    const RegisterOptions& options;
+    std::vector<Step> steps;
+};
+
+ServerTools ToolsFor(const CimServer& server, const RegisterOptions& options, Progress& progress) {
+    return {server.Package(), options.dryRun,
+            [&progress](const Step& step) { progress.Announce(step); }};
+}
+
 int Register(const Session& session, const RegisterOptions& options) {
     const auto server = Chosen(options);
     const RegistrationFiles files = FilesFor(session, *server);
-    ServerTools tools(server->Package(), options.dryRun, std::cout);
-    std::cout << "Classes: " << files.mof
-              << (server->HasPublishedClasses()
-                      ? ", for a namespace that holds the published CIM classes.\n"
-                      : ", with the base classes, for a namespace that holds none.\n");
+    Progress progress(options);
+    ServerTools tools = ToolsFor(*server, options, progress);
+    progress.Say(ClassesText(files, server->HasPublishedClasses()));
     server->Register(tools, files);
-    if (options.dryRun) return kSuccess;
-    const std::size_t count = host::ReadRegistrations(session.files.registrations).size();
-    std::cout << "Registered " << Counted(count, "class", "classes") << " in root/QUVSD.\n"
-              << server->AfterRegister(fs::path(session.files.module).parent_path()) << '\n';
+    const std::string note = server->AfterRegister(fs::path(session.files.module).parent_path());
+    if (!options.dryRun) {
+        const std::size_t count = host::ReadRegistrations(session.files.registrations).size();
+        progress.Say("Registered " + Counted(count, "class", "classes") + " in root/QUVSD.");
+        progress.Say(note);
+    }
+    progress.Finish("register", files, note);
     return kSuccess;
 }
 
 int Unregister(const Session& session, const RegisterOptions& options) {
     const auto server = Chosen(options);
-    ServerTools tools(server->Package(), options.dryRun, std::cout);
-    server->Unregister(tools, FilesFor(session, *server));
-    if (options.dryRun) return kSuccess;
-    std::cout << "The module is not registered with " << server->Package().server << " any more.\n"
-              << server->AfterUnregister() << '\n';
+    const RegistrationFiles files = FilesFor(session, *server);
+    Progress progress(options);
+    ServerTools tools = ToolsFor(*server, options, progress);
+    server->Unregister(tools, files);
+    if (!options.dryRun) {
+        progress.Say("The module is no longer registered with " + server->Package().server + ".");
+        progress.Say(server->AfterUnregister());
+    }
+    progress.Finish("unregister", files, server->AfterUnregister());
     return kSuccess;
 }
 
@@ -81,7 +145,8 @@ CommandOptions AddServerCommand(CommandSet& commands, const std::string& name,
         name, description,
         [options, action](const Session& session) { return action(session, *options); });
     command.Choice("SERVER", options->server, {kSfcb, kPegasus}, "sfcb or pegasus (OpenPegasus)")
-        .Flag("--dry-run", options->dryRun, "Print the server's commands and run none");
+        .Flag("--dry-run", options->dryRun, "Print the server's commands and run none")
+        .Flag("--json", options->asJson, "Print one JSON object: files, steps and what is left");
     return command;
 }
 
@@ -92,9 +157,9 @@ void AddRegister(CommandSet& commands) {
     AddServerCommand(commands, "register", "Register the module with a CIM server", Register,
                      options)
         .Text("--interop", "NAMESPACE", options->pegasus.interop,
-              "Of OpenPegasus: the namespace of its registrations")
+              "OpenPegasus: the namespace of its registrations")
         .Flag("--published-classes", options->pegasus.hasPublishedClasses,
-              "Of OpenPegasus: root/QUVSD holds the published CIM classes");
+              "OpenPegasus: root/QUVSD holds the published CIM classes");
 }
 
 void AddUnregister(CommandSet& commands) {

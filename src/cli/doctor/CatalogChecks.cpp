@@ -64,14 +64,13 @@ std::vector<std::string> GenericEntries(const platform::OxcFamily& oxc) {
 }
 
 Check CheckReading(const std::string& path, const CatalogReader& reader, std::size_t entries) {
-    constexpr const char* kMend =
-        "Mend that; docs/catalog-guide.md tells how catalogs are written.";
+    constexpr const char* kFix = "Fix it; docs/catalog-guide.md explains how to write a catalog.";
     if (reader.errorCount != 0)
         return Bad(kReadingName,
                    "The catalog " + path + " has " + Counted(reader.errorCount, "error", "errors") +
                        ", the first in " + Sentence(reader.firstError),
-                   kMend);
-    if (entries == 0) return Bad(kReadingName, "The catalog " + path + " has no machine.", kMend);
+                   kFix);
+    if (entries == 0) return Bad(kReadingName, "The catalog " + path + " has no machine.", kFix);
     return Good(kReadingName,
                 "The catalog " + path + " has " + Counted(entries, "entry", "entries") + ".");
 }
@@ -93,7 +92,7 @@ Check CheckMachine(const std::set<std::string>& types, const CatalogMachine& mac
         return Bad(kMachineName,
                    "Neither machine type nor BIOS identifier is known, so no entry of the catalog "
                    "is this machine's.",
-                   "Do what the checks of the two say.");
+                   "Fix those two checks first.");
     return Bad(
         kMachineName,
         "The catalog knows neither the machine type \"" + machine.type +

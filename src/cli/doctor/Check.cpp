@@ -18,16 +18,26 @@ std::string OneLine(std::string text) {
 }  // namespace
 
 Check Good(const std::string& name, const std::string& text) {
-    return {name, true, OneLine(text), ""};
+    return {name, Grade::Ok, OneLine(text), ""};
+}
+
+Check Warning(const std::string& name, const std::string& text, const std::string& advice) {
+    return {name, Grade::Warn, OneLine(text), OneLine(advice)};
 }
 
 Check Bad(const std::string& name, const std::string& text, const std::string& advice) {
-    return {name, false, OneLine(text), OneLine(advice)};
+    return {name, Grade::Fail, OneLine(text), OneLine(advice)};
 }
 
 Check BadFrom(const std::string& name, const std::string& trouble, const std::string& advice) {
     const Problem problem = SplitMessage(trouble);
     return Bad(name, problem.text, problem.advice.empty() ? advice : problem.advice);
+}
+
+Grade WorstOf(const Checks& checks) {
+    Grade worst = Grade::Ok;
+    for (const Check& check : checks) worst = std::max(worst, check.grade);
+    return worst;
 }
 
 }  // namespace cli

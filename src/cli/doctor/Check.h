@@ -6,9 +6,11 @@
 
 namespace cli {
 
+enum class Grade { Ok, Warn, Fail };
+
 struct Check {
     std::string name;  // what was looked at; scripts rely on it
-    bool ok = true;
+    Grade grade = Grade::Ok;
     std::string text;    // full sentences, in one line
     std::string advice;  // what to do; empty when all is well
 };
@@ -16,10 +18,14 @@ struct Check {
 using Checks = std::vector<Check>;
 
 Check Good(const std::string& name, const std::string& text);
+Check Warning(const std::string& name, const std::string& text, const std::string& advice);
 Check Bad(const std::string& name, const std::string& text, const std::string& advice);
 
 // A trouble whose first sentence says what is wrong and whose other ones say what to do; `advice`
 // stands in where there are no others.
 Check BadFrom(const std::string& name, const std::string& trouble, const std::string& advice);
+
+// The worst of them; OK when there are none.
+Grade WorstOf(const Checks& checks);
 
 }  // namespace cli

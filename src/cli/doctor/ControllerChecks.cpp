@@ -24,7 +24,7 @@ Check CheckDevice(const std::string& path) {
     return Bad(
         name,
         "The device " + path + " cannot be read and written: " + platform::ReasonText(reason) + ".",
-        reason == ENOENT ? kLoadDriver : "Call the test as root, or as a user who may do both.");
+        reason == ENOENT ? kLoadDriver : "Run the test as root, or as a user who may do both.");
 }
 
 Check CheckController(const ProbedNode& node) {

@@ -29,7 +29,7 @@ CatalogMachine MachineOf(const platform::Settings& settings) {
 
 Check NotLookedAt(const std::string& name) {
     return Bad(name, "This depends on the settings, which cannot be read.",
-               "Mend the settings first.");
+               "Fix the settings first.");
 }
 
 }  // namespace
@@ -51,15 +51,6 @@ Checks Examine(const Session& session) {
             checks.push_back(NotLookedAt(name));
     }
     return checks;
-}
-
-std::string ChecksText(const Checks& checks) {
-    std::string text;
-    for (const Check& check : checks) {
-        text += (check.ok ? "OK     " : "WRONG  ") + check.name + ": " + check.text;
-        text += check.advice.empty() ? "\n" : " " + check.advice + "\n";
-    }
-    return text;
 }
 
 }  // namespace cli

@@ -10,7 +10,4 @@ namespace cli {
 // them is not looked at, which is a trouble, too. No controller is asked more than Get Device ID.
 Checks Examine(const Session& session);
 
-// "OK" or "WRONG", the name, the text and the advice: a line for each.
-std::string ChecksText(const Checks& checks);
-
 }  // namespace cli

@@ -12,6 +12,8 @@ using platform::Setting;
 using platform::SmbiosSource;
 using platform::SmbiosText;
 
+constexpr const char* kUnsetBiosId = "00";
+
 struct Text {
     std::string name;
     std::string key;    // under [machine], in the place of SMBIOS's text
@@ -39,11 +41,17 @@ Check CheckText(const Text& text, const SmbiosText& read) {
 }  // namespace
 
 Checks CheckSmbios(const platform::Settings& settings) {
-    return {
-        CheckText({"machine type", "type", "", settings.machineType, settings.machineTypeSource},
-                  platform::ReadMachineType(settings)),
-        CheckText({"BIOS identifier", "bios_id", "00", settings.biosId, settings.biosIdSource},
-                  platform::ReadBiosId(settings))};
+    const SmbiosText type = platform::ReadMachineType(settings);
+    const SmbiosText biosId = platform::ReadBiosId(settings);
+    const Check typeCheck = CheckText(
+        {"machine type", "type", "", settings.machineType, settings.machineTypeSource}, type);
+    Check biosCheck = CheckText(
+        {"BIOS identifier", "bios_id", kUnsetBiosId, settings.biosId, settings.biosIdSource},
+        biosId);
+    // The catalog finds the machine by its type alone, too.
+    const bool isMissing = biosId.text.empty() || biosId.text == kUnsetBiosId;
+    if (isMissing && !type.text.empty()) biosCheck.grade = Grade::Warn;
+    return {typeCheck, biosCheck};
 }
 
 }  // namespace cli

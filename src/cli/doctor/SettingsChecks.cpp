@@ -33,8 +33,9 @@ Check CheckSettingsFile(const Settings& settings) {
         return Good(kName, "There is no settings file " + platform::DefaultSettingsFile() +
                                ", so the defaults hold.");
     if (IsWritableByOthers(file))
-        return Bad(kName, "The settings file " + file + " may be written by others than its owner.",
-                   "Take that away with: chmod go-w " + file);
+        return Bad(kName,
+                   "The settings file " + file + " is writable by users other than its owner.",
+                   "Run: chmod go-w " + file);
     return Good(kName, "The settings file " + file + " is right.");
 }
 
@@ -89,9 +90,8 @@ void CheckPasswordFiles(const Settings& settings, Checks& checks) {
 
 Checks CheckSettings(const Settings& settings) {
     if (!settings.problem.empty())
-        return {
-            BadFrom("settings", settings.problem,
-                    "Write there what is allowed; docs/platform-settings.md tells of every key.")};
+        return {BadFrom("settings", settings.problem,
+                        "Give an allowed value; docs/platform-settings.md explains every key.")};
     Checks checks = {CheckSettingsFile(settings)};
     if (const std::string& profile = settings.profileFile.value; !profile.empty())
         checks.push_back(

@@ -33,7 +33,7 @@ public:
     }
 
     std::string AfterRegister(const std::string& moduleFolder) const override {
-        return "Next: see that the server's option providerDir names " + moduleFolder +
+        return "Next: make sure that the server's option providerDir names " + moduleFolder +
                " (cimconfig -g providerDir).";
     }
 

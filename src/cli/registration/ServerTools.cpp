@@ -2,8 +2,8 @@
 #include <cli/registration/ServerTools.h>
 #include <unistd.h>
 
-#include <ostream>
 #include <sstream>
+#include <utility>
 
 namespace cli {
 
@@ -39,8 +39,11 @@ bool HasLine(const std::string& text, const std::string& line) {
 
 }  // namespace
 
-ServerTools::ServerTools(const ServerPackage& package, bool isDryRun, std::ostream& stream)
-    : dryRun(isDryRun), out(stream) {
+std::string StepText(const Step& step) { return CommandLine(step.command); }
+
+ServerTools::ServerTools(const ServerPackage& package, bool isDryRun,
+                         std::function<void(const Step&)> announceStep)
+    : dryRun(isDryRun), announce(std::move(announceStep)) {
     if (dryRun) return;
     for (const std::string& program : package.programs)
         if (FindProgram(program).empty())
@@ -54,27 +57,22 @@ ServerTools::ServerTools(const ServerPackage& package, bool isDryRun, std::ostre
 }
 
 void ServerTools::Run(const CommandWords& command) {
-    Announce(command);
+    announce({command, condition});
     if (!dryRun) RunRequired(command);
 }
 
 void ServerTools::Try(const CommandWords& command) {
-    Announce(command);
+    announce({command, condition});
     if (!dryRun) RunProgram(command);
 }
 
 void ServerTools::WhenPrinted(const CommandWords& command, const std::string& line,
                               const std::function<void()>& rest) {
-    Announce(command);
+    announce({command, condition});
     if (!dryRun && !HasLine(RunRequired(command), line)) return;
-    condition = ", if that lists " + line;
+    if (dryRun) condition = line;
     rest();
     condition.clear();
-}
-
-void ServerTools::Announce(const CommandWords& command) {
-    out << (dryRun ? "Would run" + condition : "Running") << ": " << CommandLine(command) << '\n'
-        << std::flush;
 }
 
 }  // namespace cli

@@ -1,12 +1,11 @@
-// The programs that a CIM server brings for its administrators: runs them and tells the user so, or
-// only tells what would be run.
+// The programs that a CIM server brings for its administrators: runs them and announces each, or
+// only announces what would be run.
 #pragma once
 
 #include <cli/Errors.h>
 #include <cli/registration/ExternalProgram.h>
 
 #include <functional>
-#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -25,12 +24,22 @@ struct ServerPackage {
     std::vector<std::string> programs;  // on the PATH
 };
 
+// A command of the server's programs.
+struct Step {
+    CommandWords command;
+    std::string condition;  // in a dry run, the line that an earlier command must print; or empty
+};
+
+// The step as a shell reads it.
+std::string StepText(const Step& step);
+
 class ServerTools {
 public:
-    // `dryRun`: nothing is run. Otherwise throws RegistrationError when one of the server's
-    // programs is missing, or when this process is not root's: servers keep their files from
-    // others.
-    ServerTools(const ServerPackage& package, bool dryRun, std::ostream& out);
+    // `announce` gets each step before it is run. `dryRun`: nothing is run. Otherwise throws
+    // RegistrationError when one of the server's programs is missing, or when this process is not
+    // root's: servers keep their files from others.
+    ServerTools(const ServerPackage& package, bool dryRun,
+                std::function<void(const Step&)> announce);
 
     // Runs a command that must succeed; throws RegistrationError with its output when it does not.
     void Run(const CommandWords& command);
@@ -39,16 +48,14 @@ public:
     void Try(const CommandWords& command);
 
     // Runs a command that must succeed, and does the rest when `line` is among the lines that it
-    // prints. A dry run does the rest in any case, and says of each command what it depends on.
+    // prints. A dry run does the rest in any case, on that condition.
     void WhenPrinted(const CommandWords& command, const std::string& line,
                      const std::function<void()>& rest);
 
 private:
-    void Announce(const CommandWords& command);
-
     bool dryRun;
-    std::ostream& out;
-    std::string condition;  // of a dry run's next commands; empty for none
+    std::function<void(const Step&)> announce;
+    std::string condition;  // of the next steps
 };
 
 }  // namespace cli

@@ -38,7 +38,7 @@ public:
     }
 
     std::string AfterRegister(const std::string& moduleFolder) const override {
-        return "Next: see that providerDirs in sfcb.cfg names " + moduleFolder +
+        return "Next: make sure that providerDirs in sfcb.cfg names " + moduleFolder +
                ", and restart sfcb.";
     }
 

@@ -22,7 +22,7 @@ protected:
     Check OfMachine(const std::string& machines, const CatalogMachine& machine) const {
         const Checks checks = CheckCatalog(Write(machines), machine);
         EXPECT_EQ(checks.size(), 2u);
-        EXPECT_TRUE(checks.at(0).ok);
+        EXPECT_EQ(checks.at(0).grade, Grade::Ok);
         return checks.at(1);
     }
 
@@ -31,7 +31,7 @@ protected:
 
 constexpr const char* kCatalog = "catalog";
 constexpr const char* kMachine = "machine in the catalog";
-constexpr const char* kMend = "Mend that; docs/catalog-guide.md tells how catalogs are written.";
+constexpr const char* kMend = "Fix it; docs/catalog-guide.md explains how to write a catalog.";
 
 TEST_F(CatalogChecks, CatalogThatIsRead_IsGoodWithItsNumberOfEntries) {
     const std::string path = Write(Entry("GENERIC_QUV") + Entry("7000"));
@@ -68,7 +68,7 @@ TEST_F(CatalogChecks, SyntaxError_IsBadWithItsLine) {
     const std::string path =
         folder.Write("bmci2c.msg.xml", "<bmci2cmsg version=\"1.0\">\n<machine\n");
     const Check check = CheckCatalog(path, {}).at(0);
-    EXPECT_FALSE(check.ok);
+    EXPECT_EQ(check.grade, Grade::Fail);
     EXPECT_EQ(check.text, "The catalog " + path +
                               " has 1 error, the first in line 2: Not well-formed XML at column 1: "
                               "unclosed token. Nothing from here on is read.");
@@ -79,7 +79,7 @@ TEST_F(CatalogChecks, NumberThatIsNone_IsBadWithItsLine) {
         "<machine type=\"7000\">\n<property name=\"message\" index=\"x\">\n"
         "<value>text</value></property>\n</machine>\n");
     const Check check = CheckCatalog(path, {}).at(0);
-    EXPECT_FALSE(check.ok);
+    EXPECT_EQ(check.grade, Grade::Fail);
     EXPECT_THAT(check.text,
                 testing::StartsWith("The catalog " + path + " has 1 error, the first in line "));
 }
@@ -113,7 +113,7 @@ TEST_F(CatalogChecks, MachineThatIsNotKnown_IsBad) {
         Bad(kMachine,
             "Neither machine type nor BIOS identifier is known, so no entry of the catalog is "
             "this machine's.",
-            "Do what the checks of the two say."));
+            "Fix those two checks first."));
 }
 
 Check NoGenericEntry(const std::string& entry) {
@@ -126,8 +126,8 @@ Check NoGenericEntry(const std::string& entry) {
 TEST_F(CatalogChecks, GenericEntryOfTheFamily_MustBeThere) {
     const std::string standard = Entry("GENERIC_QUV") + Entry("7000");
     const std::string oxc = Entry("GENERIC_QUV_OXC") + Entry("7000");
-    EXPECT_TRUE(OfMachine(standard, {"7000", "", false}).ok);
-    EXPECT_TRUE(OfMachine(oxc, {"7000", "", true}).ok);
+    EXPECT_EQ(OfMachine(standard, {"7000", "", false}).grade, Grade::Ok);
+    EXPECT_EQ(OfMachine(oxc, {"7000", "", true}).grade, Grade::Ok);
     EXPECT_EQ(OfMachine(standard, {"7000", "", true}), NoGenericEntry("GENERIC_QUV_OXC"));
     EXPECT_EQ(OfMachine(oxc, {"7000", "", false}), NoGenericEntry("GENERIC_QUV"));
 }
@@ -136,7 +136,7 @@ TEST_F(CatalogChecks, FamilyByProducts_NeedsBothGenericEntries) {
     const CatalogMachine machine{"7000", "", std::vector<platform::ControllerProduct>{}};
     const std::string entries = Entry("GENERIC_QUV") + Entry("7000");
     EXPECT_EQ(OfMachine(entries, machine), NoGenericEntry("GENERIC_QUV_OXC"));
-    EXPECT_TRUE(OfMachine(entries + Entry("GENERIC_QUV_OXC"), machine).ok);
+    EXPECT_EQ(OfMachine(entries + Entry("GENERIC_QUV_OXC"), machine).grade, Grade::Ok);
 }
 
 }  // namespace

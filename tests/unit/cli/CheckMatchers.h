@@ -9,13 +9,13 @@
 namespace cli {
 
 inline bool operator==(const Check& left, const Check& right) {
-    return left.name == right.name && left.ok == right.ok && left.text == right.text &&
+    return left.name == right.name && left.grade == right.grade && left.text == right.text &&
            left.advice == right.advice;
 }
 
 inline std::ostream& operator<<(std::ostream& output, const Check& check) {
-    return output << (check.ok ? "OK " : "WRONG ") << check.name << ": " << check.text << " | "
-                  << check.advice;
+    return output << "grade " << static_cast<int>(check.grade) << " " << check.name << ": "
+                  << check.text << " | " << check.advice;
 }
 
 }  // namespace cli

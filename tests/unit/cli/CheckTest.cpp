@@ -1,5 +1,4 @@
 #include <cli/doctor/Check.h>
-#include <cli/doctor/Doctor.h>
 
 #include "CheckMatchers.h"
 
@@ -27,11 +26,14 @@ TEST(Check, TextOfSeveralLines_IsOneLine) {
     EXPECT_EQ(Bad("x", "a\r\nb", "c\nd"), Bad("x", "a  b", "c d"));
 }
 
-TEST(Check, Text_HasALineForEach) {
-    EXPECT_EQ(ChecksText({Good("one", "It works."), Bad("two", "It fails.", "Mend it.")}),
-              "OK     one: It works.\n"
-              "WRONG  two: It fails. Mend it.\n");
-    EXPECT_EQ(ChecksText({}), "");
+TEST(Check, WorstOfSeveral_Counts) {
+    const Check good = Good("a", "It works.");
+    const Check warning = Warning("b", "It may work.", "Look.");
+    const Check bad = Bad("c", "It fails.", "Fix it.");
+    EXPECT_EQ(WorstOf({}), Grade::Ok);
+    EXPECT_EQ(WorstOf({good, good}), Grade::Ok);
+    EXPECT_EQ(WorstOf({warning, good}), Grade::Warn);
+    EXPECT_EQ(WorstOf({warning, bad, good}), Grade::Fail);
 }
 
 }  // namespace

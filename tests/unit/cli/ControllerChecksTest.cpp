@@ -68,7 +68,7 @@ TEST(ControllerChecks, DeviceThatIsMissing_IsBadTwice) {
               Bad("device /absent/ipmi0",
                   "The device /absent/ipmi0 cannot be read and written: No such file or directory.",
                   kLoadDriver));
-    EXPECT_FALSE(checks[1].ok);
+    EXPECT_EQ(checks[1].grade, Grade::Fail);
 }
 
 TEST(ControllerChecks, FileInThePlaceOfADevice_MayBeReadButDoesNotAnswer) {
@@ -76,9 +76,9 @@ TEST(ControllerChecks, FileInThePlaceOfADevice_MayBeReadButDoesNotAnswer) {
     const std::string device = folder.Write("ipmi0", "");
     const Checks checks = CheckControllers({}, folder.File(""));
     ASSERT_EQ(checks.size(), 2u);
-    EXPECT_TRUE(checks[0].ok);
+    EXPECT_EQ(checks[0].grade, Grade::Ok);
     EXPECT_THAT(checks[0].text, testing::EndsWith("ipmi0 may be read and written."));
-    EXPECT_FALSE(checks[1].ok);
+    EXPECT_EQ(checks[1].grade, Grade::Fail);
 }
 
 }  // namespace

@@ -56,11 +56,25 @@ TEST_F(MachineChecks, TwoZeros_AreABiosIdentifierThatWasNeverSet) {
     folder.Write("product_name", "00\n");
     folder.Write("bios_version", "00\n");
     const Checks checks = CheckSmbios(settings);
-    EXPECT_TRUE(checks.at(0).ok);
-    EXPECT_EQ(checks.at(1), Bad("BIOS identifier",
-                                "The BIOS identifier is \"00\", which stands for none, says " +
-                                    folder.File("bios_version") + ".",
-                                "Set the key bios_id under [machine] in the settings file."));
+    EXPECT_EQ(checks.at(0).grade, Grade::Ok);
+    EXPECT_EQ(checks.at(1), Warning("BIOS identifier",
+                                    "The BIOS identifier is \"00\", which stands for none, says " +
+                                        folder.File("bios_version") + ".",
+                                    "Set the key bios_id under [machine] in the settings file."));
+}
+
+TEST_F(MachineChecks, MissingBiosIdentifier_IsAWarningWhereTheMachineTypeIsKnown) {
+    folder.Write("product_name", "7000\n");
+    EXPECT_EQ(CheckSmbios(settings).at(1).grade, Grade::Warn);
+    settings.biosId.value = "";
+    EXPECT_EQ(CheckSmbios(settings).at(1).grade, Grade::Warn);
+}
+
+TEST_F(MachineChecks, MissingBiosIdentifier_IsBadWhereTheMachineTypeIsMissing) {
+    EXPECT_EQ(CheckSmbios(settings).at(1).grade, Grade::Fail);
+    folder.Write("product_name", "\n");
+    settings.biosId.value = "00";
+    EXPECT_EQ(CheckSmbios(settings).at(1).grade, Grade::Fail);
 }
 
 TEST_F(MachineChecks, TextThatCannotBeRead_IsBadWithItsReason) {

@@ -86,7 +86,7 @@ TEST_F(ModuleChecks, FilesThatAreGone_AreBadEach) {
     EXPECT_THAT(checks[0].text, StartsWith("The provider module '/absent/module.so' cannot be "
                                            "loaded: "));
     for (const Check& check : checks) {
-        EXPECT_FALSE(check.ok);
+        EXPECT_EQ(check.grade, Grade::Fail);
         EXPECT_EQ(check.advice, kReinstall);
     }
 }

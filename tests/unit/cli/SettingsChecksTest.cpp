@@ -54,19 +54,18 @@ TEST_F(SettingsChecks, FileThatOthersMayWrite_IsBad) {
     Settings settings;
     for (const mode_t mode : {0664, 0646}) {
         settings.configFile.value = Write("platform.toml", "", mode);
-        EXPECT_THAT(
-            CheckSettings(settings),
-            ElementsAre(Bad("settings",
-                            "The settings file " + folder.File("platform.toml") +
-                                " may be written by others than its owner.",
-                            "Take that away with: chmod go-w " + folder.File("platform.toml"))));
+        EXPECT_THAT(CheckSettings(settings),
+                    ElementsAre(Bad("settings",
+                                    "The settings file " + folder.File("platform.toml") +
+                                        " is writable by users other than its owner.",
+                                    "Run: chmod go-w " + folder.File("platform.toml"))));
     }
 }
 
 TEST_F(SettingsChecks, DeviceAsAFile_IsNobodysToWrite) {
     Settings settings;
     settings.configFile.value = "/dev/null";
-    EXPECT_TRUE(CheckSettings(settings).at(0).ok);
+    EXPECT_EQ(CheckSettings(settings).at(0).grade, Grade::Ok);
 }
 
 TEST_F(SettingsChecks, Problem_IsAllThatIsSaid) {
@@ -75,8 +74,8 @@ TEST_F(SettingsChecks, Problem_IsAllThatIsSaid) {
     settings.problem = "f.toml:1:2: key 'x': found 1, allowed is 2.";
     EXPECT_THAT(CheckSettings(settings),
                 ElementsAre(Bad("settings", settings.problem,
-                                "Write there what is allowed; docs/platform-settings.md tells of "
-                                "every key.")));
+                                "Give an allowed value; docs/platform-settings.md explains every "
+                                "key.")));
 }
 
 TEST_F(SettingsChecks, Profile_IsNamed) {
@@ -136,9 +135,9 @@ TEST_F(SettingsChecks, PasswordFileThatIsGone_IsBad) {
 
 TEST_F(SettingsChecks, PasswordLongerThanItsProtocolTakes_IsBadWithoutShowingIt) {
     const std::string file = Write("secret", "seventeen letters\n", 0600);
-    EXPECT_TRUE(OfPasswordFile(file).at(0).ok);
+    EXPECT_EQ(OfPasswordFile(file).at(0).grade, Grade::Ok);
     const Check check = OfPasswordFile(file, "1.5").at(0);
-    EXPECT_FALSE(check.ok);
+    EXPECT_EQ(check.grade, Grade::Fail);
     EXPECT_THAT(check.text, testing::HasSubstr("has more than 16 bytes"));
     EXPECT_THAT(check.text + check.advice, testing::Not(testing::HasSubstr("seventeen")));
 }

@@ -1,8 +1,6 @@
 #include <cli/ClassAdvice.h>
 #include <cli/Spelling.h>
-
-#include <algorithm>
-#include <cctype>
+#include <mof/Names.h>
 
 namespace cli {
 
@@ -10,27 +8,15 @@ namespace {
 
 constexpr const char* kPrefix = "QUVSG_BMCI2C_";
 
-std::string LowerCase(std::string text) {
-    std::ranges::transform(text, text.begin(), [](unsigned char letter) {
-        return static_cast<char>(std::tolower(letter));
-    });
-    return text;
-}
-
 }  // namespace
 
 std::string ClassAdvice(const std::string& className, const host::Status& status,
                         const std::vector<std::string>& known) {
     if (status.code != CMPI_RC_ERR_INVALID_CLASS) return "";
-    std::vector<std::string> names;
-    names.reserve(known.size());
-    for (const std::string& name : known) names.push_back(LowerCase(name));
-    const std::string prefix = LowerCase(kPrefix);
-    const std::string word = LowerCase(className);
-    const std::string nearest = Nearest(word.starts_with(prefix) ? word : prefix + word, names);
-    const auto found = std::ranges::find(names, nearest);
-    if (found == names.end()) return "";
-    return "Did you mean " + known[static_cast<std::size_t>(found - names.begin())] + "?";
+    const bool hasPrefix = mof::FoldedName(className).starts_with(mof::FoldedName(kPrefix));
+    const std::string nearest =
+        NearestInAnyCase(hasPrefix ? className : kPrefix + className, known);
+    return nearest.empty() ? "" : "Did you mean " + nearest + "?";
 }
 
 std::vector<std::string> RegisteredClasses(const host::Host& host) {

@@ -29,13 +29,12 @@ bool IsMeant(const host::ObjectPath& path, const host::ObjectPath& target) {
 }
 
 std::string InstanceAdvice(host::Host& host, const host::ObjectPath& target) {
-    const std::string list = "Run 'bmci2c names " + target.className + "' to see them.";
-    if (target.keys.empty()) return "Name an instance with --key NAME=VALUE. " + list;
+    if (target.keys.empty()) return "";
     const host::NamesResult known = host.EnumerateInstanceNames(target);
     if (!known.status.IsOk() ||
         std::ranges::any_of(known.names, [&](const auto& path) { return IsMeant(path, target); }))
         return "";
-    return "No instance has these keys. " + list;
+    return "No instance has these keys. Run 'bmci2c names " + target.className + "' to see them.";
 }
 
 }  // namespace

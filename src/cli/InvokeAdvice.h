@@ -8,8 +8,8 @@
 namespace cli {
 
 // After an invocation that ended with `status`: which methods the class has
-// when the method was none of them, which one does something when this one does not, how to name an
-// instance when `target` names none that there is, and which class was meant. Empty when none of
+// when the method was none of them, which one does something when this one does not, where the
+// instances are when `target` names none of them, and which class was meant. Empty when none of
 // these is the cause.
 std::string InvokeAdvice(host::Host& host, const host::ObjectPath& target,
                          const host::Status& status);

@@ -1,4 +1,5 @@
 #include <cli/Spelling.h>
+#include <mof/Names.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -37,6 +38,15 @@ std::string Nearest(const std::string& word, const std::vector<std::string>& kno
         nearest = candidate;
     }
     return nearest;
+}
+
+std::string NearestInAnyCase(const std::string& word, const std::vector<std::string>& known) {
+    std::vector<std::string> folded;
+    folded.reserve(known.size());
+    for (const std::string& candidate : known) folded.push_back(mof::FoldedName(candidate));
+    const std::string nearest = Nearest(mof::FoldedName(word), folded);
+    const auto found = std::find(folded.begin(), folded.end(), nearest);
+    return found == folded.end() ? "" : known[static_cast<std::size_t>(found - folded.begin())];
 }
 
 }  // namespace cli

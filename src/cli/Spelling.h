@@ -10,4 +10,7 @@ namespace cli {
 // or too many, and fewer than the word has.
 std::string Nearest(const std::string& word, const std::vector<std::string>& known);
 
+// The same without regard to letter case; the word as `known` spells it.
+std::string NearestInAnyCase(const std::string& word, const std::vector<std::string>& known);
+
 }  // namespace cli

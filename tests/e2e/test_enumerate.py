@@ -187,3 +187,42 @@ def test_control_characters_of_the_catalog_are_escaped(bmci2c):
     assert "a\\xc2\\x9b31mb" in bmci2c.simulate(profile, *arguments).out
     (record,) = bmci2c.simulate(profile, *arguments, "--json").json()
     assert "a\x9b31mb" in record["properties"]["RecordData"]
+
+
+@pytest.mark.parametrize("names", [["Name"], ["elementname", "NAME", "Name"]], ids=len)
+def test_only_the_named_properties_are_printed(good, names):
+    options = [word for name in names for word in ("--property", name)]
+    (whole,) = good("enumerate", SERVICE, "--json").json()
+    wanted = {name.lower() for name in names}
+    expected = {
+        name: value for name, value in whole["properties"].items() if name.lower() in wanted
+    }
+    assert len(expected) == len(wanted)
+    (instance,) = good("enumerate", SERVICE, *options, "--json").json()
+    assert instance == {**whole, "properties": expected}
+    lines = good("enumerate", SERVICE, *options).out.splitlines()
+    assert lines == [whole["path"], *(f"  {name} = {value}" for name, value in expected.items())]
+
+
+def test_property_of_a_subclass_is_known(good):
+    result = good("enumerate", "CIM_ManagedElement", "--property", "RecordData", "--json")
+    assert result.code == 0
+    assert all(set(one["properties"]) <= {"RecordData"} for one in result.json())
+
+
+@pytest.mark.parametrize(
+    "name, advice",
+    [
+        ("Nmae", "Did you mean 'Name'?"),
+        ("elementnames", "Did you mean 'ElementName'?"),
+        ("Colour", f"Run 'bmci2c enumerate {SERVICE}' without --property to see all."),
+    ],
+)
+def test_unknown_property_is_wrong_usage(good, name, advice):
+    result = good("enumerate", SERVICE, "--property", "Name", "--property", name)
+    assert (result.code, result.out) == (64, "")
+    assert result.err == f"bmci2c: {SERVICE} has no property '{name}'. {advice}\n"
+
+
+def test_property_of_an_unknown_class_is_not_looked_at(good):
+    assert good("enumerate", "No_Such_Class", "--property", "Name").code == 3

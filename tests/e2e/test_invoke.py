@@ -54,18 +54,42 @@ def test_class_and_method_in_any_letter_case_are_accepted(invoke):
     assert (result.code, result.json()["return_value"]) == (0, 1)
 
 
-@pytest.mark.parametrize("keys", [["Name=bmc i2c test"], ["Name="], []], ids=["case", "empty", "none"])
+@pytest.mark.parametrize("keys", [["Name=bmc i2c test"], ["Name="]], ids=["case", "empty"])
 def test_name_of_no_test_fails(invoke, keys):
     result = run_diagnostic(invoke, *keys)
     assert result.code == 3
     outcome = result.json()
     assert (outcome["status"], outcome["return_value"], outcome["out"]) == (1, None, {})
-    advice = (
-        "No instance has these keys." if keys else "Name an instance with --key NAME=VALUE."
-    )
     failed = f"Invoking {SERVICE}.RunDiagnostic failed. CIM status 1, failed: "
     assert failed in result.err
-    assert result.err.endswith(f" {advice} Run 'bmci2c names {SERVICE}' to see them.\n")
+    advice = f"No instance has these keys. Run 'bmci2c names {SERVICE}' to see them."
+    assert result.err.endswith(f" {advice}\n")
+
+
+@pytest.mark.parametrize("name", [SERVICE, SERVICE.lower(), "CIM_DiagnosticService"])
+def test_only_instance_needs_no_key(invoke, name):
+    result = invoke(name, "RunDiagnostic", "--json")
+    assert (result.code, result.err) == (0, "")
+    assert (result.json()["status"], result.json()["return_value"]) == (0, 1)
+
+
+def test_several_instances_without_a_key_are_listed(bmci2c, invoke):
+    name = "CIM_LogicalElement"
+    paths = bmci2c.simulate(f"{bmci2c.folder}/profile.toml", "names", name).out.splitlines()
+    assert len(paths) > 1
+    result = invoke(name, "RequestStateChange")
+    assert (result.code, result.out) == (64, "")
+    listed = result.err.split(f"bmci2c: {name} has several instances:\n")[1]
+    stable = [path for path in paths if f":{JOB}." not in path]  # the job's key differs each time
+    assert all(f"  {path}" in listed for path in stable) and len(stable) > 1
+    assert listed.count("\n") == len(paths)
+    assert listed.endswith(" Name one with --key NAME=VALUE.\n")
+
+
+def test_class_without_instances_is_asked_without_a_key(invoke):
+    result = invoke("QUVSG_BMCI2C_JobSettingData", "RunDiagnostic")
+    assert (result.code, result.out) == (3, "")
+    assert "CIM status 17, method not found: " in result.err
 
 
 @pytest.mark.parametrize("method", ["StartService", "StopService", "STARTSERVICE"])

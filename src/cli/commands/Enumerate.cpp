@@ -4,6 +4,7 @@
 #include <cli/Errors.h>
 #include <cli/ExitCodes.h>
 #include <cli/Json.h>
+#include <cli/PropertyChoice.h>
 #include <cli/Text.h>
 #include <cli/commands/Commands.h>
 
@@ -20,6 +21,7 @@ struct EnumerateOptions {
     std::string className;
     int runs = 0;
     int times = 1;
+    std::vector<std::string> properties;
     bool asJson = false;
 };
 
@@ -43,10 +45,12 @@ void Print(const std::vector<host::Instance>& instances, bool asJson) {
 
 int Enumerate(const Session& session, const EnumerateOptions& options) {
     const std::unique_ptr<host::Host> host = LoadHost(session);
+    RequireProperties(host->Schema(), options.className, options.properties);
     for (int run = 0; run < options.runs; ++run) InvokeDiagnostic(*host);
     std::vector<host::Instance> instances;
     for (int time = 0; time < options.times; ++time)
         instances = EnumerateOnce(*host, options.className);
+    for (host::Instance& instance : instances) KeepOnly(options.properties, instance);
     Print(instances, options.asJson);
     if (instances.empty() && options.runs == 0 && !options.asJson)
         PrintError(NoInstanceText(options.className));
@@ -63,6 +67,8 @@ void AddEnumerate(CommandSet& commands) {
         .Argument("CLASS", options->className, "A CIM class")
         .Count("--after-runs", options->runs, 0, "Run the test N times first, in this process")
         .Count("--times", options->times, 1, "Enumerate N times and print the last")
+        .Texts("--property", "NAME", options->properties,
+               "Print this property only; give it again for the next one")
         .Flag("--json", options->asJson, "Print an array of JSON objects");
 }
 

@@ -26,10 +26,28 @@ struct InvokeOptions {
     bool asJson = false;
 };
 
+std::string SeveralText(const std::string& className, const std::vector<host::ObjectPath>& names) {
+    std::string text = className + " has several instances:";
+    for (const host::ObjectPath& name : names) text += "\n  " + name.ToString();
+    return text;
+}
+
+// The instance with the keys; without them the only one, if the class has one.
+host::ObjectPath TargetOf(host::Host& host, const InvokeOptions& options) {
+    host::ObjectPath target = ClassPath(options.className);
+    target.keys = TypedKeys(host.Schema(), options.className, options.keys);
+    if (!options.keys.empty()) return target;
+    const host::NamesResult known = host.EnumerateInstanceNames(target);
+    if (!known.status.IsOk() || known.names.empty()) return target;  // the call says why
+    if (known.names.size() > 1)
+        throw UsageError(SeveralText(options.className, known.names),
+                         "Name one with --key NAME=VALUE.");
+    return known.names.front();
+}
+
 int Invoke(const Session& session, const InvokeOptions& options) {
     const std::unique_ptr<host::Host> host = LoadHost(session);
-    host::ObjectPath target = ClassPath(options.className);
-    target.keys = TypedKeys(host->Schema(), options.className, options.keys);
+    const host::ObjectPath target = TargetOf(*host, options);
     const host::MethodResult result = host->InvokeMethod(
         target, options.method,
         TypedArguments(host->Schema(), options.className, options.method, options.arguments));
@@ -58,8 +76,10 @@ void AddInvoke(CommandSet& commands) {
              [options](const Session& session) { return Invoke(session, *options); })
         .Argument("CLASS", options->className, "A CIM class")
         .Argument("METHOD", options->method, "One of its methods")
-        .Texts("--key", "K=V", options->keys,
-               "A key of the instance; give it again for the next one")
+        .Texts(
+            "--key", "K=V", options->keys,
+            "A key of the instance; give it again for the next one. Not needed if the class has a "
+            "single instance")
         .Texts("--in", "NAME=VALUE", options->arguments,
                "An argument; give it again for the next one, or the next element of an array")
         .Flag("--json", options->asJson, "Print the outcome as one JSON object");

@@ -27,5 +27,11 @@ TEST(Spelling, OfEquallyNearWords_TheFirstIsMeant) {
     EXPECT_EQ(Nearest("rux", {"run", "rum"}), "run");
 }
 
+TEST(Spelling, LetterCase_MayBeIgnored) {
+    EXPECT_EQ(NearestInAnyCase("NAMES", {"Caption", "Name"}), "Name");
+    EXPECT_EQ(NearestInAnyCase("colour", {"Caption", "Name"}), "");
+    EXPECT_EQ(Nearest("NAMES", {"Caption", "Name"}), "");
+}
+
 }  // namespace
 }  // namespace cli

@@ -9,6 +9,7 @@
 #include <cli/Terminal.h>
 #include <cli/UsageProblem.h>
 #include <cli/commands/Commands.h>
+#include <cli/completion/Completion.h>
 #include <platform/settings/SettingsError.h>
 
 #include <CLI/CLI.hpp>
@@ -39,8 +40,8 @@ void AddColourOption(CLI::App& app, Colour& colour) {
         {"auto", Colour::Auto}, {"always", Colour::Always}, {"never", Colour::Never}};
     app.add_option_function<std::string>(
            "--color", [&colour](const std::string& word) { colour = kColours.at(word); },
-           "Whether the output has colours: auto, always or never")
-        ->type_name("WHEN")
+           "Colours in the output; auto: on a terminal without NO_COLOR")
+        ->type_name("auto|always|never")
         ->check([](const std::string& word) {
             return kColours.contains(word) ? ""
                                            : "must be auto, always or never, not '" + word + "'";
@@ -123,6 +124,12 @@ int Main(int argc, const char* const* argv) {
         "failed, 1 a check has failed.");
     CommandSet commands(app, chosen);
     for (const auto add : kCommands) add(commands);
+    // Not shown by the help: the shells' completion asks for it.
+    if (argc > 1 && argv[1] == std::string("complete")) {
+        const SchemaWords schema(FindFiles(Executable().parent_path(), ""));
+        std::cout << CompletionText(Complete(app, {argv + 2, argv + argc}, schema));
+        return AfterOutput(kSuccess);
+    }
     const bool asJson = AsksForJson({argv + 1, argv + argc});
     try {
         app.parse(argc, argv);

@@ -50,7 +50,7 @@ std::string HelpFormatter::make_option(const CLI::Option* option, bool isPositio
 }
 
 std::string HelpFormatter::make_option_opts(const CLI::Option* option) const {
-    return option->get_type_size() == 0 ? "" : " " + option->get_type_name();
+    return option->get_items_expected_max() == 0 ? "" : " " + option->get_type_name();
 }
 
 std::string HelpFormatter::make_option_desc(const CLI::Option* option) const {

@@ -10,6 +10,9 @@ namespace cli {
 // The group of the commands that the help lists.
 inline constexpr const char* kCommandsGroup = "Commands";
 
+// Between the words of a value that is one of several.
+inline constexpr char kChoiceSeparator = '|';
+
 // Fits into the given number of columns: names stand in a column on the left when there is room for
 // them, and what does not fit is broken at blanks.
 class HelpFormatter : public CLI::Formatter {

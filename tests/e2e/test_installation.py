@@ -13,6 +13,8 @@ EXPECTED = {
     "lib/sysusers.d/bmci2c.conf",
     "lib/udev/rules.d/60-bmci2c.rules",
     "share/bash-completion/completions/bmci2c",
+    "share/fish/vendor_completions.d/bmci2c.fish",
+    "share/zsh/vendor-completions/_bmci2c",
     "share/bmci2c/bmci2c.msg.xml",
     "share/bmci2c/platform.toml",
     "share/bmci2c/profiles/pass.toml",

@@ -1,4 +1,4 @@
-"""The manual pages and the completion, against what the command and the sample files say."""
+"""The manual pages, against what the command and the sample files say."""
 
 import pathlib
 import re
@@ -8,7 +8,6 @@ import pytest
 
 SOURCE = pathlib.Path(__file__).resolve().parents[2]
 MANUAL = SOURCE / "docs" / "man"
-COMPLETION = SOURCE / "packaging" / "completion" / "bmci2c"
 OPTION = re.compile(r"^  (?:-\w,)?--([a-z-]+)", re.MULTILINE)
 
 
@@ -66,57 +65,3 @@ def test_page_is_formatted_without_warnings(name):
         check=False,
     )
     assert (done.returncode, done.stderr) == (0, "")
-
-
-def complete(bmci2c, *words):
-    """What bash offers behind these words, of which the last is being typed."""
-    line = " ".join(f"'{word}'" for word in (bmci2c.program, *words))
-    script = f"""
-        source '{COMPLETION}'
-        COMP_WORDS=({line})
-        COMP_CWORD={len(words)}
-        _bmci2c
-        printf '%s\\n' "${{COMPREPLY[@]}}"
-    """
-    done = subprocess.run(
-        ["bash", "--norc", "-c", script],
-        env={**bmci2c.environment, "PATH": "/usr/bin:/bin"},
-        cwd=bmci2c.folder,
-        capture_output=True,
-        text=True,
-        check=False,
-    )
-    assert done.stderr == ""
-    return done.stdout.split()
-
-
-def test_completion_offers_every_command(bmci2c):
-    assert complete(bmci2c, "") == commands(bmci2c)
-
-
-def test_completion_goes_on_with_a_word_that_is_begun(bmci2c):
-    assert complete(bmci2c, "unr") == ["unregister"]
-
-
-def test_completion_offers_the_programs_options(bmci2c):
-    assert "--simulate" in complete(bmci2c, "--")
-
-
-def test_completion_offers_the_options_of_the_command(bmci2c):
-    assert complete(bmci2c, "--simulate", "x", "enumerate", "--a") == ["--after-runs"]
-
-
-def test_completion_offers_the_classes(bmci2c):
-    assert len(complete(bmci2c, "names", "")) == 23
-    assert complete(bmci2c, "enumerate", "QUVSG_BMCI2C_He") == ["QUVSG_BMCI2C_HelpService"]
-
-
-def test_completion_offers_the_servers(bmci2c):
-    assert complete(bmci2c, "register", "") == ["sfcb", "pegasus"]
-
-
-def test_completion_offers_files_where_one_is_asked_for(bmci2c):
-    bmci2c.write("settings.toml", "")
-    assert complete(bmci2c, "--config", "sett") == ["settings.toml"]
-    assert complete(bmci2c, "serve", "--key", "sett") == ["settings.toml"]
-    assert complete(bmci2c, "passwd", "sett") == ["settings.toml"]

@@ -75,7 +75,7 @@ WRONG_LINES = {
         "--after-runs must be a whole number of at least 0, not '-1'.", "enumerate"
     ),
     "--color red info": refused("--color must be auto, always or never, not 'red'.", "info"),
-    "--color": refused("--color needs a value: --color WHEN."),
+    "--color": refused("--color needs a value: --color auto|always|never."),
     "serve --max-depth 1001": refused(
         "--max-depth must be a whole number from 1 to 1000, not '1001'.", "serve"
     ),

@@ -15,9 +15,9 @@ namespace {
 
 constexpr const char* kLimits = "Limits";
 
-std::string OneOf(const std::vector<std::string>& choices) {
+std::string Joined(const std::vector<std::string>& words, const std::string& separator) {
     std::string text;
-    for (const std::string& choice : choices) text += (text.empty() ? "" : " or ") + choice;
+    for (const std::string& word : words) text += (text.empty() ? "" : separator) + word;
     return text;
 }
 
@@ -62,9 +62,10 @@ CommandOptions& CommandOptions::Choice(const std::string& name, std::string& val
                                        const std::string& description) {
     command.add_option(name, value, description)
         ->required()
+        ->type_name(Joined(choices, std::string(1, kChoiceSeparator)))
         ->check([choices = std::move(choices)](const std::string& word) {
             const bool isOne = std::find(choices.begin(), choices.end(), word) != choices.end();
-            return isOne ? "" : "must be " + OneOf(choices) + ", not '" + word + "'";
+            return isOne ? "" : "must be " + Joined(choices, " or ") + ", not '" + word + "'";
         });
     return *this;
 }

@@ -67,7 +67,7 @@ void AddEnumerate(CommandSet& commands) {
         .Argument("CLASS", options->className, "A CIM class")
         .Count("--after-runs", options->runs, 0, "Run the test N times first, in this process")
         .Count("--times", options->times, 1, "Enumerate N times and print the last")
-        .Texts("--property", "NAME", options->properties,
+        .Texts("--property", "PROPERTY", options->properties,
                "Print this property only; give it again for the next one")
         .Flag("--json", options->asJson, "Print an array of JSON objects");
 }

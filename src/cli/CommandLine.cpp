@@ -106,12 +106,7 @@ int CarryOut(const Command& command, const GlobalOptions& options, bool asJson) 
     }
 }
 
-}  // namespace
-
-int Main(int argc, const char* const* argv) {
-    CLI::App app("Tests the I2C busses of this server's management controllers", "bmci2c");
-    GlobalOptions options;
-    Command chosen;
+void Describe(CLI::App& app, GlobalOptions& options) {
     AddGlobalOptions(app, options);
     app.formatter(std::make_shared<HelpFormatter>(StandardOutput().width));
     app.set_version_flag("-V,--version", "bmci2c " BMCI2C_VERSION, "Print the version");
@@ -122,23 +117,38 @@ int Main(int argc, const char* const* argv) {
         "Exit codes of run: 0 passed, 1 a bus has failed, 2 not completed, 3 the module could not "
         "be loaded or the call failed, 64 wrong usage or settings. Of doctor: 0 no check has "
         "failed, 1 a check has failed.");
+}
+
+int Print(const std::string& text) {
+    std::cout << text;
+    return AfterOutput(kSuccess);
+}
+
+int PrintCompletion(const CLI::App& app, const std::vector<std::string>& words) {
+    const SchemaWords schema(FindFiles(Executable().parent_path(), ""));
+    return Print(CompletionText(Complete(app, words, schema)));
+}
+
+}  // namespace
+
+int Main(int argc, const char* const* argv) {
+    const std::vector<std::string> words(argv + std::min(argc, 1), argv + argc);
+    CLI::App app("Tests the I2C busses of this server's management controllers", "bmci2c");
+    GlobalOptions options;
+    Command chosen;
+    Describe(app, options);
     CommandSet commands(app, chosen);
     for (const auto add : kCommands) add(commands);
     // Not shown by the help: the shells' completion asks for it.
-    if (argc > 1 && argv[1] == std::string("complete")) {
-        const SchemaWords schema(FindFiles(Executable().parent_path(), ""));
-        std::cout << CompletionText(Complete(app, {argv + 2, argv + argc}, schema));
-        return AfterOutput(kSuccess);
-    }
-    const bool asJson = AsksForJson({argv + 1, argv + argc});
+    if (!words.empty() && words.front() == "complete")
+        return PrintCompletion(app, {words.begin() + 1, words.end()});
+    const bool asJson = AsksForJson(words);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        std::cout << app.help();
-        return AfterOutput(kSuccess);
+        return Print(app.help());
     } catch (const CLI::CallForVersion& version) {
-        std::cout << version.what() << '\n';
-        return AfterOutput(kSuccess);
+        return Print(version.what() + std::string("\n"));
     } catch (const CLI::ParseError& error) {
         return Report(UsageProblem(app, error), kWrongUsage, asJson);
     }

@@ -25,6 +25,15 @@ std::vector<std::string> PropertiesOf(const mof::Schema& schema, const std::stri
     return names;
 }
 
+std::string UnknownText(const std::string& className, const std::string& name) {
+    return className + " has no property '" + name + "'.";
+}
+
+std::string AdviceText(const std::string& className, const std::string& nearest) {
+    if (!nearest.empty()) return "Did you mean '" + nearest + "'?";
+    return "Run 'bmci2c enumerate " + className + "' without --property to see all.";
+}
+
 }  // namespace
 
 void RequireProperties(const mof::Schema& schema, const std::string& className,
@@ -34,10 +43,7 @@ void RequireProperties(const mof::Schema& schema, const std::string& className,
     for (const std::string& name : names) {
         if (IsAmong(known, name)) continue;
         const std::string nearest = NearestInAnyCase(name, known);
-        throw UsageError(className + " has no property '" + name + "'.",
-                         nearest.empty() ? "Run 'bmci2c enumerate " + className +
-                                               "' without --property to see all."
-                                         : "Did you mean '" + nearest + "'?");
+        throw UsageError(UnknownText(className, name), AdviceText(className, nearest));
     }
 }
 

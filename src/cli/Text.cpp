@@ -57,13 +57,14 @@ void WrapLine(const std::string& line, std::size_t width, std::size_t indent, st
     while (start != std::string::npos) {
         const std::size_t end = std::min(line.find_first_of(kBlanks, start), line.size());
         const std::string word = line.substr(start, end - start);
-        const bool canBreak = Columns(row + gap) > indent + hanging;  // and gains room by it
-        if (!gap.empty() && canBreak && Columns(row + gap + word) > width) {
+        const std::size_t column = Columns(row) + Columns(gap);  // of the word
+        const bool gainsRoom = column > indent + hanging;
+        if (!gap.empty() && gainsRoom && column + Columns(word) > width) {
             wrapped += row + '\n';
             row.assign(indent + hanging, ' ');
             gap.clear();
         }
-        row += gap + word;
+        row.append(gap).append(word);
         start = line.find_first_not_of(kBlanks, end);
         if (start != std::string::npos) gap = line.substr(end, start - end);
     }
@@ -108,8 +109,9 @@ std::string Table(const std::vector<std::pair<std::string, std::string>>& rows, 
     std::string table;
     for (const auto& [name, text] : rows) {
         const std::size_t gap = hasColumns ? longest - Columns(name) + kGap : kGap;
-        table += Wrap(name + std::string(gap, ' ') + text, width, kIndent,
-                      hasColumns ? texts - kIndent : kGap);
+        std::string row = name;
+        row.append(gap, ' ').append(text);
+        table += Wrap(row, width, kIndent, hasColumns ? texts - kIndent : kGap);
     }
     return table;
 }

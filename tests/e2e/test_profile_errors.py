@@ -26,7 +26,7 @@ def test_wrong_profile_ends_with_64_and_its_place(bmci2c, text, line, key):
     profile = bmci2c.write("wrong.toml", text)
     result = bmci2c.simulate(profile, "run", "--json")
     assert result.code == 64
-    assert result.out == ""
+    assert result.json()["verdict"] == "error"
     assert f"{profile}:{line}:" in result.err
     assert key in result.err
 

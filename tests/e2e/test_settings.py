@@ -97,7 +97,7 @@ WRONG = {
 @pytest.mark.parametrize("text, line, said", WRONG.values(), ids=WRONG.keys())
 def test_wrong_file_ends_with_64_and_its_place(bmci2c, text, line, said):
     result = run_with(bmci2c, text)
-    assert (result.code, result.out) == (64, "")
+    assert (result.code, result.json()["verdict"]) == (64, "error")
     assert f"platform.toml:{line}:" in result.err
     assert said in result.err
 

@@ -4,11 +4,11 @@
 #include <test/BMCI2C_Test_Impl.h>
 #include <test/CoreLog.h>
 #include <test/MessageNumbers.h>
+#include <test/RunJudgement.h>
 #include <test/RunLog.h>
 #include <test/RunTroubles.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -20,14 +20,12 @@ namespace {
 constexpr int kAnnouncedLength = 250;
 constexpr auto kPause = std::chrono::duration_cast<std::chrono::seconds>(platform::kBusyPause);
 
-using Clock = std::chrono::steady_clock;
-
-std::chrono::milliseconds Since(Clock::time_point begin) {
-    return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - begin);
+std::chrono::milliseconds Since(platform::Time begin) {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(platform::Now() - begin);
 }
 
-int CountControllers(const SPMachine& machine) {
-    const std::unique_ptr<SPLibrary> controller = ControllerOfNode(0, machine);
+int CountControllers(const SPMachine& described) {
+    const std::unique_ptr<SPLibrary> controller = ControllerOfNode(0, described);
     return controller ? controller->GetNumberBMCNode() : 0;
 }
 
@@ -35,9 +33,13 @@ bool IsBusy(const IpmiExchange& exchange) {
     return exchange.Response().CompletionCode() == platform::kControllerBusy;
 }
 
-bool HasUnjudgedBus(const ControllerResult& controller) {
-    return std::ranges::any_of(controller.busses,
-                               [](const Bus& bus) { return bus.state == BusState::Unjudged; });
+// A message without a text says nothing: the catalog lacks an entry.
+std::optional<ResultMessage> Told(ResultMessage message) {
+    return message.line.empty() ? std::nullopt : std::optional(std::move(message));
+}
+
+std::string TextOf(const std::optional<ResultMessage>& message) {
+    return message ? ::TextOf(*message) : "";
 }
 
 }  // namespace
@@ -46,16 +48,14 @@ bool HasUnjudgedBus(const ControllerResult& controller) {
 BMCI2C_Test_Impl::Family BMCI2C_Test_Impl::FamilyOfNode0() {
     SPLibrary* const controller = SPLibrary::GetSplibraryInstance(0);
     if (controller == nullptr) {
-        return {};
+        const auto trouble = SPLibrary::DescribeMachine().trouble;
+        return {.isOxc = false, .trouble = trouble.value_or(run_trouble::NotPresent())};
     }
     const bool isOxc = controller->IsOxcControllerMachine();
     return {.isOxc = isOxc, .trouble = controller->FamilyTrouble()};
 }
 
-BMCI2C_Test_Impl::BMCI2C_Test_Impl() : BMCI2C_Test_Impl(FamilyOfNode0()) {}
-
-BMCI2C_Test_Impl::BMCI2C_Test_Impl(Family family)
-    : isOxcMachine(family.isOxc), familyTrouble(std::move(family.trouble)) {}
+BMCI2C_Test_Impl::BMCI2C_Test_Impl() = default;
 
 BMCI2C_Test_Impl::~BMCI2C_Test_Impl() = default;
 
@@ -77,7 +77,7 @@ RunResult BMCI2C_Test_Impl::Run(const std::string& name, const RunOptions& optio
     testName = name;
     const RunScope recordsAppearAtTheEnd(*this);
     CurrentRun run{.record = RunRecord(*this, testName), .options = options};
-    const Clock::time_point begin = Clock::now();
+    const platform::Time begin = platform::Now();
     run.result.begin = std::chrono::system_clock::now();
     try {
         RunSteps(run);
@@ -93,7 +93,7 @@ RunResult BMCI2C_Test_Impl::Run(const std::string& name, const RunOptions& optio
 }
 
 void BMCI2C_Test_Impl::RunSteps(CurrentRun& run) {
-    if (auto failure = ReadMachineType()) {
+    if (auto failure = ReadMachineType(); failure && !failure->line.empty()) {
         run.result.messages.push_back(*std::move(failure));
     }
     ParseXML();
@@ -113,16 +113,14 @@ void BMCI2C_Test_Impl::DescribeMachine(CurrentRun& run) {
     facts.type = machineType;
     facts.biosId = biosId;
     facts.catalog = CatalogPath();
-    if (familyTrouble) {
-        result.troubles.push_back(run_trouble::FamilyUnknown(*familyTrouble));
-    } else {
+    if (!family.trouble) {
         facts.oxc = isOxcMachine;
     }
     if (catalogTrouble) {
         result.troubles.push_back(*catalogTrouble);
     }
-    run.machine = SPLibrary::DescribeMachine();
-    const SPMachine& described = run.machine;
+    run.described = SPLibrary::DescribeMachine();
+    const SPMachine& described = run.described;
     facts.simulated = described.simulated;
     for (const SPMachine::Controller& controller : described.controllers) {
         AddController(result, controller.address);
@@ -130,8 +128,13 @@ void BMCI2C_Test_Impl::DescribeMachine(CurrentRun& run) {
             result.controllers.back().trouble = run_trouble::NotPresent();
         }
     }
-    if (described.trouble && facts.supported) {
+    if (!facts.supported) {
+        return;
+    }
+    if (described.trouble) {
         result.troubles.push_back(*described.trouble);
+    } else if (family.trouble) {
+        result.troubles.push_back(run_trouble::FamilyUnknown(*family.trouble));
     }
 }
 
@@ -150,14 +153,18 @@ void BMCI2C_Test_Impl::RecordUnsupportedMachine(CurrentRun& run) {
 
 void BMCI2C_Test_Impl::TestControllers(CurrentRun& run) {
     run.record->RecordData.clear();
-    const int count = CountControllers(run.machine);
+    const int count = CountControllers(run.described);
     WriteOutput(kLogTrace, "Total number of BMC(s) found = " + std::to_string(count));
     for (int node = 0; node < count; ++node) {
         if (run.IsStopped()) {
-            run.result.verdict = Verdict::Interrupted;
+            run.result.interrupted = true;
             return;
         }
-        if (TestController(node, run) == Next::EndOfRun) {
+        const NQUVZDX20::LogNode linesAreAbout(node);
+        ControllerResult& controller = run.result.controllers.at(static_cast<std::size_t>(node));
+        run.Tell(
+            [&](RunObserver& observer) { observer.OnController(node, count, controller.address); });
+        if (TestController(run, controller) == Next::EndOfRun) {
             return;
         }
     }
@@ -168,88 +175,79 @@ void BMCI2C_Test_Impl::TestControllers(CurrentRun& run) {
     WriteLocation(LocationLine::RunEnd);
 }
 
-BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::TestController(int node, CurrentRun& run) {
-    const NQUVZDX20::LogNode linesAreAbout(node);
-    ControllerResult& controller = ControllerOf(run.result, node);
-    run.Tell([&](RunObserver& observer) {
-        observer.OnController(node, static_cast<int>(run.result.controllers.size()),
-                              controller.address);
-    });
+BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::TestController(CurrentRun& run,
+                                                        ControllerResult& controller) {
     IpmiExchange exchange(platform::kI2cBusStatus, kAnnouncedLength);
-    const SPShare share{.begin = Clock::now(), .stop = run.options.stop};
-    const bool delivered = AskBusStatus(exchange, share, run, controller);
-    controller.elapsed = Since(share.begin);
-    if (run.IsStopped() && (!delivered || IsBusy(exchange))) {
-        run.result.verdict = Verdict::Interrupted;
+    const Answer answer = AskBusStatus(exchange, run, controller);
+    if (answer == Answer::StoppedInPause) {
+        controller.outcome = Outcome::Refused;
+        controller.length = exchange.Response().Length();
+        controller.completionCode = exchange.Response().CompletionCode();
+        run.Interrupt(controller);
         return Next::EndOfRun;
     }
-    nodeCount = node + 1;
+    const bool delivered = answer == Answer::Delivered;
+    nodeCount = controller.node + 1;
     run.record->ResponseLength = exchange.Response().Length();
     WriteCoreLog(kLogTrace, "isCmdComplete of sendIPMICommand() is : " + std::to_string(delivered) +
                                 " fIsOXC: " + std::to_string(isOxcMachine));
-    if (!delivered) {
-        RecordSilence(exchange, run, controller);
-        return Next::Controller;
-    }
-    if (!JudgeResponse(exchange, run, controller)) {
-        return EndRecord(run, node);
-    }
-    const platform::IpmiResponse response = exchange.Response();
-    WriteOutput(kLogTrace, "Received data from BMC:" + std::to_string(response.DataByte(0)) + " " +
-                               std::to_string(response.DataByte(1)) + " " +
-                               std::to_string(response.DataByte(2)));
-    const std::string whyUnknown = DetectGeneration(share, run, controller);
-    RecordBusses(ScanBusses(response, run, controller), run, controller);
-    if (HasUnjudgedBus(controller)) {
-        controller.trouble = run_trouble::GenerationUnknown(whyUnknown);
-    }
-    return Next::Controller;
+    return delivered ? JudgeResponse(exchange.Response(), run, controller)
+                     : JudgeSilence(exchange, run, controller);
 }
 
 // A busy controller is asked once more; the second answer counts, whatever it is.
-bool BMCI2C_Test_Impl::AskBusStatus(IpmiExchange& exchange, const SPShare& share,
-                                    const CurrentRun& run, ControllerResult& controller) {
+BMCI2C_Test_Impl::Answer BMCI2C_Test_Impl::AskBusStatus(IpmiExchange& exchange,
+                                                        const CurrentRun& run,
+                                                        ControllerResult& controller) {
+    const SPShare share{.begin = platform::Now(), .stop = run.options.stop};
+    const auto send = [&](std::unique_ptr<SPLibrary> library) {
+        const bool delivered = exchange.SendTo(std::move(library), share);
+        controller.attempts += exchange.Facts().attempts;
+        controller.elapsed = Since(share.begin);
+        return delivered ? Answer::Delivered : Answer::NotDelivered;
+    };
     WriteCoreLog(kLogTrace, exchange.DumpRequest());
-    const bool delivered =
-        Send(ControllerOfNode(controller.node, run.machine), exchange, share, controller);
-    if (!delivered || !IsBusy(exchange)) {
-        return delivered;
+    const Answer first = send(ControllerOfNode(controller.node, run.described));
+    if (first != Answer::Delivered || !IsBusy(exchange)) {
+        return first;
     }
     run.Tell([&](RunObserver& observer) { observer.OnBusyPause(controller.node, kPause); });
-    sleep(static_cast<unsigned int>(kPause.count()));
-    if (run.IsStopped()) {
-        return delivered;
+    unsigned int left = static_cast<unsigned int>(kPause.count());
+    while (left > 0 && !run.IsStopped()) {
+        left = sleep(left);
     }
-    std::unique_ptr<SPLibrary> library = ControllerOfNode(controller.node, run.machine);
+    if (run.IsStopped()) {
+        return Answer::StoppedInPause;
+    }
+    std::unique_ptr<SPLibrary> library = ControllerOfNode(controller.node, run.described);
     if (library == nullptr) {
-        return delivered;
+        return first;
     }
     exchange = IpmiExchange(platform::kI2cBusStatus, kAnnouncedLength);
-    return Send(std::move(library), exchange, share, controller);
+    return send(std::move(library));
 }
 
-bool BMCI2C_Test_Impl::Send(std::unique_ptr<SPLibrary> library, IpmiExchange& exchange,
-                            const SPShare& share, ControllerResult& controller) {
-    if (library != nullptr) {
-        library->Use(share);
-    }
-    const bool delivered = exchange.SendTo(std::move(library));
-    controller.attempts += exchange.Facts().attempts;
-    return delivered;
+void BMCI2C_Test_Impl::CurrentRun::Interrupt(ControllerResult& controller) {
+    controller.trouble = run_trouble::Interrupted();
+    result.interrupted = true;
 }
 
-void BMCI2C_Test_Impl::RecordSilence(const IpmiExchange& exchange, CurrentRun& run,
-                                     ControllerResult& controller) {
+BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::JudgeSilence(const IpmiExchange& exchange, CurrentRun& run,
+                                                      ControllerResult& controller) {
     controller.outcome = Outcome::NotDelivered;
+    if (run.IsStopped()) {
+        run.Interrupt(controller);
+    }
     controller.trouble = exchange.Facts().trouble.value_or(run_trouble::NotPresent());
-    controller.message = BuildMessage(kNotCompletedMessage, kSendFailed);
-    run.record.SetResult(run.record.Text() + TextOf(*controller.message), kCompletionCriticalError);
+    controller.message = Told(BuildMessage(kNotCompletedMessage, kSendFailed));
+    run.record.SetResult(run.record.Text() + TextOf(controller.message), kCompletionCriticalError);
+    return run.result.interrupted ? Next::EndOfRun : Next::Controller;
 }
 
-// Writes down what came. False when it cannot be used; the record then says why.
-bool BMCI2C_Test_Impl::JudgeResponse(const IpmiExchange& exchange, CurrentRun& run,
-                                     ControllerResult& controller) {
-    const platform::IpmiResponse response = exchange.Response();
+// Writes down what came, and judges it.
+BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::JudgeResponse(const platform::IpmiResponse& response,
+                                                       CurrentRun& run,
+                                                       ControllerResult& controller) {
     const std::string dump = Dump(response);
     run.record->CommandSent = true;
     run.record->ResponseLog.append(dump);
@@ -259,8 +257,8 @@ bool BMCI2C_Test_Impl::JudgeResponse(const IpmiExchange& exchange, CurrentRun& r
         WriteCoreLog(kLogError, std::string(kIncorrectRespLength));
         controller.outcome = Outcome::UnusableAnswer;
         controller.trouble = run_trouble::TooShort(response.Length());
-        controller.message = BuildMessage(kNotCompletedMessage, kBadResponseLength);
-        return false;
+        controller.message = Told(BuildMessage(kNotCompletedMessage, kBadResponseLength));
+        return EndRecord(run, controller);
     }
     run.record->ResponseReceived = true;
     const std::uint8_t code = response.CompletionCode();
@@ -272,21 +270,21 @@ bool BMCI2C_Test_Impl::JudgeResponse(const IpmiExchange& exchange, CurrentRun& r
         run.record->ResponseLog.append(std::string(kIncorrectCompletion));
         controller.outcome = Outcome::Refused;
         controller.trouble = run_trouble::Refused(code);
-        controller.message = CompletionCodeMessage(code);
-        return false;
+        controller.message = Told(CompletionCodeMessage(code));
+        return EndRecord(run, controller);
     }
     run.record->CompletionCodeOk = true;
     controller.outcome = Outcome::Examined;
-    return true;
+    return JudgeBusses(response, run, controller);
 }
 
 // A CIM client's run ends at an answer that cannot be used.
-BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::EndRecord(CurrentRun& run, int node) {
-    const ControllerResult& controller = ControllerOf(run.result, node);
-    run.record.SetResult(run.record.Text() + TextOf(*controller.message), kCompletionCriticalError);
+BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::EndRecord(CurrentRun& run,
+                                                   const ControllerResult& controller) {
+    run.record.SetResult(run.record.Text() + TextOf(controller.message), kCompletionCriticalError);
     run.record.Keep();
     if (!run.result.endOfRecord) {
-        run.result.endOfRecord = node;
+        run.result.endOfRecord = controller.node;
     }
     if (!run.options.askAll) {
         return Next::EndOfRun;
@@ -295,32 +293,57 @@ BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::EndRecord(CurrentRun& run, int node) {
     return Next::Controller;
 }
 
-// Why the generation of an OXC controller is not known; empty when it is.
-std::string BMCI2C_Test_Impl::DetectGeneration(const SPShare& share, const CurrentRun& run,
-                                               ControllerResult& controller) {
-    if (!isOxcMachine) {
-        return "";
+BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::JudgeBusses(const platform::IpmiResponse& response,
+                                                     CurrentRun& run,
+                                                     ControllerResult& controller) {
+    WriteOutput(kLogTrace, "Received data from BMC:" + std::to_string(response.DataByte(0)) + " " +
+                               std::to_string(response.DataByte(1)) + " " +
+                               std::to_string(response.DataByte(2)));
+    const GenerationAnswer oxc = DetectGeneration(run);
+    controller.generation = oxc.generation;
+    if (oxc.generation == Generation::Unknown && run.IsStopped()) {
+        run.Interrupt(controller);
+        return Next::EndOfRun;
     }
-    std::string reason;
-    controller.generation = AskGeneration(share, run.machine, reason);
-    const bool isV2 = controller.generation == Generation::Second;
+    RecordBusses(ScanBusses(response, controller), run, controller);
+    if (DependsOnGeneration(controller)) {
+        controller.trouble = run_trouble::GenerationUnknown(oxc.reason);
+    } else if (response.IsCut()) {
+        controller.trouble = run_trouble::AnswerCut(response.Length());
+    }
+    return Next::Controller;
+}
+
+// The query goes to node 0, whose time it takes.
+BMCI2C_Test_Impl::GenerationAnswer BMCI2C_Test_Impl::DetectGeneration(const CurrentRun& run) {
+    if (!isOxcMachine) {
+        return {.generation = Generation::None, .reason = ""};
+    }
+    const GenerationAnswer answer =
+        AskGeneration(run.described, {.begin = platform::Now(), .stop = run.options.stop});
+    const bool isV2 = answer.generation == Generation::Second;
     WriteOutput(kLogTrace, isV2 ? "OXC V2 detected" : "OXC V1 detected");
-    return reason;
+    return answer;
 }
 
 // A pass makes good what an earlier controller's silence did to the state, but not a failed bus.
-void BMCI2C_Test_Impl::RecordBusses(std::string failures, CurrentRun& run,
+void BMCI2C_Test_Impl::RecordBusses(const std::string& failures, CurrentRun& run,
                                     ControllerResult& controller) {
-    const bool passed = failures.empty();
-    if (passed) {
-        controller.message = BuildMessage(kPassMessage, kPassed);
-        if (!run.busFailed) {
-            run.record->CompletionState = kCompletionOk;
+    std::string text = failures;
+    std::int32_t state = run.record->CompletionState;
+    if (!controller.failedBusses.empty()) {
+        run.busFailed = true;
+        state = kCompletionMajorError;
+    }
+    if (failures.empty()) {
+        const ResultMessage pass = BuildMessage(kPassMessage, kPassed);
+        text = TextOf(pass);
+        state = run.busFailed ? state : kCompletionOk;
+        if (controller.failedBusses.empty()) {
+            controller.message = Told(pass);
         }
     }
-    if (!run.record->RecordData.empty()) {
-        run.record->RecordData += '\n';
-    }
-    run.record->RecordData += passed ? TextOf(*controller.message) : failures;
+    const std::string before = run.record.Text();
+    run.record.SetResult(before.empty() ? text : before + '\n' + text, state);
     run.record.KeepAlone();
 }

@@ -12,12 +12,12 @@
 #include <test/RunRecord.h>
 #include <test/RunResult.h>
 
-#include <atomic>
 #include <boost/shared_ptr.hpp>
 #include <cstdint>
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,7 +56,7 @@ public:
     // True when the catalog lists this machine. Reads machine type and catalog first.
     bool SupportedMachineType();
 
-    // The steps of a run, for the run and for tests; they do not exclude a run.
+    // The steps of a run; they do not exclude a run.
 
     // Stores the machine type. When there is none it keeps a record and gives its message.
     std::optional<ResultMessage> ReadMachineType();
@@ -84,7 +84,6 @@ public:
     // Controllers handled in the current run. Kept after it, so that a message made before the
     // next run's first controller carries the old number.
     std::int32_t nodeCount = 0;
-    const bool isOxcMachine;
 
 private:
     // What is known of the controllers' family when the test is made.
@@ -93,57 +92,69 @@ private:
         std::optional<platform::Trouble> trouble;  // why it is not known
     };
     static Family FamilyOfNode0();
-    explicit BMCI2C_Test_Impl(Family family);
+    const Family family = FamilyOfNode0();
 
+public:
+    const bool isOxcMachine = family.isOxc;
+
+private:
     struct CurrentRun {
         RunRecord record;
         const RunOptions& options;
         RunResult result = {};
-        SPMachine machine = {};  // stays the same for the whole run
-        bool busFailed = false;  // on any controller so far
+        SPMachine described = {};  // the controllers, the same for the whole run
+        bool busFailed = false;    // on any controller so far
 
         bool IsStopped() const { return options.stop != nullptr && *options.stop; }
+        // Ends the run without a judgement of this controller.
+        void Interrupt(ControllerResult& controller);
         template <class Call>
         void Tell(Call call) const {
             if (options.observer != nullptr) call(*options.observer);
         }
     };
     enum class Next { Controller, EndOfRun };
+    enum class Answer { Delivered, NotDelivered, StoppedInPause };
 
     void RunSteps(CurrentRun& run);
     void DescribeMachine(CurrentRun& run);
     void RecordUnsupportedMachine(CurrentRun& run);
     void TestControllers(CurrentRun& run);
-    Next TestController(int node, CurrentRun& run);
-    bool AskBusStatus(IpmiExchange& exchange, const SPShare& share, const CurrentRun& run,
-                      ControllerResult& controller);
-    static bool Send(std::unique_ptr<SPLibrary> library, IpmiExchange& exchange,
-                     const SPShare& share, ControllerResult& controller);
-    void RecordSilence(const IpmiExchange& exchange, CurrentRun& run, ControllerResult& controller);
-    bool JudgeResponse(const IpmiExchange& exchange, CurrentRun& run, ControllerResult& controller);
-    static Next EndRecord(CurrentRun& run, int node);
-    std::string DetectGeneration(const SPShare& share, const CurrentRun& run,
-                                 ControllerResult& controller);
-    static Generation AskGeneration(const SPShare& share, const SPMachine& machine,
-                                    std::string& reason);
-    void RecordBusses(std::string failures, CurrentRun& run, ControllerResult& controller);
+    Next TestController(CurrentRun& run, ControllerResult& controller);
+    Answer AskBusStatus(IpmiExchange& exchange, const CurrentRun& run,
+                        ControllerResult& controller);
+    Next JudgeSilence(const IpmiExchange& exchange, CurrentRun& run, ControllerResult& controller);
+    Next JudgeResponse(const platform::IpmiResponse& response, CurrentRun& run,
+                       ControllerResult& controller);
+    static Next EndRecord(CurrentRun& run, const ControllerResult& controller);
+    Next JudgeBusses(const platform::IpmiResponse& response, CurrentRun& run,
+                     ControllerResult& controller);
+    void RecordBusses(const std::string& failures, CurrentRun& run, ControllerResult& controller);
+
+    // What an OXC controller is, and why that is not known.
+    struct GenerationAnswer {
+        Generation generation = Generation::Unknown;
+        std::string reason;
+    };
+    GenerationAnswer DetectGeneration(const CurrentRun& run);
+    static GenerationAnswer AskGeneration(const SPMachine& described, const SPShare& share);
 
     // The messages of the failed busses, one below the other; empty when none failed.
-    std::string ScanBusses(const platform::IpmiResponse& response, CurrentRun& run,
-                           ControllerResult& controller);
-    void AddFailedBus(unsigned int bus, std::string& failures, CurrentRun& run,
-                      ControllerResult& controller);
+    std::string ScanBusses(const platform::IpmiResponse& response, ControllerResult& controller);
+    void AddFailedBus(unsigned int bus, std::string& failures, ControllerResult& controller);
+    // True when the generation is not known, and the two mean different busses by the answer.
+    static bool DependsOnGeneration(const ControllerResult& controller);
 
     ResultMessage KeepMachineTypeFailure(RunRecord& record, std::string_view reason,
                                          unsigned short number);
     void ReadCatalog(const std::string& path);
+    void ParseCatalog(const std::string& path, std::span<char> text);
     ResultMessage BuildMessage(int kind, unsigned short number);
     ResultMessage CompletionCodeMessage(unsigned char code);
     std::string MessageLine(int kind, unsigned short number);
     std::vector<std::string> Recommendations(unsigned short number);
     void WriteLocation(LocationLine line);
 
-    const std::optional<platform::Trouble> familyTrouble;
     std::string biosId;                               // as the last support check read it
     std::optional<platform::Trouble> catalogTrouble;  // why the catalog was not read to its end
 

@@ -1,6 +1,9 @@
 #include <test/BMCI2C_Test_Impl.h>
 #include <test/MessageNumbers.h>
 
+#include <algorithm>
+#include <utility>
+
 using NQUVZDX20::kLogTrace;
 
 namespace {
@@ -43,7 +46,17 @@ void AddBusses(unsigned int byte, unsigned int examined, unsigned int firstBus,
 
 }  // namespace
 
-std::string BMCI2C_Test_Impl::ScanBusses(const platform::IpmiResponse& response, CurrentRun& run,
+bool BMCI2C_Test_Impl::DependsOnGeneration(const ControllerResult& controller) {
+    if (controller.generation != Generation::Unknown) {
+        return false;
+    }
+    const std::vector<std::uint8_t>& data = controller.data;
+    return std::ranges::any_of(controller.busses,
+                               [](const Bus& bus) { return bus.state == BusState::Unjudged; }) ||
+           (data.size() > kByteUnusedByOxcV2 && data[kByteUnusedByOxcV2] != 0);
+}
+
+std::string BMCI2C_Test_Impl::ScanBusses(const platform::IpmiResponse& response,
                                          ControllerResult& controller) {
     std::string failures;
     unsigned int firstBus = 0;
@@ -66,7 +79,7 @@ std::string BMCI2C_Test_Impl::ScanBusses(const platform::IpmiResponse& response,
         }
         for (unsigned int bit = 0; bit < kBussesPerByte; ++bit) {
             if (IsSet(byte & examined, bit)) {
-                AddFailedBus(firstBus + bit, failures, run, controller);
+                AddFailedBus(firstBus + bit, failures, controller);
             }
         }
         firstBus += kBussesPerByte;
@@ -74,7 +87,7 @@ std::string BMCI2C_Test_Impl::ScanBusses(const platform::IpmiResponse& response,
     return failures;
 }
 
-void BMCI2C_Test_Impl::AddFailedBus(unsigned int bus, std::string& failures, CurrentRun& run,
+void BMCI2C_Test_Impl::AddFailedBus(unsigned int bus, std::string& failures,
                                     ControllerResult& controller) {
     if (!failures.empty()) {
         failures += '\n';
@@ -83,7 +96,5 @@ void BMCI2C_Test_Impl::AddFailedBus(unsigned int bus, std::string& failures, Cur
         BuildMessage(kBusFaultMessage, static_cast<unsigned short>(kFirstBus + bus));
     failures += TextOf(message);
     controller.failedBusses.push_back({bus, std::move(message)});
-    run.record->CompletionState = kCompletionMajorError;
     WriteOutput(kLogTrace, "Failure string: " + failures);
-    run.busFailed = true;
 }

@@ -71,9 +71,13 @@ void DiagService::ReplaceRecords(std::vector<DiagnosticRecord*> kept) {
 }
 
 DiagService::RunScope::RunScope(DiagService& runningTest) : test(runningTest) {
-    test.ReplaceRecords({});
-    const std::lock_guard<std::mutex> changing(test.recordsLock);
-    test.isRunning = true;
+    std::vector<DiagnosticRecord*> dropped;
+    {
+        const std::lock_guard<std::mutex> changing(test.recordsLock);
+        dropped.swap(test.records);
+        test.isRunning = true;
+    }
+    Destroy(std::move(dropped));
 }
 
 DiagService::RunScope::~RunScope() {

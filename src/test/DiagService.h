@@ -42,14 +42,15 @@ public:
     void ForEachRecord(const std::function<void(const DiagnosticRecord&)>& visit) const;
 
     // Puts a record at the end of the list, which owns it from then on. A record may be appended
-    // twice; it is destroyed once. A record in the list does not change any more.
+    // twice; it is destroyed once. A record that readers can see does not change any more.
     void AppendRecord(DiagnosticRecord* record);
 
     // Makes `kept` the list and destroys every former record that it does not hold.
     void ReplaceRecords(std::vector<DiagnosticRecord*> kept);
 
     // The records of a run appear together: its beginning empties the list, and what is appended
-    // while an object lives is shown when the object ends, also by an exception.
+    // while an object lives is shown when the object ends. When an exception ends the run, these
+    // are the records of the controllers that it had finished.
     class RunScope {
     public:
         explicit RunScope(DiagService& runningTest);
@@ -61,7 +62,7 @@ public:
         DiagService& test;
     };
 
-    std::vector<DiagnosticRecord*> records;  // as readers see them
+    std::vector<DiagnosticRecord*> records;  // as readers see them, who use ForEachRecord
 
 private:
     std::vector<DiagnosticRecord*>& ListInWork() { return isRunning ? recordsOfRun : records; }

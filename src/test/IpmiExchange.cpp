@@ -27,8 +27,11 @@ std::string IpmiExchange::DumpRequest() const {
            Hexadecimal(std::span(buffer).first<platform::kRequestSize>());
 }
 
-bool IpmiExchange::SendTo(std::unique_ptr<SPLibrary> controller) {
-    if (controller == nullptr) return false;
+bool IpmiExchange::SendTo(std::unique_ptr<SPLibrary> controller, const SPShare& share) {
+    if (controller == nullptr) {
+        return false;
+    }
+    controller->Use(share);
     const bool delivered =
         controller->sendIPMICommand(buffer.data(), &length, static_cast<int>(buffer.size()), true);
     facts = controller->LastExchange();

@@ -1,8 +1,8 @@
 // One question to a controller and its answer.
 //
 //     IpmiExchange exchange(platform::kI2cBusStatus, 250);
-//     if (exchange.SendTo(ControllerOfNode(0, machine)) && exchange.Response().CompletionCode() ==
-//     0) {
+//     if (exchange.SendTo(ControllerOfNode(0, machine), share) &&
+//     exchange.Response().CompletionCode() == 0) {
 //         for (std::uint8_t busses : exchange.Response().Data()) Judge(busses);
 //     }
 #pragma once
@@ -22,11 +22,12 @@ public:
     // The log line that shows the request; only before it is sent.
     std::string DumpRequest() const;
 
-    // Sends the request and frees the controller object; false when there is no controller or no
-    // answer came.
-    bool SendTo(std::unique_ptr<SPLibrary> controller);
+    // Sends the request in the controller's share and frees the controller object; false when there
+    // is no controller or no answer came.
+    bool SendTo(std::unique_ptr<SPLibrary> controller, const SPShare& share);
 
-    platform::IpmiResponse Response() const { return {buffer, length}; }
+    platform::IpmiResponse Response() const& { return {buffer, length}; }
+    platform::IpmiResponse Response() const&& = delete;
 
     // What the transport told of the last sending; of none before, and without a controller.
     const SPExchange& Facts() const { return facts; }

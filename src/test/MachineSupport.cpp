@@ -1,3 +1,4 @@
+#include <catalog/IndexError.h>
 #include <platform/diagnostics/TOSSpecific.h>
 #include <platform/diagnostics/TZDXException.h>
 #include <platform/settings/FileText.h>
@@ -12,6 +13,7 @@
 #include <filesystem>
 #include <memory>
 #include <new>
+#include <system_error>
 
 using NQUVZDX20::kLogError;
 using NQUVZDX20::kLogTrace;
@@ -84,13 +86,24 @@ void BMCI2C_Test_Impl::ReadCatalog(const std::string& path) {
         return;
     }
     const std::size_t length = std::fread(text.get(), 1, size, file.get());
+    std::error_code unknown;
     if (std::ferror(file.get()) != 0) {
         catalogTrouble = run_trouble::CatalogUnreadable(path, platform::ReasonText(errno));
-    } else if (!std::filesystem::is_regular_file(path)) {
+    } else if (!std::filesystem::is_regular_file(path, unknown)) {
         catalogTrouble = run_trouble::CatalogUnreadable(path, "it is not a regular file");
     }
     file.reset();
-    parser.Parse(text.get(), length);
+    ParseCatalog(path, {text.get(), length});
+}
+
+// What ends the parse early is remembered: the catalog is not read again.
+void BMCI2C_Test_Impl::ParseCatalog(const std::string& path, std::span<char> text) {
+    try {
+        parser.Parse(text.data(), text.size());
+    } catch (const IndexError& error) {
+        catalogTrouble = run_trouble::CatalogIndex(path, error.Line(), error.Index());
+        throw;
+    }
     if (!parser.SyntaxError().empty() && !catalogTrouble) {
         catalogTrouble =
             run_trouble::CatalogSyntax(path, parser.GetCurLine(), parser.SyntaxError());

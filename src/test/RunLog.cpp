@@ -36,16 +36,14 @@ std::size_t FailedBusses(const RunResult& result) {
 
 std::string Summary(const RunResult& result) {
     const auto examined = std::ranges::count_if(result.controllers, IsExamined);
-    return "The I2C bus test of machine type " + result.machine.type + " ended: verdict " +
+    return "The I2C bus test of machine type '" + result.machine.type + "' ended: verdict " +
            NameOf(result.verdict) + ", " + std::to_string(examined) + " of " +
            Counted(result.controllers.size(), "controller", "controllers") + " examined, " +
            Counted(FailedBusses(result), "failed bus", "failed busses") + ", " +
            std::to_string(result.elapsed.count()) + " ms.";
 }
 
-}  // namespace
-
-void WriteRunLog(const RunResult& result) {
+void WriteLines(const RunResult& result) {
     for (const ControllerResult& controller : result.controllers) {
         const NQUVZDX20::LogNode linesAreAbout(controller.node);
         for (const FailedBus& failed : controller.failedBusses) {
@@ -61,6 +59,25 @@ void WriteRunLog(const RunResult& result) {
     }
 }
 
-void WriteRunFailure(const std::string& reason) {
-    Write(NQUVZDX20::kLogError, "The I2C bus test ended with an error: " + reason + ".");
+// A log that fails must not change the outcome of a run.
+template <class Call>
+void WithoutFailure(Call call) noexcept {
+    try {
+        call();
+    } catch (...) {
+        return;
+    }
+}
+
+}  // namespace
+
+void WriteRunLog(const RunResult& result) noexcept {
+    WithoutFailure([&] { WriteLines(result); });
+}
+
+void WriteRunFailure(const char* reason) noexcept {
+    WithoutFailure([&] {
+        Write(NQUVZDX20::kLogError,
+              "The I2C bus test ended with an error: " + std::string(reason) + ".");
+    });
 }

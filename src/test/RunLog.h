@@ -4,11 +4,9 @@
 
 #include <test/RunResult.h>
 
-#include <string>
-
 // After the run: a line of severity 2 for each failed bus, a summary (severity 3 when the run
 // passed, else 2), and a warning when the machine was simulated.
-void WriteRunLog(const RunResult& result);
+void WriteRunLog(const RunResult& result) noexcept;
 
 // The summary of a run that an exception ended.
-void WriteRunFailure(const std::string& reason);
+void WriteRunFailure(const char* reason) noexcept;

@@ -67,8 +67,8 @@ struct ControllerResult {
     Generation generation = Generation::None;
     std::optional<int> length;                   // as the transport returned it, when it answered
     std::optional<std::uint8_t> completionCode;  // of a usable answer
-    std::vector<std::uint8_t> data;              // the status bytes that were examined
-    int attempts = 0;                            // requests for the bus status, retries included
+    std::vector<std::uint8_t> data;              // the status bytes, also of a Refused
+    int attempts = 0;                            // to ask for the bus status, retries included
     std::chrono::milliseconds elapsed{0};        // from the first request to the last answer
     std::vector<Bus> busses;                     // of an Examined, by number
     std::vector<FailedBus> failedBusses;         // the same busses as in `busses`
@@ -89,7 +89,7 @@ struct MachineResult {
 
 enum class Verdict {
     Passed,        // every bus of every controller was judged good
-    Failed,        // a bus has failed, whatever else came
+    Failed,        // a bus has failed, whatever else came but an interruption
     NotCompleted,  // none failed, but something was not examined or not judged
     Interrupted,   // stopped from outside before its end
 };
@@ -103,20 +103,9 @@ struct RunResult {
     std::chrono::system_clock::time_point begin;
     std::chrono::system_clock::time_point end;
     std::chrono::milliseconds elapsed{0};  // by a clock that nobody sets
+    bool interrupted = false;              // stopped from outside
     Verdict verdict = Verdict::NotCompleted;
 };
-
-// Adds the next controller in node order.
-void AddController(RunResult& result, const std::string& address);
-
-// The controller of a node; added, with those before it, when it is not there yet.
-ControllerResult& ControllerOf(RunResult& result, int node);
-
-// Gives each controller that was not asked, and has no trouble yet, the reason.
-void ExplainNotAsked(RunResult& result);
-
-// The verdict that the rest of the result stands for; Interrupted stays.
-Verdict Judge(const RunResult& result);
 
 // "passed", "failed", "not_completed" or "interrupted".
 std::string NameOf(Verdict verdict);

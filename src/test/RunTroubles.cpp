@@ -1,11 +1,14 @@
 #include <platform/service_processor/CompletionCode.h>
 #include <platform/service_processor/Hexadecimal.h>
 #include <platform/service_processor/IpmiMessage.h>
+#include <platform/service_processor/TransportError.h>
 #include <test/RunTroubles.h>
 
 namespace run_trouble {
 
+using platform::NameOf;
 using platform::Trouble;
+using platform::TroubleCode;
 
 namespace {
 
@@ -34,7 +37,9 @@ std::string AdviceFor(std::uint8_t completionCode) {
 }  // namespace
 
 Trouble Refused(std::uint8_t completionCode) {
-    return {.code = "refused",
+    const bool isBusy =
+        completionCode == platform::kNodeBusy || completionCode == platform::kControllerBusy;
+    return {.code = NameOf(isBusy ? TroubleCode::Busy : TroubleCode::Refused),
             .text = "The controller refused the request with completion code " +
                     platform::Hexadecimal(completionCode) + platform::Meaning(completionCode) + ".",
             .advice = AdviceFor(completionCode)};
@@ -42,13 +47,15 @@ Trouble Refused(std::uint8_t completionCode) {
 
 Trouble TooShort(int length) {
     return {
-        .code = "unusable_answer",
+        .code = NameOf(TroubleCode::UnusableAnswers),
         .text = "The controller's answer was too short (length " + std::to_string(length) + ").",
         .advice = "Run the test again. If it still fails, update the controller's firmware."};
 }
 
 Trouble NotPresent() {
-    return {.code = "not_present", .text = "The controller is not present.", .advice = ""};
+    return {.code = NameOf(TroubleCode::NotPresent),
+            .text = "The controller is not present.",
+            .advice = ""};
 }
 
 Trouble NotAskedAfter(int node) {
@@ -72,7 +79,7 @@ Trouble NotAskedOnThisMachine() {
 }
 
 Trouble Interrupted() {
-    return {.code = "interrupted",
+    return {.code = NameOf(TroubleCode::Interrupted),
             .text = "The run was interrupted before the controller answered.",
             .advice = "Run the test again."};
 }
@@ -80,10 +87,18 @@ Trouble Interrupted() {
 Trouble GenerationUnknown(const std::string& reason) {
     return {.code = "generation_unknown",
             .text =
-                "Bits 6 and 7 of the first status byte stand for busses in controllers of the "
-                "second generation only, and the generation is not known: " +
+                "The controller's generation is not known, and the two generations mean "
+                "different busses by bits 6 and 7 of the first status byte and by the second "
+                "byte. It was judged as one of the first, and busses 6 and 7 not at all. " +
                 reason,
             .advice = "Find out why node 0 does not tell its generation, then run the test again."};
+}
+
+Trouble AnswerCut(int length) {
+    return {.code = "answer_cut",
+            .text = "The controller's answer was too long (length " + std::to_string(length) +
+                    "): its end was not examined.",
+            .advice = "Run the test again. If it still fails, update the controller's firmware."};
 }
 
 Trouble FamilyUnknown(const Trouble& reason) {
@@ -111,6 +126,13 @@ Trouble CatalogSyntax(const std::string& catalog, int line, const std::string& e
     return {.code = "catalog_syntax",
             .text = "The message catalog " + catalog + " is wrong in line " + std::to_string(line) +
                     ": " + error,
+            .advice = std::string("Fix it, ") + kOtherCatalog};
+}
+
+Trouble CatalogIndex(const std::string& catalog, int line, const std::string& index) {
+    return {.code = "catalog_index",
+            .text = "The message catalog " + catalog + " is wrong in line " + std::to_string(line) +
+                    ": the index '" + index + "' is not decimal. Nothing from here on was read.",
             .advice = std::string("Fix it, ") + kOtherCatalog};
 }
 

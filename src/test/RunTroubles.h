@@ -30,9 +30,12 @@ platform::Trouble NotAskedOnThisMachine();
 // The program was told to stop before.
 platform::Trouble Interrupted();
 
-// Busses 6 and 7 of an OXC controller of the second generation only. `reason` is why the query was
-// of no use.
+// The two generations of OXC controllers mean different busses by the answer; `reason` is why the
+// query for it was of no use.
 platform::Trouble GenerationUnknown(const std::string& reason);
+
+// The answer announces more than fits the buffer; `length` is what the transport returned.
+platform::Trouble AnswerCut(int length);
 
 // Whether the controllers are of the OXC family was not found out, for `reason`.
 platform::Trouble FamilyUnknown(const platform::Trouble& reason);
@@ -40,6 +43,7 @@ platform::Trouble FamilyUnknown(const platform::Trouble& reason);
 // The catalog's file cannot be read, for `reason`, or not to its end.
 platform::Trouble CatalogMissing(const std::string& catalog);
 platform::Trouble CatalogUnreadable(const std::string& catalog, const std::string& reason);
+platform::Trouble CatalogIndex(const std::string& catalog, int line, const std::string& index);
 platform::Trouble CatalogSyntax(const std::string& catalog, int line, const std::string& error);
 
 // Neither machine type nor BIOS identifier is in the catalog, which is not read without a machine

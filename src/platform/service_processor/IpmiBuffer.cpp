@@ -79,6 +79,11 @@ int WriteAnswer(const IpmiAnswer& answer, std::span<unsigned char> buffer) {
 
 std::uint8_t IpmiResponse::CompletionCode() const { return buffer[kCompletionCodeIndex]; }
 
+bool IpmiResponse::IsCut() const {
+    constexpr std::size_t kLongest = 1 + std::tuple_size_v<IpmiBuffer> - kFirstDataIndex;
+    return length > static_cast<int>(kLongest);
+}
+
 std::span<const std::uint8_t> IpmiResponse::Bytes() const {
     if (length < 0) return {};
     const std::size_t announced = static_cast<std::size_t>(length) + kFirstDataIndex;

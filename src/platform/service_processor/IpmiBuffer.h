@@ -42,12 +42,16 @@ class IpmiResponse {
 public:
     IpmiResponse(const IpmiBuffer& responseBuffer, int returnedLength)
         : buffer(responseBuffer), length(returnedLength) {}
+    IpmiResponse(IpmiBuffer&& gone, int length) = delete;
 
     int Length() const { return length; }
     std::uint8_t CompletionCode() const;
 
     // True when the length announces no more than a completion code.
     bool IsTooShort() const { return length <= 1; }
+
+    // True when the length announces data that the buffer did not take.
+    bool IsCut() const;
 
     // Everything up to the byte behind the last one that the length announces: the length counts
     // the completion code as well, and the test looks at one byte for each of the length.

@@ -7,6 +7,7 @@ SPLibrary* SPLibrary::GetSplibraryInstance(int node) {
 }
 
 SPLibrary* SPLibrary::GetSplibraryInstance(int node, const SPMachine& machine) {
+    if (machine.nodes == nullptr) return nullptr;
     return platform::MakeNode(*machine.nodes, node).release();
 }
 

@@ -81,7 +81,7 @@ TEST(IpmiExchange, DumpRequest_ShowsTheFifteenBytes) {
 TEST(IpmiExchange, SendTo_HandsOverTheRequestInAZeroedBuffer) {
     FakeServiceProcessor::Reset();
     IpmiExchange exchange(platform::kI2cBusStatus, 250);
-    EXPECT_FALSE(exchange.SendTo(ControllerOfNode(3, {})));
+    EXPECT_FALSE(exchange.SendTo(ControllerOfNode(3, {}), {}));
     const auto requests = FakeServiceProcessor::Requests();
     ASSERT_EQ(requests.size(), 1u);
     EXPECT_EQ(requests[0].node, 3);
@@ -97,13 +97,13 @@ TEST(IpmiExchange, SendTo_HandsOverTheRequestInAZeroedBuffer) {
 TEST(IpmiExchange, SendTo_FreesTheController) {
     FakeServiceProcessor::Reset();
     const std::size_t before = FakeServiceProcessor::ObjectsAlive();
-    IpmiExchange(platform::kI2cBusStatus, 250).SendTo(ControllerOfNode(0, {}));
+    IpmiExchange(platform::kI2cBusStatus, 250).SendTo(ControllerOfNode(0, {}), {});
     EXPECT_EQ(FakeServiceProcessor::ObjectsAlive(), before);
 }
 
 TEST(IpmiExchange, SendTo_NoController_CountsAsNotDelivered) {
     IpmiExchange exchange(platform::kI2cBusStatus, 250);
-    EXPECT_FALSE(exchange.SendTo(nullptr));
+    EXPECT_FALSE(exchange.SendTo(nullptr, {}));
     EXPECT_EQ(exchange.Response().Length(), 250);
 }
 
@@ -111,7 +111,7 @@ TEST(IpmiExchange, Response_IsWhatTheControllerAnswered) {
     FakeServiceProcessor::Reset();
     FakeServiceProcessor::Script(0, 0x09, {.completionCode = 0xC1, .data = {0x11, 0xAB}});
     IpmiExchange exchange(platform::kI2cBusStatus, 250);
-    ASSERT_TRUE(exchange.SendTo(ControllerOfNode(0, {})));
+    ASSERT_TRUE(exchange.SendTo(ControllerOfNode(0, {}), {}));
     const IpmiResponse response = exchange.Response();
     EXPECT_EQ(response.Length(), 3);
     EXPECT_EQ(response.CompletionCode(), 0xC1);
@@ -191,7 +191,7 @@ TEST(IpmiExchange, Facts_TellWhyNoAnswerCame) {
     FakeServiceProcessor::Reset();
     IpmiExchange exchange(platform::kI2cBusStatus, 250);
     EXPECT_EQ(exchange.Facts().attempts, 0);
-    exchange.SendTo(ControllerOfNode(0, {}));
+    exchange.SendTo(ControllerOfNode(0, {}), {});
     EXPECT_EQ(exchange.Facts().attempts, 1);
     EXPECT_EQ(exchange.Facts().trouble->code, "no_answer");
 }

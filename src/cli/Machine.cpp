@@ -1,6 +1,5 @@
 #include <cli/Machine.h>
-#include <cli/ScopedVariable.h>
-#include <platform/diagnostics/TOSSpecific.h>
+#include <platform/diagnostics/SmbiosText.h>
 #include <platform/service_processor/NodeList.h>
 #include <platform/service_processor/TransportFactory.h>
 
@@ -22,14 +21,17 @@ std::string WayTo(const platform::ControllerSettings& controller, int node) {
 }  // namespace
 
 Machine ReadMachine(const platform::Settings& settings) {
-    const ScopedVariable silence = SilentLog();
-    Machine machine{.type = NQUVZDX20::TOSSpecific::GetMachineTypeFromID(),
-                    .biosId = NQUVZDX20::TOSSpecific::GetBiosID(),
-                    .controllers = {}};
+    const platform::SmbiosText type = platform::ReadMachineType(settings);
+    const platform::SmbiosText biosId = platform::ReadBiosId(settings);
+    Machine machine{.type = type.text, .biosId = biosId.text, .controllers = {}, .troubles = {}};
+    for (const platform::SmbiosText& smbios : {type, biosId})
+        if (!smbios.problem.empty()) machine.troubles.push_back(smbios.problem);
     for (const platform::ControllerSettings& controller : platform::NodeList(settings)) {
         const int node = static_cast<int>(machine.controllers.size());
         machine.controllers.push_back({WayTo(controller, node), controller});
     }
+    if (machine.controllers.empty() && !settings.controllers.value)
+        machine.troubles.push_back(platform::NoDeviceText());
     return machine;
 }
 

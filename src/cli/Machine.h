@@ -17,10 +17,10 @@ struct Machine {
     std::string type;                     // empty when it cannot be read
     std::string biosId;                   // the same
     std::vector<Controller> controllers;  // in node order
+    std::vector<std::string> troubles;    // what could not be read, in full sentences
 };
 
-// Reads them as the module does. What is wrong with SMBIOS is only captured (LogCapture): the log
-// itself is the module's.
+// Reads them as the test does.
 Machine ReadMachine(const platform::Settings& settings);
 
 // True when a profile or a controller's settings stand for real hardware.

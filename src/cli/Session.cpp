@@ -10,10 +10,16 @@ namespace {
 
 using platform::Origin;
 
-void SetVariable(const char* name, const std::string& value) { ::setenv(name, value.c_str(), 1); }
-
-void HandOn(const char* variable, const std::string& path) {
-    if (!path.empty()) SetVariable(variable, std::filesystem::absolute(path));
+// The options as variables, which say the same.
+platform::Variables VariablesOf(const GlobalOptions& options) {
+    platform::Variables variables;
+    const auto add = [&](const char* name, const std::string& path) {
+        if (!path.empty()) variables[name] = std::filesystem::absolute(path);
+    };
+    add("BMCI2C_CONFIG", options.config);
+    add("BMCI2C_ROOT", options.root);
+    add("BMCI2C_SIMULATE", options.profile);
+    return variables;
 }
 
 void ReportError(const host::Message& message) {
@@ -27,13 +33,11 @@ Session OpenSession(const GlobalOptions& options) {
     Session session;
     session.options = options;
     session.inheritedProfile = platform::EnvironmentText("BMCI2C_SIMULATE").has_value();
-    HandOn("BMCI2C_CONFIG", options.config);
-    HandOn("BMCI2C_ROOT", options.root);
-    HandOn("BMCI2C_SIMULATE", options.profile);
+    session.variables = VariablesOf(options);
     session.executable = Executable();
     const std::filesystem::path folder = session.executable.parent_path();
     session.files = FindFiles(folder, options.module);
-    session.settings = platform::ReadSettingsOrProblem();
+    session.settings = platform::ReadSettingsOrProblem(session.variables);
 
     const std::filesystem::path root = FindRoot(folder);
     session.choseRoot = session.settings.root.origin == Origin::Default && !root.empty();
@@ -41,14 +45,15 @@ Session OpenSession(const GlobalOptions& options) {
     session.choseLog =
         session.settings.problem.empty() && session.settings.log.origin == Origin::Default;
     session.choseLogLevel = session.choseLog && session.settings.logLevel.origin == Origin::Default;
-    if (session.choseRoot) SetVariable("BMCI2C_ROOT", root);
-    if (session.choseLog) SetVariable("BMCI2C_LOG", "stderr");
-    if (session.choseLogLevel) SetVariable("BMCI2C_LOG_LEVEL", "0");
-    session.settings = platform::ReadSettingsOrProblem();
+    if (session.choseRoot) session.variables["BMCI2C_ROOT"] = root;
+    if (session.choseLog) session.variables["BMCI2C_LOG"] = "stderr";
+    if (session.choseLogLevel) session.variables["BMCI2C_LOG_LEVEL"] = "0";
+    session.settings = platform::ReadSettingsOrProblem(session.variables);
     return session;
 }
 
 std::unique_ptr<host::Host> LoadHost(const Session& session) {
+    for (const auto& [name, value] : session.variables) ::setenv(name.c_str(), value.c_str(), 1);
     return std::make_unique<host::Host>(session.files, ReportError);
 }
 

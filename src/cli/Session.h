@@ -24,6 +24,7 @@ struct Session {
     GlobalOptions options;
     std::filesystem::path executable;
     host::HostFiles files;
+    platform::Variables variables;  // what the options and the command itself chose
     platform::Settings settings;
 
     // The command chose these itself, because nobody had.
@@ -35,15 +36,15 @@ struct Session {
     bool inheritedProfile = false;
 };
 
-// Hands the options to the module in the environment of this process, as any other program that
-// loads it would, and reads the settings once to learn what is wrong with them. Where nobody says
-// otherwise, the catalog is the one beside the program, and only lines of severity 0 (what is wrong
-// in the catalog) are logged, to the standard error output. Settings that cannot be read are those
-// of platform::ReadSettingsOrProblem().
+// Reads the settings with the options. Where nobody says otherwise, the catalog is the one beside
+// the program, and only lines of severity 0 (what is wrong in the catalog) are logged, to the
+// standard error output. Settings that cannot be read are those of
+// platform::ReadSettingsOrProblem().
 Session OpenSession(const GlobalOptions& options);
 
-// Loads the module. What its providers report as errors goes to the standard error output. Throws
-// host::LoadError.
+// Loads the module, and sets the session's variables in the environment before, where the module
+// finds them as in any other program. What its providers report as errors goes to the standard
+// error output. Throws host::LoadError.
 std::unique_ptr<host::Host> LoadHost(const Session& session);
 
 }  // namespace cli

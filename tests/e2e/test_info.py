@@ -42,6 +42,17 @@ def test_missing_catalog_is_told(bmci2c):
     )
 
 
+def test_smbios_that_cannot_be_read_is_told(bmci2c):
+    config = bmci2c.write("platform.toml", '[machine.type_source]\nfolder = "/nowhere"\n')
+    facts = info(bmci2c, "--config", config, env={"BMCI2C_SIMULATE": bmci2c.profile(machine_type=None)})
+    (trouble,) = facts["troubles"]
+    assert "/nowhere/product_name" in trouble
+    # Whatever log somebody chose, it stays out of the answer.
+    log = bmci2c.folder / "log.txt"
+    info(bmci2c, "--config", config, env={"BMCI2C_LOG": f"file:{log}", "BMCI2C_LOG_LEVEL": "4"})
+    assert not log.exists()
+
+
 def test_settings_tell_their_origin(bmci2c):
     config = bmci2c.write("platform.toml", "[controllers]\ntime_limit = 7\n")
     settings = info(bmci2c, "--config", config)["settings"]

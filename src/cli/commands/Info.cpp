@@ -1,7 +1,6 @@
 #include <cli/ExitCodes.h>
 #include <cli/Installation.h>
 #include <cli/Json.h>
-#include <cli/LogCapture.h>
 #include <cli/Machine.h>
 #include <cli/Printable.h>
 #include <cli/SettingList.h>
@@ -54,16 +53,14 @@ Json RegistrationsJson(const std::vector<host::Registration>& registrations) {
     return array;
 }
 
-std::vector<std::string> AllTroubles(const std::filesystem::path& catalog,
-                                     const std::vector<LogLine>& lines) {
-    std::vector<std::string> troubles = Troubles(lines);
-    if (std::string text = CatalogTrouble(catalog, lines); !text.empty())
+std::vector<std::string> AllTroubles(const Machine& machine, const std::filesystem::path& catalog) {
+    std::vector<std::string> troubles = machine.troubles;
+    if (std::string text = CatalogTrouble(catalog, {}); !text.empty())
         troubles.push_back(std::move(text));
     return troubles;
 }
 
 Json InfoJson(const Session& session) {
-    const LogCapture capture;
     const Machine machine = ReadMachine(session.settings);
     const std::unique_ptr<host::Host> host = LoadHost(session);
     const std::filesystem::path catalog = CatalogBelow(session.settings.root.value);
@@ -78,7 +75,7 @@ Json InfoJson(const Session& session) {
             {"machine_type", machine.type},
             {"bios_id", machine.biosId},
             {"controllers", std::move(controllers)},
-            {"troubles", AllTroubles(catalog, capture.Lines())}};
+            {"troubles", AllTroubles(machine, catalog)}};
 }
 
 // A JSON value for people: texts without quotation marks, nothing as kNone.

@@ -10,22 +10,20 @@ namespace platform {
 
 namespace {
 
-template <class T>
-void ApplyText(const char* variable, Setting<T>& setting) {
-    Override(setting, EnvironmentText(variable), Origin::Environment, variable);
+void ApplyRoot(const Variables& chosen, Settings& settings) {
+    Override(settings.root, VariableText(chosen, "BMCI2C_ROOT"), Origin::Environment,
+             "BMCI2C_ROOT");
 }
 
-void ApplyRoot(Settings& settings) { ApplyText("BMCI2C_ROOT", settings.root); }
-
-void ApplyLog(Settings& settings) {
-    const auto log = EnvironmentText("BMCI2C_LOG");
+void ApplyLog(const Variables& chosen, Settings& settings) {
+    const auto log = VariableText(chosen, "BMCI2C_LOG");
     if (log && !ParseLogTarget(*log))
         throw SettingsError("BMCI2C_LOG", '"' + *log + '"', kLogTargetForms);
     Override(settings.log, log, Origin::Environment, "BMCI2C_LOG");
 }
 
-void ApplyLogLevel(Settings& settings) {
-    const auto text = EnvironmentText("BMCI2C_LOG_LEVEL");
+void ApplyLogLevel(const Variables& chosen, Settings& settings) {
+    const auto text = VariableText(chosen, "BMCI2C_LOG_LEVEL");
     if (!text) return;
     int level = 0;
     const char* const end = text->data() + text->size();
@@ -37,7 +35,10 @@ void ApplyLogLevel(Settings& settings) {
     settings.logLevel = {level, Origin::Environment, "BMCI2C_LOG_LEVEL"};
 }
 
-void ApplyLogCapture(Settings& settings) { ApplyText("BMCI2C_LOG_CAPTURE", settings.logCapture); }
+void ApplyLogCapture(const Variables& chosen, Settings& settings) {
+    Override(settings.logCapture, VariableText(chosen, "BMCI2C_LOG_CAPTURE"), Origin::Environment,
+             "BMCI2C_LOG_CAPTURE");
+}
 
 constexpr auto kApplications = {ApplyRoot, ApplyLog, ApplyLogLevel, ApplyLogCapture};
 
@@ -49,14 +50,20 @@ std::optional<std::string> EnvironmentText(const char* variable) {
     return text;
 }
 
-void ApplyEnvironment(Settings& settings) {
-    for (const auto apply : kApplications) apply(settings);
+std::optional<std::string> VariableText(const Variables& chosen, const char* variable) {
+    const auto found = chosen.find(variable);
+    if (found == chosen.end() || found->second.empty()) return EnvironmentText(variable);
+    return found->second;
 }
 
-void ApplyValidEnvironment(Settings& settings) {
+void ApplyEnvironment(const Variables& chosen, Settings& settings) {
+    for (const auto apply : kApplications) apply(chosen, settings);
+}
+
+void ApplyValidEnvironment(const Variables& chosen, Settings& settings) {
     for (const auto apply : kApplications) {
         try {
-            apply(settings);
+            apply(chosen, settings);
         } catch (const SettingsError&) {
             // The default stands; the caller reports a problem already.
         }

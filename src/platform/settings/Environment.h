@@ -11,11 +11,14 @@ namespace platform {
 // The value of a variable; nothing when it is not set or empty.
 std::optional<std::string> EnvironmentText(const char* variable);
 
+// The same, but a chosen variable goes before the one of the process.
+std::optional<std::string> VariableText(const Variables& chosen, const char* variable);
+
 // Applies BMCI2C_ROOT, BMCI2C_LOG, BMCI2C_LOG_LEVEL and BMCI2C_LOG_CAPTURE. Throws SettingsError,
 // whose text begins with the variable's name.
-void ApplyEnvironment(Settings& settings);
+void ApplyEnvironment(const Variables& chosen, Settings& settings);
 
 // The same, but a variable that is wrong is passed over.
-void ApplyValidEnvironment(Settings& settings);
+void ApplyValidEnvironment(const Variables& chosen, Settings& settings);
 
 }  // namespace platform

@@ -18,8 +18,8 @@ Settings DefaultSettings() {
     return settings;
 }
 
-void ApplyProfile(Settings& settings) {
-    const std::optional<std::string> path = EnvironmentText("BMCI2C_SIMULATE");
+void ApplyProfile(const Variables& chosen, Settings& settings) {
+    const std::optional<std::string> path = VariableText(chosen, "BMCI2C_SIMULATE");
     if (!path) return;
     const SimulatedProfile profile = ReadSimulatedProfile(*path);
     settings.profileFile = {*path, Origin::Environment, "BMCI2C_SIMULATE"};
@@ -40,20 +40,20 @@ void ApplyProfile(Settings& settings) {
 
 }  // namespace
 
-Settings ReadSettings() {
+Settings ReadSettings(const Variables& chosen) {
     Settings settings = DefaultSettings();
-    ApplySettingsFile(settings);
-    ApplyProfile(settings);
-    ApplyEnvironment(settings);
+    ApplySettingsFile(chosen, settings);
+    ApplyProfile(chosen, settings);
+    ApplyEnvironment(chosen, settings);
     return settings;
 }
 
-Settings ReadSettingsOrProblem() {
+Settings ReadSettingsOrProblem(const Variables& chosen) {
     try {
-        return ReadSettings();
+        return ReadSettings(chosen);
     } catch (const SettingsError& error) {
         Settings settings = DefaultSettings();
-        ApplyValidEnvironment(settings);
+        ApplyValidEnvironment(chosen, settings);
         settings.controllers.value.emplace();
         settings.problem = error.what();
         return settings;

@@ -14,6 +14,7 @@
 #include <platform/settings/SimulatedProfile.h>
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -95,16 +96,25 @@ struct Settings {
     std::string problem;  // why the settings could not be read; else empty
 };
 
-// Reads what the environment names. Throws SettingsError.
-Settings ReadSettings();
+// Variables by name, in the place of those of the process.
+using Variables = std::map<std::string, std::string>;
+
+// Reads what the environment names; a variable that was `chosen` goes before the one of the
+// process. Throws SettingsError.
+Settings ReadSettings(const Variables& chosen = {});
 
 // The same; while that cannot be done: the defaults, what is right among BMCI2C_ROOT and the log
 // variables (they do not depend on a file), no controller at all, and the problem.
-Settings ReadSettingsOrProblem();
+Settings ReadSettingsOrProblem(const Variables& chosen = {});
 
 // The settings that the module works with: read once. While they cannot be read, every call tries
 // again and gives ReadSettingsOrProblem(), so that a broken file never lets the test talk to the
 // wrong controllers.
 std::shared_ptr<const Settings> CurrentSettings();
+
+// Makes these, which could be read, the settings that this process works with: for a program that
+// has read them with choices of its own. Settings that are in use already stay in use where they
+// are: the core logger keeps its sinks.
+void UseSettings(Settings settings);
 
 }  // namespace platform

@@ -14,6 +14,9 @@ public:
     // until then gives ReadSettingsOrProblem(). Safe from any thread.
     std::shared_ptr<const Settings> Get();
 
+    // Makes these the settings that Get() gives. They must have been readable.
+    void Set(Settings chosen);
+
 private:
     std::mutex mutex;  // guards `settings`
     std::shared_ptr<const Settings> settings;

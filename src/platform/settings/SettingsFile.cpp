@@ -88,8 +88,8 @@ bool IsAbsent(const std::string& path) {
 
 }  // namespace
 
-void ApplySettingsFile(Settings& settings) {
-    const std::optional<std::string> named = EnvironmentText("BMCI2C_CONFIG");
+void ApplySettingsFile(const Variables& chosen, Settings& settings) {
+    const std::optional<std::string> named = VariableText(chosen, "BMCI2C_CONFIG");
     const std::string path = named.value_or(DefaultSettingsFile());
     if (!named && IsAbsent(path)) return;
     ReadSettingsFile(path, settings);

@@ -5,8 +5,8 @@
 
 namespace platform {
 
-// Applies the file that BMCI2C_CONFIG names, which must be there, or else the default file, which
-// need not. Throws SettingsError.
-void ApplySettingsFile(Settings& settings);
+// Applies the file that BMCI2C_CONFIG names, `chosen` or of the process, which must be there, or
+// else the default file, which need not. Throws SettingsError.
+void ApplySettingsFile(const Variables& chosen, Settings& settings);
 
 }  // namespace platform

@@ -21,7 +21,7 @@ RunReport ReportWith(std::vector<host::Instance> records, std::vector<Controller
     RunReport report;
     report.session.executable = "/opt/bin/bmci2c";
     report.session.settings.root.value = "/nowhere/share";
-    report.machine = {.type = "7000", .biosId = "P7E100A", .controllers = {}};
+    report.machine = {.type = "7000", .biosId = "P7E100A", .controllers = {}, .troubles = {}};
     for (std::size_t node = 0; node < statuses.size(); ++node)
         report.machine.controllers.push_back({"inband /dev/ipmi" + std::to_string(node), {}});
     report.run = RunWith(std::move(records));

@@ -114,4 +114,27 @@ TEST_F(CachedSettings, CurrentSettings_AreOneCacheOfTheProcess) {
     EXPECT_EQ(first->timeLimit.value, 5);
 }
 
+TEST_F(CachedSettings, ThatAreSet_GoBeforeThoseThatCanBeRead) {
+    WriteFile("[controllers]\ntime_limit = 5\n");
+    const auto before = cache.Get();
+    Settings chosen = *before;
+    chosen.timeLimit.value = 7;
+    cache.Set(chosen);
+    EXPECT_EQ(cache.Get()->timeLimit.value, 7);
+    EXPECT_EQ(before->timeLimit.value, 5);
+}
+
+TEST_F(CachedSettings, ThatAreSetFirst_AreNeverRead) {
+    WriteFile("[");
+    cache.Set({});
+    EXPECT_EQ(cache.Get()->problem, "");
+}
+
+TEST_F(CachedSettings, CurrentSettings_AreThoseThatAreUsed) {
+    Settings chosen;
+    chosen.timeLimit.value = 8;
+    platform::UseSettings(chosen);
+    EXPECT_EQ(platform::CurrentSettings()->timeLimit.value, 8);
+}
+
 }  // namespace

@@ -39,7 +39,7 @@ TEST_P(BadSettings, NamesPlaceKeyAndWhatIsAllowed) {
     folder.Write("profile.toml", "[[node]]\n");
     const std::string path = folder.Write("platform.toml", GetParam().text);
     environment.Set("BMCI2C_CONFIG", path);
-    EXPECT_EQ(ErrorOf(platform::ReadSettings), path + GetParam().error);
+    EXPECT_EQ(ErrorOf([] { platform::ReadSettings(); }), path + GetParam().error);
 }
 
 constexpr BadFile kBadSettings[] = {
@@ -337,7 +337,7 @@ TEST_F(UnreadableSettings, FileThatIsNotThere_IsAnError) {
     const std::string path = folder.File("absent.toml");
     for (const char* variable : {"BMCI2C_SIMULATE", "BMCI2C_CONFIG"}) {
         environment.Set(variable, path);
-        EXPECT_EQ(ErrorOf(platform::ReadSettings),
+        EXPECT_EQ(ErrorOf([] { platform::ReadSettings(); }),
                   path +
                       ": The file cannot be read: No such file or directory. Name a file that "
                       "is there and can be read.");
@@ -347,7 +347,7 @@ TEST_F(UnreadableSettings, FileThatIsNotThere_IsAnError) {
 
 TEST_F(UnreadableSettings, Folder_IsAnError) {
     environment.Set("BMCI2C_CONFIG", folder.File(""));
-    EXPECT_EQ(ErrorOf(platform::ReadSettings),
+    EXPECT_EQ(ErrorOf([] { platform::ReadSettings(); }),
               folder.File("") +
                   ": The file cannot be read: Is a directory. Name a file that is "
                   "there and can be read.");
@@ -359,7 +359,7 @@ TEST_F(UnreadableSettings, BadProfileOfAController_IsNamedByItsOwnFileAndLine) {
         "BMCI2C_CONFIG",
         folder.Write("platform.toml",
                      "[[controller]]\ntransport = \"simulated\"\nprofile = \"profile.toml\"\n"));
-    EXPECT_EQ(ErrorOf(platform::ReadSettings),
+    EXPECT_EQ(ErrorOf([] { platform::ReadSettings(); }),
               folder.File("profile.toml") +
                   ":2:7: key 'oxc': found an integer, allowed is true or false.");
 }
@@ -367,7 +367,7 @@ TEST_F(UnreadableSettings, BadProfileOfAController_IsNamedByItsOwnFileAndLine) {
 TEST_F(UnreadableSettings, UnknownLog_NamesTheVariable) {
     for (const std::string log : {"journal", "file:", "json:", "file", "SYSLOG", "syslog:x"}) {
         environment.Set("BMCI2C_LOG", log);
-        EXPECT_EQ(ErrorOf(platform::ReadSettings),
+        EXPECT_EQ(ErrorOf([] { platform::ReadSettings(); }),
                   "BMCI2C_LOG: found \"" + log +
                       "\", allowed are \"syslog\", \"stderr\", \"none\", \"file:PATH\" and "
                       "\"json:PATH\".");
@@ -377,7 +377,7 @@ TEST_F(UnreadableSettings, UnknownLog_NamesTheVariable) {
 TEST_F(UnreadableSettings, BadLogLevel_NamesTheVariable) {
     for (const std::string level : {"-1", "5", "two", "2 ", " 2", "+2", "2.0", "99999999999"}) {
         environment.Set("BMCI2C_LOG_LEVEL", level);
-        EXPECT_EQ(ErrorOf(platform::ReadSettings),
+        EXPECT_EQ(ErrorOf([] { platform::ReadSettings(); }),
                   "BMCI2C_LOG_LEVEL: found \"" + level + "\", allowed is an integer from 0 to 4.");
     }
 }

@@ -166,4 +166,26 @@ TEST_F(SettingsPrecedence, ProfileOverDefaults) {
     ExpectSetting<std::optional<std::string>>(settings.biosId, std::nullopt, Origin::Default);
 }
 
+TEST_F(SettingsPrecedence, ChosenVariablesOverThoseOfTheProcess) {
+    UseEnvironment();
+    environment.Set("BMCI2C_CONFIG", "/absent.toml");
+    environment.Set("BMCI2C_SIMULATE", "/absent.toml");
+    const Settings settings = platform::ReadSettings(
+        {{"BMCI2C_CONFIG", folder.Write("platform.toml", kFile)},
+         {"BMCI2C_SIMULATE", folder.Write("profile.toml", "machine_type = \"chosen\"\n")},
+         {"BMCI2C_ROOT", "/chosen/root"},
+         {"BMCI2C_LOG_LEVEL", "1"}});
+    ExpectSetting(settings.configFile, folder.File("platform.toml"), Origin::Environment);
+    ExpectSetting<std::optional<std::string>>(settings.machineType, "chosen", Origin::Profile);
+    ExpectSetting<std::string>(settings.root, "/chosen/root", Origin::Environment);
+    ExpectSetting<std::string>(settings.log, "none", Origin::Environment);
+    ExpectSetting(settings.logLevel, 1, Origin::Environment);
+}
+
+TEST_F(SettingsPrecedence, EmptyChosenVariable_LeavesThatOfTheProcessInForce) {
+    UseEnvironment();
+    ExpectSetting<std::string>(platform::ReadSettings({{"BMCI2C_ROOT", ""}}).root,
+                               "/environment/root", Origin::Environment);
+}
+
 }  // namespace

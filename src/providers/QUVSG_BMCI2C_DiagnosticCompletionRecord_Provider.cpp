@@ -1,37 +1,18 @@
-#include <framework/Instance_Ptr.h>
 #include <framework/Status.h>
 #include <providers/QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider.h>
 #include <test/Globals_BMCI2C_Test.h>
 
 #include <cstdio>
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace {
-
-using RecordInstance = std::unique_ptr<QUVSG_BMCI2C_DiagnosticCompletionRecord, cimple::Unref>;
 
 // Whether every step passed; no steps are no failure.
 bool AllPassed(const cimple::Array<bool>& results) {
     bool passed = true;
     for (std::size_t i = 0; i < results.size(); ++i) passed = passed && results[i];
     return passed;
-}
-
-// One instance per kept record. They are built while the records are locked and delivered after,
-// because delivery may wait for the client.
-std::vector<RecordInstance> BuildRecords(DiagService& test) {
-    std::vector<RecordInstance> instances;
-    test.ForEachRecord([&](const DiagnosticRecord& record) {
-        const auto* details = dynamic_cast<const BMCI2C_Test_DiagnosticRecord*>(&record);
-        const auto index = static_cast<std::uint32_t>(instances.size());
-        instances.emplace_back(QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::BuildRecord(
-            record, index, test.GetElementName(),
-            details != nullptr ? details->ResultArray : cimple::Array<bool>(),
-            details != nullptr ? details->LogArray : cimple::Array<cimple::String>()));
-    });
-    return instances;
 }
 
 }  // namespace
@@ -45,6 +26,22 @@ int QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::enum_instances(
         }
     }
     return cimple::STATUS_OK;
+}
+
+// They are built while the records are locked and delivered after, because delivery may wait for
+// the client.
+std::vector<QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::RecordInstance>
+QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::BuildRecords(const DiagService& test) {
+    std::vector<RecordInstance> instances;
+    test.ForEachRecord([&](const DiagnosticRecord& record) {
+        const auto* details = dynamic_cast<const BMCI2C_Test_DiagnosticRecord*>(&record);
+        const auto index = static_cast<std::uint32_t>(instances.size());
+        instances.emplace_back(
+            BuildRecord(record, index, test.GetElementName(),
+                        details != nullptr ? details->ResultArray : cimple::Array<bool>(),
+                        details != nullptr ? details->LogArray : cimple::Array<cimple::String>()));
+    });
+    return instances;
 }
 
 QUVSG_BMCI2C_DiagnosticCompletionRecord*

@@ -114,9 +114,11 @@ void Describe(CLI::App& app, GlobalOptions& options) {
     app.fallthrough();  // options of the program may stand after the command, too
     app.require_subcommand(1);
     app.footer(
-        "Exit codes of run: 0 passed, 1 a bus has failed, 2 not completed, 3 the module could not "
-        "be loaded or the call failed, 64 wrong usage or settings. Of doctor: 0 no check has "
-        "failed, 1 a check has failed.");
+        "Exit codes of run: 0 passed, 1 a bus has failed, 2 not completed, 3 the run itself "
+        "failed, "
+        "64 wrong usage or settings, 129, 130, 143 ended early by SIGHUP, SIGINT, SIGTERM. Of "
+        "doctor: "
+        "0 no check has failed, 1 a check has failed.");
 }
 
 int Print(const std::string& text) {

@@ -9,5 +9,6 @@ inline constexpr int kSomethingWrong = 1;    // doctor: a check has failed
 inline constexpr int kTestNotCompleted = 2;  // run: not every bus could be judged
 inline constexpr int kCallFailed = 3;        // the module could not be loaded, or a call failed
 inline constexpr int kWrongUsage = 64;       // wrong usage or settings
+inline constexpr int kInterrupted = 128;     // run: plus the signal that ended it early
 
 }  // namespace cli

@@ -3,15 +3,9 @@
 #include <platform/service_processor/NodeList.h>
 #include <platform/service_processor/TransportFactory.h>
 
-#include <algorithm>
-
 namespace cli {
 
 namespace {
-
-bool IsSimulatedController(const platform::ControllerSettings& controller) {
-    return controller.transport == platform::TransportKind::Simulated;
-}
 
 std::string WayTo(const platform::ControllerSettings& controller, int node) {
     const std::string way = platform::MakeTransport(controller, node)->Describe();
@@ -33,13 +27,6 @@ Machine ReadMachine(const platform::Settings& settings) {
     if (machine.controllers.empty() && !settings.controllers.value)
         machine.troubles.push_back(platform::NoDeviceText());
     return machine;
-}
-
-bool IsSimulated(const platform::Settings& settings) {
-    const auto& controllers = settings.controllers.value;
-    return !settings.profileFile.value.empty() ||
-           (controllers &&
-            std::any_of(controllers->begin(), controllers->end(), IsSimulatedController));
 }
 
 }  // namespace cli

@@ -23,7 +23,4 @@ struct Machine {
 // Reads them as the test does.
 Machine ReadMachine(const platform::Settings& settings);
 
-// True when a profile or a controller's settings stand for real hardware.
-bool IsSimulated(const platform::Settings& settings);
-
 }  // namespace cli

@@ -13,7 +13,7 @@ def run(bmci2c):
 
 def unwrapped_report(bmci2c):
     result = bmci2c.simulate(bmci2c.profile(node(data=[0])), "run")
-    assert result.out.startswith("NOT COMPLETED: there is no usable message catalog, so no ")
+    assert result.out.startswith("NOT COMPLETED (simulated machine): there is no usable message catalog, so no ")
     return " ".join(result.out.split())
 
 
@@ -32,7 +32,7 @@ def test_missing_catalog_is_an_unsupported_machine(bmci2c):
 def test_broken_catalog_is_an_unsupported_machine(bmci2c, text):
     bmci2c.write_catalog(text)
     code, outcome, _ = run(bmci2c)
-    assert (code, outcome["verdict"]) == (2, "not completed")
+    assert (code, outcome["verdict"]) == (2, "not_completed")
 
 
 def test_truncated_catalog_says_where(bmci2c):
@@ -47,8 +47,8 @@ def test_catalog_that_is_a_folder_is_an_unsupported_machine(bmci2c):
     path.unlink()
     path.mkdir()
     code, outcome, _ = run(bmci2c)
-    assert (code, outcome["verdict"]) == (2, "not completed")
-    assert f"{path} is not a file." in unwrapped_report(bmci2c)
+    assert (code, outcome["verdict"]) == (2, "not_completed")
+    assert f"{path} cannot be read: it is not a regular file." in unwrapped_report(bmci2c)
 
 
 def test_catalog_that_nobody_may_read_is_an_unsupported_machine(bmci2c):
@@ -61,7 +61,7 @@ def test_catalog_that_nobody_may_read_is_an_unsupported_machine(bmci2c):
     else:
         reason = "Permission denied"
     code, outcome, _ = run(bmci2c)
-    assert (code, outcome["verdict"]) == (2, "not completed")
+    assert (code, outcome["verdict"]) == (2, "not_completed")
     assert f"{path} cannot be read: {reason}." in unwrapped_report(bmci2c)
 
 
@@ -79,9 +79,11 @@ def test_index_that_is_no_number_is_named_with_its_line(bmci2c, options):
     line = text[: text.index("0x3C4")].count("\n") + 1
     result = bmci2c.simulate(bmci2c.profile(node(data=[0])), "run", *options)
     assert result.code == 3
-    assert "bad lexical cast: source type value could not be interpreted as target" in result.err
     path = bmci2c.root / "bmci2c" / "bmci2c.msg.xml"
-    assert f"The error came up in line {line} of the message catalog {path}." in result.err
+    assert (
+        f"The message catalog {path} is wrong in line {line}: the index '0x3C4' is not a decimal "
+        "number."
+    ) in result.err
 
 
 def test_unknown_element_is_reported_and_the_rest_is_read(bmci2c):

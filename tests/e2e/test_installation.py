@@ -17,6 +17,7 @@ EXPECTED = {
     "share/zsh/vendor-completions/_bmci2c",
     "share/bmci2c/bmci2c.msg.xml",
     "share/bmci2c/platform.toml",
+    "share/bmci2c/run.schema.json",
     "share/bmci2c/profiles/pass.toml",
     "share/bmci2c/schema/bmci2c-pegasus.mof",
     "share/bmci2c/schema/bmci2c-published.mof",

@@ -1,47 +1,46 @@
 """What `run` prints for people."""
 
 import os
-import pty
 import subprocess
 
 from conftest import catalog_text, failed_bus, node, passed
+from terminal import Terminal
 
 
 def text_of(bmci2c, *nodes, **keys):
     return bmci2c.simulate(bmci2c.profile(*nodes, **keys), "run").out
 
 
-def on_terminal(bmci2c, profile, **environment):
+def on_terminal(bmci2c, profile, *options, width=80, **environment):
     """The output of `run` on a terminal."""
-    ours, theirs = pty.openpty()
-    with subprocess.Popen(
-        [bmci2c.program, "--root", str(bmci2c.root), "--simulate", profile, "run"],
-        env={**bmci2c.environment, "TERM": "xterm", **environment},
-        stdin=subprocess.DEVNULL,
-        stdout=theirs,
-    ) as process:
-        os.close(theirs)
-        output = b""
-        try:
-            while piece := os.read(ours, 4096):
-                output += piece
-        except OSError:
-            pass  # the other side has closed
-        process.wait(timeout=100)
-    os.close(ours)
-    return output.decode()
+    arguments = ["--root", str(bmci2c.root), "--simulate", profile, "run", *options]
+    with Terminal([bmci2c.program, *arguments], bmci2c.environment, width, **environment) as run:
+        return run.rest()
 
 
 def test_first_line_is_the_verdict(bmci2c):
     assert text_of(bmci2c, node(data=[0, 0]), node(data=[0, 0])).startswith(
-        "PASSED: all 32 busses of 2 controllers are good.\n"
+        "PASSED (simulated machine): all 32 busses of 2 controllers are good.\n"
     )
     assert text_of(bmci2c, node(data=[0, 0]), node(data=[4, 0])).startswith(
-        "FAILED: 1 bus has failed: bus 2 of node 1.\n"
+        "FAILED (simulated machine): 1 bus has failed: bus 2 of node 1.\n"
     )
     assert text_of(bmci2c, node(data=[0]), node(answers=False)).startswith(
-        "NOT COMPLETED: the busses of node 1 could not be examined.\n"
+        "NOT COMPLETED (simulated machine): node 1 was not examined.\n"
     )
+
+
+def test_failed_bus_beside_a_dead_controller_is_told_first(bmci2c):
+    assert text_of(bmci2c, node(answers=False), node(data=[4])).startswith(
+        "FAILED (simulated machine): 1 bus has failed: bus 2 of node 1. Node 0 was not examined.\n"
+    )
+    assert text_of(bmci2c, node(data=[4]), node(answers=False)).startswith(
+        "FAILED (simulated machine): 1 bus has failed: bus 2 of node 0. Node 1 was not examined.\n"
+    )
+
+
+def test_duration_is_shown(bmci2c):
+    assert text_of(bmci2c, node(data=[0])).splitlines()[1].startswith("Duration ")
 
 
 def test_machine_and_controllers_are_shown(bmci2c):
@@ -52,7 +51,7 @@ def test_machine_and_controllers_are_shown(bmci2c):
 
 def test_controller_that_is_not_present_is_shown_as_such(bmci2c):
     text = text_of(bmci2c, node(data=[0]), node(present=False))
-    assert "\n  node 0  simulated\n  node 1  simulated, not present\n" in text
+    assert "\n  Node 1 (simulated): The controller is not present.\n" in text
 
 
 def test_map_has_a_row_for_each_node_and_a_cell_for_each_bus(bmci2c):
@@ -67,25 +66,40 @@ def test_map_has_a_row_for_each_node_and_a_cell_for_each_bus(bmci2c):
 
 
 def test_map_of_an_oxc_controller_shows_numbers_without_a_bus(bmci2c):
-    text = text_of(bmci2c, node(data=[0xC1]), oxc=True, generation=1)
-    assert "  node 0   X  .  .  .  .  .  -  -\n" in text
+    text = text_of(bmci2c, node(data=[0xC1, 0]), oxc=True, generation=1)
+    assert "  node 0   X  .  .  .  .  .  -  -  .  .  .  .  .  .  .  .\n" in text
     assert "\n  .  good     X  failed     -  no such bus\n" in text
     text = text_of(bmci2c, node(data=[1, 0xFF, 2]), oxc=True, generation=2)
     assert "  node 0   X  .  .  .  .  .  .  .  .  X  .  .  .  .  .  .\n" in text
-    assert "The second status byte of node 0 stands for no bus and was not examined." in text
+    assert (
+        "  Node 0 (simulated): The second status byte stands for no bus and was not\n"
+        "    examined.\n"
+    ) in text
 
 
 def test_map_says_why_a_controller_was_not_examined(bmci2c):
     text = text_of(bmci2c, node(answers=False), node(completion_code=0xC1), node(data=[0]))
-    assert "  node 0  not reached: its busses were not examined\n" in text
-    assert "  node 1  refused (completion code 0xc1): its busses were not examined\n" in text
+    assert "  node 0  not examined: no answer\n" in text
+    assert "  node 1  not examined: refused (0xc1)\n" in text
     assert "  node 2  not asked\n" in text
 
 
 def test_record_is_shown_with_its_recommendations(bmci2c):
     text = text_of(bmci2c, node(data=[0]), node(data=[0] * 7 + [0x80]))
-    assert f"  {passed(1)}\n  {failed_bus(63, 2)}\n" in text
-    assert "  Recommendations:\n\n  standard advice\n" in text
+    line = failed_bus(63, 2)
+    assert (
+        f"  {passed(1)}\n  {line}\n    Recommendations:\n    - standard advice\n"
+    ) in text
+
+
+def test_every_result_line_begins_a_line(bmci2c):
+    # In the record that of a silent controller follows the one before without a line break.
+    lines = text_of(bmci2c, node(data=[0]), node(answers=False), node(data=[0])).splitlines()
+    assert [line[2:13] for line in lines if line.startswith("  166-")] == [
+        "166-000-001",
+        "166-802-002",
+        "166-000-003",
+    ]
 
 
 def test_long_lines_are_wrapped(bmci2c):
@@ -95,27 +109,41 @@ def test_long_lines_are_wrapped(bmci2c):
     assert max(len(line) for line in text.splitlines() if "word" in line) <= 80
 
 
-def test_what_the_library_said_is_shown(bmci2c):
+def test_trouble_of_a_controller_is_shown_with_its_text(bmci2c):
     text = text_of(bmci2c, node(data=[0]), node(answers=False))
-    said = text[text.index("\nWhat the controllers' library said\n") :]
-    assert "  SP: node 1 (simulated): network function 0x3a, command 0x09: " in said
+    assert (
+        "\nWhat was not examined, and why\n"
+        "  Node 1 (simulated): The simulated controller does not answer.\n"
+    ) in text
 
 
 def test_nothing_is_said_when_all_controllers_answer(bmci2c):
-    assert "library said" not in text_of(bmci2c, node(data=[1]))
+    assert "not examined" not in text_of(bmci2c, node(data=[1]))
 
 
-def test_job_is_shown(bmci2c):
+def test_run_that_ended_early_says_where_and_how_to_go_on(bmci2c):
+    text = text_of(bmci2c, node(completion_code=0xC1), node(data=[0]))
+    words = " ".join(text.split())
+    assert "Node 1 (simulated): The controller was not asked: the run ended at node 0" in words
+    assert "bmci2c run --all" in words
+
+
+def test_run_of_all_controllers_says_where_that_of_a_cim_client_ends(bmci2c):
+    profile = bmci2c.profile(node(completion_code=0xC1), node(data=[0]))
+    words = " ".join(bmci2c.simulate(profile, "run", "--all").out.split())
+    assert "A CIM client's run would have ended at node 0" in words
+    assert "--all" not in words
+
+
+def test_job_of_cim_clients_is_not_shown(bmci2c):
     text = text_of(bmci2c, node(data=[0]))
-    assert "\nJob\n  InstanceID  BMCI2C_Record:" in text
-    assert "\n  State       completed (" in text
-    assert "\n  Submitted   20" in text
+    assert "BMCI2C_Record:" not in text
 
 
 def test_next_step_is_shown(bmci2c):
     assert "\nWhat to do next\n  Nothing needs to be done.\n" in text_of(bmci2c, node(data=[0]))
     assert "Follow the recommendations above for each failed bus" in text_of(
-        bmci2c, node(data=[1])
+        bmci2c, node(data=[0] * 7 + [0x80])
     )
 
 
@@ -131,8 +159,10 @@ def test_command_for_the_real_machine_is_shown(bmci2c):
 
 def test_machine_without_controllers_is_explained(bmci2c):
     text = text_of(bmci2c)
-    assert text.startswith("NOT COMPLETED: no management controller was found.\n")
-    assert "\n  The run kept no record.\n" in text
+    assert text.startswith(
+        "NOT COMPLETED (simulated machine): no management controller was found.\n"
+    )
+    assert "\nWhat the test recorded\n  nothing\n" in text
 
 
 def test_missing_catalog_is_explained(bmci2c):
@@ -140,11 +170,56 @@ def test_missing_catalog_is_explained(bmci2c):
         "--root", "/nowhere", "--simulate", bmci2c.profile(node(data=[0])), "run"
     )
     assert result.code == 2
+    assert "there is no usable message catalog" in result.out.splitlines()[0]
     assert "There is no message catalog /nowhere/bmci2c/bmci2c.msg.xml." in result.out
 
 
-def test_output_into_a_file_has_no_colour(bmci2c):
-    assert "\033" not in text_of(bmci2c, node(data=[1]))
+def test_catalog_that_is_wrong_behind_the_machine_is_told_with_its_line(bmci2c):
+    bmci2c.write_catalog(catalog_text().replace("</bmci2cmsg>", "</nonsense>"))
+    result = bmci2c.simulate(bmci2c.profile(node(data=[0])), "run")
+    assert result.code == 0
+    assert "bmci2c.msg.xml is wrong in line" in " ".join(result.out.split())
+
+
+def test_quiet_prints_the_verdict_only(bmci2c):
+    result = bmci2c.simulate(bmci2c.profile(node(data=[4])), "run", "--quiet")
+    assert (result.code, result.err) == (1, "")
+    assert result.out == "FAILED (simulated machine): 1 bus has failed: bus 2 of node 0.\n"
+
+
+def test_verbose_logs_each_step_to_standard_error(bmci2c):
+    profile = bmci2c.profile(node(data=[0]))
+    result = bmci2c.simulate(profile, "run", "--verbose")
+    assert "BMCI2C: Total number of BMC(s) found = 1" in result.err
+    assert result.out.startswith("PASSED")
+    # Whatever log somebody chose.
+    log = bmci2c.folder / "log.txt"
+    chosen = {"BMCI2C_LOG": f"file:{log}", "BMCI2C_LOG_LEVEL": "0"}
+    result = bmci2c.simulate(profile, "run", "--verbose", "--quiet", env=chosen)
+    assert "BMCI2C: Total number of BMC(s) found = 1" in result.err
+    assert not log.exists()
+
+
+def test_control_characters_of_the_catalog_never_reach_the_terminal(bmci2c):
+    bmci2c.write_catalog(catalog_text().replace(">text 0<", ">a&#x9b;2Jb<"))
+    out = text_of(bmci2c, node(data=[0]))
+    assert "a\\xc2\\x9b2Jb" in out
+    assert "\x9b" not in out
+
+
+def test_control_characters_of_the_machine_are_escaped(bmci2c):
+    profile = bmci2c.write(
+        "evil.toml", 'machine_type = "7000"\nbios_id = "\\u001b[2J"\n[[node]]\ndata = [0]\n'
+    )
+    result = bmci2c.simulate(profile, "run")
+    assert "  BIOS identifier  \\x1b[2J\n" in result.out
+    assert "\033" not in result.out
+
+
+def test_output_into_a_file_has_no_colour_and_no_progress(bmci2c):
+    text = text_of(bmci2c, node(data=[1]), node(data=[0], busy=1))
+    assert "\033" not in text
+    assert "\r" not in text
 
 
 def test_failed_bus_is_red_on_a_terminal(bmci2c):
@@ -156,6 +231,28 @@ def test_terminal_with_no_color_has_no_colour(bmci2c):
     output = on_terminal(bmci2c, bmci2c.profile(node(data=[1])), NO_COLOR="1")
     assert "  node 0   X  ." in output
     assert "\033" not in output
+
+
+def shown(output):
+    """The lines that stay on a terminal."""
+    return [line.rstrip("\r").rpartition("\r")[2] for line in output.split("\n")]
+
+
+def test_progress_is_redrawn_in_place_and_erased(bmci2c):
+    output = on_terminal(bmci2c, bmci2c.profile(node(data=[0], busy=1), node(data=[0])))
+    assert "\rAsking controller 1 of 2, simulated (" in output
+    assert "\rBusy: asking controller 1 of 2, simulated, again in 5 s (" in output
+    assert "\rBusy: asking controller 1 of 2, simulated, again in 1 s (" in output
+    assert "\rAsking controller 2 of 2, simulated (" in output
+    lines = shown(output)
+    assert "PASSED (simulated machine)" in lines[0]
+    assert not any("Asking" in line or "Busy" in line for line in lines)
+
+
+def test_progress_is_not_shown_where_nobody_wants_it(bmci2c):
+    profile = bmci2c.profile(node(data=[0]))
+    for options, environment in ((["--json"], {}), (["--quiet"], {}), ([], {"TERM": "dumb"})):
+        assert "Asking" not in on_terminal(bmci2c, profile, *options, **environment)
 
 
 def test_output_that_cannot_be_written_is_an_error(bmci2c):

@@ -125,6 +125,6 @@ def test_device_that_cannot_be_opened_is_named_with_its_reason(bmci2c):
     )
     result = bmci2c("--config", config, "run")
     assert result.code == 2
-    said = " ".join(result.out[result.out.index("library said") :].split())
+    said = " ".join(result.out[result.out.index("What was not examined") :].split())
     assert f"{bmci2c.folder}/no-ipmi0" in said
     assert "No such file or directory" in said

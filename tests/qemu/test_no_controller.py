@@ -21,7 +21,7 @@ def machine(boot):
 
 def test_no_device_is_told_with_every_path(machine):
     outcome = run_on(machine)
-    assert (outcome.code, outcome.verdict) == (2, "not completed")
+    assert (outcome.code, outcome.verdict) == (2, "not_completed")
     assert outcome.records == []
     assert set(outcome.log) == {NO_DEVICE}
 
@@ -41,7 +41,7 @@ def test_machine_listed_by_its_bios_identifier_is_tested(machine):
 def test_machine_that_no_catalog_lists_is_unsupported(machine):
     machine("mkdir -p /tmp/empty/bmci2c")
     outcome = run_on(machine, "BMCI2C_ROOT=/tmp/empty")
-    assert (outcome.code, outcome.verdict) == (2, "not completed")
+    assert (outcome.code, outcome.verdict) == (2, "not_completed")
     assert outcome.records == [
         "166-899-001 BMCI2C Bus Test Aborted: The machine with MT [Unlisted] is not supported by "
         "BMCI2C Bus Test."

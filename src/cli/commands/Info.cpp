@@ -55,7 +55,7 @@ Json RegistrationsJson(const std::vector<host::Registration>& registrations) {
 
 std::vector<std::string> AllTroubles(const Machine& machine, const std::filesystem::path& catalog) {
     std::vector<std::string> troubles = machine.troubles;
-    if (std::string text = CatalogTrouble(catalog, {}); !text.empty())
+    if (std::string text = CatalogTrouble(catalog); !text.empty())
         troubles.push_back(std::move(text));
     return troubles;
 }

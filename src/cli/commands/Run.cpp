@@ -1,95 +1,104 @@
-#include <cli/DiagnosticRun.h>
+#include <catalog/IndexError.h>
 #include <cli/Errors.h>
+#include <cli/ExitCodes.h>
 #include <cli/Installation.h>
 #include <cli/Json.h>
-#include <cli/LogCapture.h>
-#include <cli/Machine.h>
 #include <cli/commands/Commands.h>
-#include <cli/report/CatalogTrouble.h>
 #include <cli/report/RunReport.h>
+#include <cli/run/Interruption.h>
+#include <cli/run/Progress.h>
+#include <cli/run/RunJson.h>
+#include <cli/run/TestRun.h>
 
+#include <algorithm>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace cli {
 
 namespace {
 
-// A module that cannot be loaded is a run without an outcome.
-DiagnosticRun LoadAndRun(const Session& session) {
+struct RunFlags {
+    bool asJson = false;
+    bool isQuiet = false;
+    bool isVerbose = false;
+    bool asksAll = false;
+};
+
+constexpr int kVerboseLevel = 3;  // every step of the test
+
+platform::Settings SettingsOf(const Session& session, const RunFlags& flags) {
+    platform::Settings settings = session.settings;
+    if (!flags.isVerbose) return settings;
+    settings.log.value = "stderr";
+    settings.logLevel.value = std::max(settings.logLevel.value, kVerboseLevel);
+    return settings;
+}
+
+Problem ProblemOf(const IndexError& error, const Session& session) {
+    return {"The message catalog " + CatalogBelow(session.settings.root.value).string() +
+                " is wrong in line " + std::to_string(error.Line()) + ": the index '" +
+                error.Index() + "' is not a decimal number.",
+            "Fix it, or name the diagnostics root directory of another catalog (--root DIR)."};
+}
+
+TestRun RunWatched(const RunFlags& flags, const Interruption& interruption) {
+    std::optional<Progress> progress;
+    if (!flags.asJson && !flags.isQuiet && CanShowProgress())
+        progress.emplace(std::cout, StandardOutput().width);
+    return RunTest({.askAll = flags.asksAll,
+                    .observer = progress ? &*progress : nullptr,
+                    .stop = &interruption.IsRequested()});
+}
+
+std::string Output(const Session& session, const RunFlags& flags, const TestRun& run) {
+    if (flags.asJson) return JsonText(RunJson(run));
+    const RunReport report{.session = session, .result = run.result, .askedAll = flags.asksAll};
+    const Terminal terminal = StandardOutput(session.options.colour);
+    return flags.isQuiet ? HeadlineText(report, terminal) : RunText(report, terminal);
+}
+
+int ExitCodeOf(Verdict verdict, const std::optional<int>& signal) {
+    switch (verdict) {
+        case Verdict::Passed:
+            return kSuccess;
+        case Verdict::Failed:
+            return kTestFailed;
+        case Verdict::Interrupted:
+            return kInterrupted + signal.value_or(0);
+        default:
+            return kTestNotCompleted;
+    }
+}
+
+int Run(const Session& session, const RunFlags& flags) {
+    if (flags.asJson && flags.isQuiet)
+        throw UsageError("--json and --quiet cannot be combined.", "Give one of them.");
+    platform::UseSettings(SettingsOf(session, flags));
+    const Interruption interruption;
     try {
-        const std::unique_ptr<host::Host> host = LoadHost(session);
-        return RunDiagnostic(*host);
-    } catch (const host::LoadError& error) {
-        DiagnosticRun run;
-        run.problem = std::string(error.what()) + kLoadAdvice;
-        return run;
+        const TestRun run = RunWatched(flags, interruption);
+        std::cout << Output(session, flags, run);
+        return ExitCodeOf(run.result.verdict, interruption.Signal());
+    } catch (const IndexError& error) {
+        throw CommandError(ProblemOf(error, session));
     }
-}
-
-Json RunJson(const DiagnosticRun& run) {
-    Json records = Json::array();
-    for (const host::Instance& record : run.records) records.push_back(ToJson(record.properties));
-    return {{"status", run.status ? Json(static_cast<int>(run.status->code)) : Json()},
-            {"return_value", ToJson(run.returnValue)},
-            {"job", run.job ? ToJson(run.job->properties) : Json()},
-            {"records", std::move(records)},
-            {"verdict", VerdictText(Judge(run))}};
-}
-
-std::vector<ControllerStatus> Statuses(const std::vector<LogLine>& lines, const DiagnosticRun& run,
-                                       std::size_t count) {
-    std::vector<ControllerStatus> statuses = StatusFromLog(lines, count);
-    return statuses.empty() ? StatusFromRecords(run.records, count) : statuses;
-}
-
-std::filesystem::path CatalogOf(const Session& session) {
-    return CatalogBelow(session.settings.root.value);
-}
-
-int Finish(const Session& session, const DiagnosticRun& run, const LogCapture& capture) {
-    if (!run.problem.empty()) {
-        std::cerr << "bmci2c: " << run.problem << '\n';
-        const std::string place = CatalogPlace(CatalogOf(session), capture.Lines());
-        if (!place.empty()) std::cerr << "bmci2c: " << place << '\n';
-    }
-    return ExitCodeOf(Judge(run));
-}
-
-int PrintJson(const Session& session) {
-    const LogCapture capture;
-    const DiagnosticRun run = LoadAndRun(session);
-    std::cout << JsonText(RunJson(run));
-    return Finish(session, run, capture);
-}
-
-int PrintText(const Session& session) {
-    const LogCapture capture;
-    RunReport report{.session = session,
-                     .machine = ReadMachine(session.settings),
-                     .run = LoadAndRun(session),
-                     .controllers = {},
-                     .troubles = {},
-                     .catalogTrouble = {}};
-    const std::vector<LogLine> lines = capture.Lines();
-    report.troubles = Troubles(lines);
-    report.catalogTrouble = CatalogTrouble(CatalogOf(session), lines);
-    report.controllers = Statuses(lines, report.run, report.machine.controllers.size());
-    if (report.run.problem.empty()) std::cout << RunText(report, StandardOutput());
-    return Finish(session, report.run, capture);
 }
 
 }  // namespace
 
 void AddRun(CommandSet& commands) {
-    const auto asJson = std::make_shared<bool>(false);
+    const auto flags = std::make_shared<RunFlags>();
     commands
         .Add("run", "Test the I2C busses of all controllers",
-             [asJson](const Session& session) {
-                 return *asJson ? PrintJson(session) : PrintText(session);
-             })
-        .Flag("--json", *asJson, "Print the outcome as one JSON object");
+             [flags](const Session& session) { return Run(session, *flags); })
+        .Flag("--json", flags->asJson, "Print the result as one JSON object")
+        .Flag("--quiet", flags->isQuiet, "Print only the line with the verdict")
+        .Flag("--verbose", flags->isVerbose, "Log every step to standard error")
+        .Flag("--all", flags->asksAll,
+              "Ask every controller, even after one that would end a CIM client's run");
 }
 
 }  // namespace cli

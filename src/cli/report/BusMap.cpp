@@ -1,17 +1,19 @@
+#include <cli/Text.h>
 #include <cli/report/BusMap.h>
+#include <cli/report/Names.h>
+#include <cli/report/Reasons.h>
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
+#include <cstddef>
+#include <optional>
 #include <string_view>
 
 namespace cli {
 
 namespace {
 
-using Outcome = ControllerStatus::Outcome;
-
-constexpr std::size_t kBussesPerRow = 16;
+constexpr std::size_t kIndent = 2;
+constexpr std::size_t kLeastCellWidth = 3;
 constexpr std::string_view kHeading = "bus";
 
 std::string Right(const std::string& text, std::size_t width) {
@@ -22,103 +24,140 @@ std::string Left(const std::string& text, std::size_t width) {
     return text + std::string(width - std::min(width, text.size()), ' ');
 }
 
-std::string NodeName(std::size_t node) { return "node " + std::to_string(node); }
+// Nothing stands for a number without a bus.
+using Mark = std::optional<BusState>;
 
-// Renders the controllers' busses in blocks of kBussesPerRow columns.
+struct Meaning {
+    Mark mark;
+    char character;
+    const char* text;
+};
+
+constexpr Meaning kMeanings[] = {{BusState::Good, '.', "good"},
+                                 {BusState::Failed, 'X', "failed"},
+                                 {BusState::Unjudged, '?', "not judged"},
+                                 {std::nullopt, '-', "no such bus"}};
+
+std::string CharacterOf(const Meaning& meaning, const Terminal& terminal) {
+    const std::string character(1, meaning.character);
+    if (meaning.mark == BusState::Failed) return terminal.Red(character);
+    return meaning.mark == BusState::Unjudged ? terminal.Yellow(character) : character;
+}
+
+// By bus number; empty when the controller was not examined.
+using Marks = std::vector<Mark>;
+
+Marks MarksOf(const ControllerResult& controller) {
+    Marks marks;
+    if (controller.outcome != Outcome::Examined) return marks;
+    for (const Bus& bus : controller.busses) {
+        marks.resize(std::max<std::size_t>(marks.size(), bus.number + 1));
+        marks[bus.number] = bus.state;
+    }
+    return marks;
+}
+
+// Sixteen columns where there is room, else eight, and fewer on the narrowest terminals.
+std::size_t ColumnsWithin(std::size_t room) {
+    for (const std::size_t columns : {std::size_t{16}, std::size_t{8}, std::size_t{4}})
+        if (columns * kLeastCellWidth <= room) return columns;
+    return 1;
+}
+
 class Map {
 public:
-    Map(const std::vector<ControllerStatus>& statuses, const Terminal& output)
-        : controllers(statuses), terminal(output) {
-        for (const ControllerStatus& controller : controllers)
-            busses = std::max(busses, controller.busses.size());
-        if (!controllers.empty()) nameWidth = NodeName(controllers.size() - 1).size();
-        cellWidth = std::max<std::size_t>(3, std::to_string(busses).size() + 1);
+    Map(const std::vector<ControllerResult>& results, const Terminal& output)
+        : controllers(results), terminal(output) {
+        for (const ControllerResult& controller : controllers) {
+            marks.push_back(MarksOf(controller));
+            busses = std::max(busses, marks.back().size());
+            nameWidth = std::max(nameWidth, NodeName(controller.node).size());
+        }
+        cellWidth = std::max(kLeastCellWidth, std::to_string(busses).size() + 1);
+        const std::size_t taken = kIndent + nameWidth + 1;
+        columns = ColumnsWithin((terminal.width - std::min(terminal.width, taken)) *
+                                kLeastCellWidth / cellWidth);
     }
 
     std::string Text() const {
         std::string text = Block(0);
-        for (std::size_t first = kBussesPerRow; first < busses; first += kBussesPerRow)
+        for (std::size_t first = columns; first < busses; first += columns)
             text += "\n" + Block(first);
         return text;
     }
 
+    // The marks that occur, each with its meaning; in lines that fit.
+    std::string Legend() const {
+        std::string legend;
+        std::size_t width = 0;  // of the line so far
+        for (const Meaning& meaning : kMeanings) {
+            if (!Occurs(meaning.mark)) continue;
+            const std::size_t length = 3 + std::string_view(meaning.text).size();
+            if (width != 0 && width + kGap + length > terminal.width) {
+                legend += "\n";
+                width = 0;
+            }
+            const std::size_t gap = width == 0 ? kIndent : kGap;
+            legend += std::string(gap, ' ') + CharacterOf(meaning, terminal) + "  " + meaning.text;
+            width += gap + length;
+        }
+        return legend.empty() ? "" : "\n" + legend + "\n";
+    }
+
 private:
+    static constexpr std::size_t kGap = 5;
+
+    bool Occurs(const Mark& mark) const {
+        return std::ranges::any_of(marks, [&](const Marks& ofOne) {
+            return std::ranges::find(ofOne, mark) != ofOne.end();
+        });
+    }
+
     std::string Block(std::size_t first) const {
-        const std::size_t end = std::min(first + kBussesPerRow, busses);
+        const std::size_t end = std::min(first + columns, busses);
         std::string text = busses == 0 ? "" : Numbers(first, end);
-        for (std::size_t node = 0; node < controllers.size(); ++node)
-            if (first == 0 || controllers[node].busses.size() > first)
-                text += Row(node, first, end) + "\n";
+        for (std::size_t row = 0; row < controllers.size(); ++row)
+            if (first == 0 || marks[row].size() > first) text += Row(row, first, end) + "\n";
         return text;
     }
 
     std::string Numbers(std::size_t first, std::size_t end) const {
-        std::string text = "  " + Left(std::string(kHeading), nameWidth) + " ";
+        std::string text = std::string(kIndent, ' ') + Left(std::string(kHeading), nameWidth) + " ";
         for (std::size_t bus = first; bus < end; ++bus)
             text += Right(std::to_string(bus), cellWidth);
         return text + "\n";
     }
 
-    std::string Row(std::size_t node, std::size_t first, std::size_t end) const {
-        const ControllerStatus& controller = controllers[node];
-        std::string row = "  " + Left(NodeName(node), nameWidth) + " ";
+    std::string Row(std::size_t row, std::size_t first, std::size_t end) const {
+        const ControllerResult& controller = controllers[row];
+        std::string text =
+            std::string(kIndent, ' ') + Left(NodeName(controller.node), nameWidth) + " ";
         if (controller.outcome != Outcome::Examined)
-            return row + " " + terminal.Yellow(ReasonText(controller));
-        for (std::size_t bus = first; bus < std::min(end, controller.busses.size()); ++bus)
-            row += Cell(controller.busses[bus]);
-        return row + (controller.busses.empty() ? " no bus reported" : "");
+            return text + " " + terminal.Yellow(ShortReason(controller));
+        for (std::size_t bus = first; bus < std::min(end, marks[row].size()); ++bus)
+            text += Cell(marks[row][bus]);
+        return text + (marks[row].empty() ? " no bus reported" : "");
     }
 
-    std::string Cell(Bus bus) const {
-        const std::string blanks(cellWidth - 1, ' ');
-        if (bus == Bus::Failed) return blanks + terminal.Red("X");
-        return blanks + (bus == Bus::Good ? "." : "-");
+    std::string Cell(const Mark& mark) const {
+        const auto* meaning = std::ranges::find(kMeanings, mark, &Meaning::mark);
+        return std::string(cellWidth - 1, ' ') + CharacterOf(*meaning, terminal);
     }
 
-    const std::vector<ControllerStatus>& controllers;
+    const std::vector<ControllerResult>& controllers;
     const Terminal& terminal;
+    std::vector<Marks> marks;  // by row
     std::size_t busses = 0;
     std::size_t nameWidth = kHeading.size();
-    std::size_t cellWidth;
+    std::size_t cellWidth = kLeastCellWidth;
+    std::size_t columns = 0;
 };
-
-bool HasGap(const std::vector<ControllerStatus>& controllers) {
-    return std::ranges::any_of(controllers, [](const ControllerStatus& controller) {
-        return std::ranges::find(controller.busses, Bus::None) != controller.busses.end();
-    });
-}
 
 }  // namespace
 
-std::string BusMapText(const std::vector<ControllerStatus>& controllers, const Terminal& terminal) {
-    std::string text = Map(controllers, terminal).Text();
-    text += "\n  .  good     " + terminal.Red("X") + "  failed" +
-            (HasGap(controllers) ? "     -  no such bus\n" : "\n");
-    for (std::size_t node = 0; node < controllers.size(); ++node)
-        if (controllers[node].hasBytesWithoutBusses)
-            text += "  The second status byte of " + NodeName(node) +
-                    " stands for no bus and was not examined.\n";
-    return text;
-}
-
-std::string ReasonText(const ControllerStatus& controller) {
-    switch (controller.outcome) {
-        case Outcome::NotAsked:
-            return "not asked";
-        case Outcome::NotDelivered:
-            return "not reached: its busses were not examined";
-        case Outcome::BadLength:
-            return "answer too short (length " + std::to_string(controller.length) +
-                   "): its busses were not examined";
-        case Outcome::Refused: {
-            std::array<char, 8> code{};
-            std::snprintf(code.data(), code.size(), "0x%02x", controller.completionCode & 0xFFU);
-            return "refused (completion code " + std::string(code.data()) +
-                   "): its busses were not examined";
-        }
-        default:
-            return "";
-    }
+std::string BusMapText(const std::vector<ControllerResult>& controllers, const Terminal& terminal) {
+    const Map map(controllers, terminal);
+    return map.Text() + map.Legend();
 }
 
 }  // namespace cli

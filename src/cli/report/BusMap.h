@@ -1,19 +1,17 @@
-// The map of the busses: a row for each controller, a cell for each bus.
+// The I2C busses of all controllers as a map of characters.
 #pragma once
 
 #include <cli/Terminal.h>
-#include <cli/report/BusStatus.h>
+#include <test/RunResult.h>
 
 #include <string>
 #include <vector>
 
 namespace cli {
 
-// The map with its legend. A failed bus is an X, on a colour terminal a red one; a controller that
-// could not be judged has the reason in its row.
-std::string BusMapText(const std::vector<ControllerStatus>& controllers, const Terminal& terminal);
-
-// Why a controller was not judged, in a few words; empty when it was.
-std::string ReasonText(const ControllerStatus& controller);
+// A row for each controller and a column for each bus, in blocks that fit into the terminal's
+// width; below them what the marks mean that occur. A controller that was not examined has its
+// reason instead.
+std::string BusMapText(const std::vector<ControllerResult>& controllers, const Terminal& terminal);
 
 }  // namespace cli

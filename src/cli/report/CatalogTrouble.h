@@ -1,20 +1,12 @@
-// Why the message catalog was of no use to a run.
+// Why the message catalog cannot be read.
 #pragma once
-
-#include <cli/LogCapture.h>
 
 #include <filesystem>
 #include <string>
-#include <vector>
 
 namespace cli {
 
-// What keeps the catalog from being read to its end, in a sentence; empty when nothing does.
-// `lines` are what the run logged.
-std::string CatalogTrouble(const std::filesystem::path& catalog, const std::vector<LogLine>& lines);
-
-// Where in the catalog an error ended the call, in a sentence or two; empty when the last line of
-// the log is not one of the catalog's parser.
-std::string CatalogPlace(const std::filesystem::path& catalog, const std::vector<LogLine>& lines);
+// A sentence; empty when the file can be read. What is in it is not looked at.
+std::string CatalogTrouble(const std::filesystem::path& catalog);
 
 }  // namespace cli

@@ -1,17 +1,14 @@
-// What a run means, and what to do about it.
+// What to do about the outcome of a run.
 #pragma once
 
-#include <cli/report/RunReport.h>
+#include <test/RunResult.h>
 
 #include <string>
 #include <vector>
 
 namespace cli {
 
-// The verdict and its reason in one sentence.
-std::string Headline(const RunReport& report);
-
 // What to do next, a sentence or two each; at least one.
-std::vector<std::string> NextSteps(const RunReport& report);
+std::vector<std::string> NextSteps(const RunResult& result);
 
 }  // namespace cli

@@ -1,136 +1,136 @@
-#include <cli/ResultLines.h>
+#include <cli/Printable.h>
 #include <cli/Text.h>
 #include <cli/report/BusMap.h>
+#include <cli/report/Headline.h>
+#include <cli/report/Names.h>
 #include <cli/report/NextSteps.h>
 #include <cli/report/RealMachineCommand.h>
+#include <cli/report/Reasons.h>
 #include <cli/report/RunReport.h>
+#include <cli/report/Shown.h>
 #include <unistd.h>
 
-#include <cstdint>
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 namespace cli {
 
 namespace {
 
 constexpr std::size_t kIndent = 2;
-constexpr std::size_t kHanging = 4;
-constexpr std::uint64_t kJobCompleted = 7;
+constexpr std::size_t kHanging = 2;
 
-std::string Heading(const std::string& text, const Terminal& terminal) {
-    return "\n" + terminal.Bold(text) + "\n";
+using Rows = std::vector<std::pair<std::string, std::string>>;
+
+std::string Section(const std::string& heading, const std::string& text, const Terminal& terminal) {
+    return text.empty() ? "" : "\n" + terminal.Bold(heading) + "\n" + text;
 }
 
 std::string Known(const std::string& text) { return text.empty() ? "(unknown)" : text; }
 
-std::string MachineSection(const RunReport& report) {
-    std::vector<std::pair<std::string, std::string>> rows = {
-        {"Machine type", Known(report.machine.type)},
-        {"BIOS identifier", Known(report.machine.biosId)}};
-    const std::string& profile = report.session.settings.profileFile.value;
-    if (!profile.empty()) rows.emplace_back("Simulated by", profile);
-    return Table(rows);
-}
-
-std::string ControllerSection(const Machine& machine) {
-    if (machine.controllers.empty()) return "  none found\n";
-    std::vector<std::pair<std::string, std::string>> rows;
-    for (const Controller& controller : machine.controllers)
-        rows.emplace_back("node " + std::to_string(rows.size()), controller.way);
-    return Table(rows);
-}
-
-// The text with every result line on a line of its own.
-std::string WithLineBreaks(std::string text) {
-    const std::vector<ResultLine> lines = FindResultLines(text);
-    for (auto line = lines.rbegin(); line != lines.rend(); ++line)
-        if (line->position > 0 && text[line->position - 1] != '\n')
-            text.insert(line->position, "\n");
+std::string Paragraphs(const std::vector<std::string>& paragraphs, const Terminal& terminal) {
+    std::string text;
+    for (const std::string& paragraph : paragraphs)
+        text += Wrap(paragraph, terminal.width, kIndent, kHanging);
     return text;
 }
 
-std::string RecordSection(const DiagnosticRun& run, const Terminal& terminal) {
-    if (run.records.empty()) return "  The run kept no record.\n";
-    std::string section;
-    std::string previous;
-    for (const host::Instance& record : run.records) {
-        const std::string text = WithLineBreaks(RecordText(record));
-        if (!section.empty() && text == previous) {
-            section += "  (recorded once more with the same text)\n";
-            continue;
-        }
-        section += Wrap(text, terminal.width, kIndent, kHanging);
-        previous = text;
+// "0.4 s".
+std::string DurationText(std::chrono::milliseconds time) {
+    const auto tenths = (time.count() + 50) / 100;
+    return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + " s";
+}
+
+std::string MachineSection(const RunResult& result, const platform::Settings& settings) {
+    Rows rows = {{"Machine type", Known(result.machine.type)},
+                 {"BIOS identifier", Known(result.machine.biosId)}};
+    const std::string& profile = settings.profileFile.value;
+    if (!profile.empty()) rows.emplace_back("Simulated by", PrintableLine(profile));
+    return Table(rows);
+}
+
+std::string ControllerSection(const RunResult& result) {
+    Rows rows;
+    for (const ControllerResult& controller : result.controllers)
+        rows.emplace_back(NodeName(controller.node), controller.address);
+    return rows.empty() ? "  none found\n" : Table(rows);
+}
+
+std::string MessageText(const ResultMessage& message, const Terminal& terminal) {
+    std::string text = Wrap(message.line, terminal.width, kIndent, kHanging);
+    if (message.recommendations.empty()) return text;
+    text += "    Recommendations:\n";
+    for (const std::string& recommendation : message.recommendations)
+        text += Wrap("- " + recommendation, terminal.width, 2 * kIndent, kHanging);
+    return text;
+}
+
+std::vector<ResultMessage> MessagesOf(const RunResult& result) {
+    std::vector<ResultMessage> messages = result.messages;
+    for (const ControllerResult& controller : result.controllers) {
+        for (const FailedBus& failed : controller.failedBusses) messages.push_back(failed.message);
+        if (controller.message) messages.push_back(*controller.message);
     }
-    return section +
-           Wrap(
-               "(166, then the message number - 901 is bus 0 - and which controller was asked: "
-               "001 is node 0.)",
-               terminal.width, kIndent);
+    std::erase_if(messages, [](const ResultMessage& message) { return message.line.empty(); });
+    return messages;
 }
 
-std::string TroubleSection(const std::vector<std::string>& troubles, const Terminal& terminal) {
-    std::string section;
-    for (const std::string& trouble : troubles)
-        section += Wrap(trouble, terminal.width, kIndent, kHanging);
-    return section;
+std::string RecordSection(const RunResult& result, const Terminal& terminal) {
+    const std::vector<ResultMessage> messages = MessagesOf(result);
+    if (messages.empty()) return "  nothing\n";
+    std::string text;
+    for (const ResultMessage& message : messages) text += MessageText(message, terminal);
+    return text + Wrap(
+                      "(166, then the message number - 901 is bus 0 - and which controller was "
+                      "asked: 001 is node 0.)",
+                      terminal.width, kIndent);
 }
 
-std::string JobState(const host::Instance& job) {
-    const host::Value* const state = host::FindValue(job.properties, "JobState");
-    if (state == nullptr) return "(unknown)";
-    const auto* number = std::get_if<std::uint64_t>(&state->data);
-    if (number != nullptr && *number == kJobCompleted)
-        return "completed (so is the job of every run; the verdict stands above)";
-    return ValueText(*state);
+bool IsWhole(const RunResult& result) {
+    return !result.controllers.empty() && std::ranges::all_of(result.controllers, IsWhollyExamined);
 }
 
-std::string JobSection(const std::optional<host::Instance>& job) {
-    if (!job) return "  The run gave no job back.\n";
-    const auto time = [&](const char* name) { return TimeText(TextOf(job->properties, name)); };
-    return Table({{"InstanceID", TextOf(job->properties, "InstanceID")},
-                  {"State", JobState(*job)},
-                  {"Submitted", time("TimeSubmitted")},
-                  {"Started", time("StartTime")}});
-}
-
-std::string NextSection(const RunReport& report, const Terminal& terminal) {
-    std::string section;
-    for (const std::string& step : NextSteps(report))
-        section += Wrap(step, terminal.width, kIndent);
-    return section;
-}
-
-std::string ColouredHeadline(const RunReport& report, const Terminal& terminal) {
-    const std::string headline = Headline(report);
-    switch (Judge(report.run)) {
+std::string Coloured(const std::string& text, Verdict verdict, const Terminal& terminal) {
+    switch (verdict) {
         case Verdict::Passed:
-            return terminal.Green(headline);
+            return terminal.Green(text);
         case Verdict::Failed:
-            return terminal.Red(headline);
+            return terminal.Red(text);
         default:
-            return terminal.Yellow(headline);
+            return terminal.Yellow(text);
     }
+}
+
+std::string RealMachineSection(const Session& session) {
+    return "  " + PrintableLine(RealMachineCommand(session, ::geteuid() == 0)) + "\n";
 }
 
 }  // namespace
 
+std::string HeadlineText(const RunReport& report, const Terminal& terminal) {
+    return Coloured(Headline(report.result), report.result.verdict, terminal) + "\n";
+}
+
 std::string RunText(const RunReport& report, const Terminal& terminal) {
-    std::string text = ColouredHeadline(report, terminal) + "\n";
-    text += Heading("Machine", terminal) + MachineSection(report);
-    text += Heading("Management controllers", terminal) + ControllerSection(report.machine);
-    if (!report.controllers.empty())
-        text += Heading("I2C busses of each controller", terminal) +
-                BusMapText(report.controllers, terminal);
-    text += Heading("What the test recorded", terminal) + RecordSection(report.run, terminal);
-    if (!report.troubles.empty())
-        text += Heading("What the controllers' library said", terminal) +
-                TroubleSection(report.troubles, terminal);
-    text += Heading("Job", terminal) + JobSection(report.run.job);
-    text += Heading("What to do next", terminal) + NextSection(report, terminal);
-    if (IsSimulated(report.session.settings))
-        text += Heading("The same test on this machine's own controllers", terminal) + "  " +
-                RealMachineCommand(report.session, ::geteuid() == 0) + "\n";
+    const RunResult result = Shown(report.result);
+    const platform::Settings& settings = report.session.settings;
+    const auto section = [&](const char* heading, const std::string& text) {
+        return Section(heading, text, terminal);
+    };
+    std::string text = HeadlineText(report, terminal);
+    text += "Duration " + DurationText(result.elapsed) + "\n";
+    text += section("Machine", MachineSection(result, settings));
+    text += section("Management controllers", ControllerSection(result));
+    if (!result.controllers.empty())
+        text += section("I2C busses of each controller", BusMapText(result.controllers, terminal));
+    text += section("What the test recorded", RecordSection(result, terminal));
+    text += section(IsWhole(result) ? "Notes" : "What was not examined, and why",
+                    Paragraphs(Reasons(result, report.askedAll), terminal));
+    text += section("What to do next", Paragraphs(NextSteps(result), terminal));
+    if (result.machine.simulated)
+        text += section("The same test on this machine's own controllers",
+                        RealMachineSection(report.session));
     return text;
 }
 

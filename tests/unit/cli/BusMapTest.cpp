@@ -1,81 +1,105 @@
 #include <cli/report/BusMap.h>
 #include <gmock/gmock.h>
 
+#include "Results.h"
+
 namespace cli {
 namespace {
 
-using Outcome = ControllerStatus::Outcome;
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr const char* kLegend = "\n  .  good     X  failed\n";
+std::string MapOf(const std::vector<ControllerResult>& controllers, std::size_t width = 80) {
+    return BusMapText(controllers, {.hasColour = false, .width = width});
+}
 
-ControllerStatus Examined(std::vector<Bus> busses) {
-    return {.outcome = Outcome::Examined, .busses = std::move(busses)};
+std::vector<std::optional<BusState>> GoodBusses(std::size_t count) {
+    return std::vector(count, std::optional(kGood));
 }
 
 TEST(BusMap, EachController_HasARowAndEachBusACell) {
-    const Terminal plain;
-    EXPECT_EQ(BusMapText({Examined({Bus::Good, Bus::Good, Bus::Good}),
-                          Examined({Bus::Good, Bus::Failed, Bus::Good})},
-                         plain),
-              std::string("  bus      0  1  2\n"
-                          "  node 0   .  .  .\n"
-                          "  node 1   .  X  .\n") +
-                  kLegend);
+    EXPECT_EQ(MapOf({Examined(0, {kGood, kGood, kGood}), Examined(1, {kGood, kFailed, kGood})}),
+              "  bus      0  1  2\n"
+              "  node 0   .  .  .\n"
+              "  node 1   .  X  .\n"
+              "\n"
+              "  .  good     X  failed\n");
+}
+
+TEST(BusMap, Legend_ShowsOnlyTheMarksThatOccur) {
+    EXPECT_THAT(MapOf({Examined(0, {kGood})}), HasSubstr("\n\n  .  good\n"));
+    EXPECT_THAT(MapOf({Examined(0, {kFailed})}), HasSubstr("\n\n  X  failed\n"));
+    EXPECT_THAT(MapOf({Examined(0, {kUnjudged})}), HasSubstr("\n\n  ?  not judged\n"));
+    EXPECT_EQ(MapOf({Silent(0)}), "  node 0  not examined: no answer\n");
 }
 
 TEST(BusMap, NumberWithoutABus_IsADashThatTheLegendExplains) {
-    const Terminal plain;
-    EXPECT_EQ(
-        BusMapText({Examined({Bus::Good}), Examined({Bus::Good, Bus::None, Bus::Failed})}, plain),
-        "  bus      0  1  2\n"
-        "  node 0   .\n"
-        "  node 1   .  -  X\n"
-        "\n  .  good     X  failed     -  no such bus\n");
+    EXPECT_EQ(MapOf({Examined(0, {kGood}), Examined(1, {kGood, std::nullopt, kFailed})}),
+              "  bus      0  1  2\n"
+              "  node 0   .\n"
+              "  node 1   .  -  X\n"
+              "\n"
+              "  .  good     X  failed     -  no such bus\n");
+}
+
+TEST(BusMap, BusThatWasNotJudged_IsAQuestionMark) {
+    EXPECT_THAT(MapOf({Examined(0, {kGood, kUnjudged})}),
+                HasSubstr("  node 0   .  ?\n\n  .  good     ?  not judged\n"));
 }
 
 TEST(BusMap, MoreThanSixteenBusses_ContinueInAnotherBlock) {
-    const Terminal plain;
+    EXPECT_THAT(MapOf({Examined(0, GoodBusses(18)), Examined(1, {kGood})}),
+                HasSubstr("\n\n  bus     16 17\n  node 0   .  .\n\n"));
+}
+
+TEST(BusMap, ThreeDigitNumbers_HaveRoom) {
+    EXPECT_THAT(MapOf({Examined(0, GoodBusses(101))}),
+                HasSubstr("\n  bus      96  97  98  99 100\n"));
+}
+
+TEST(BusMap, NarrowTerminal_HasEightBussesInALine) {
     const std::string map =
-        BusMapText({Examined(std::vector<Bus>(18, Bus::Good)), Examined({Bus::Good})}, plain);
-    EXPECT_THAT(map, HasSubstr("\n\n  bus     16 17\n  node 0   .  .\n\n"));
+        MapOf({Examined(0, GoodBusses(16)), Examined(1, {kFailed, kUnjudged})}, 40);
+    EXPECT_THAT(map, HasSubstr("  bus      0  1  2  3  4  5  6  7\n"
+                               "  node 0   .  .  .  .  .  .  .  .\n"
+                               "  node 1   X  ?\n"
+                               "\n"
+                               "  bus      8  9 10 11 12 13 14 15\n"
+                               "  node 0   .  .  .  .  .  .  .  .\n"));
+    EXPECT_THAT(map, HasSubstr("\n  .  good     X  failed\n  ?  not judged\n"));
 }
 
-TEST(BusMap, ControllersThatWereNotJudged_TellWhy) {
-    const Terminal plain;
-    EXPECT_EQ(BusMapText({{.outcome = Outcome::NotDelivered},
-                          {.outcome = Outcome::BadLength, .length = 1},
-                          {.outcome = Outcome::Refused, .completionCode = 0xC1},
-                          {.outcome = Outcome::NotAsked},
-                          Examined({})},
-                         plain),
-              std::string("  node 0  not reached: its busses were not examined\n"
-                          "  node 1  answer too short (length 1): its busses were not examined\n"
-                          "  node 2  refused (completion code 0xc1): its busses were not examined\n"
-                          "  node 3  not asked\n"
-                          "  node 4  no bus reported\n") +
-                  kLegend);
+TEST(BusMap, NoLine_IsWiderThanTheTerminal) {
+    const std::vector<ControllerResult> controllers = {
+        Examined(0, GoodBusses(101)),
+        Examined(1, {kGood, std::nullopt, kFailed, kUnjudged}),
+        Silent(2),
+        Refusing(3),
+        Short(4),
+        NotAsked(5)};
+    for (const std::size_t width : {40, 50, 57, 60, 80, 100}) {
+        std::istringstream lines(MapOf(controllers, width));
+        for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), width) << line;
+    }
 }
 
-TEST(BusMap, ByteWithoutBusses_IsExplained) {
-    const Terminal plain;
-    ControllerStatus controller = Examined({Bus::Good});
-    controller.hasBytesWithoutBusses = true;
-    EXPECT_THAT(BusMapText({controller}, plain),
-                HasSubstr("\n  The second status byte of node 0 stands for no bus and was not "
-                          "examined.\n"));
+TEST(BusMap, ControllersThatWereNotExamined_TellWhy) {
+    EXPECT_EQ(MapOf({Silent(0), Short(1), Refusing(2), NotAsked(3), Examined(4, {})}),
+              "  node 0  not examined: no answer\n"
+              "  node 1  not examined: answer too short\n"
+              "  node 2  not examined: refused (0xc1)\n"
+              "  node 3  not asked\n"
+              "  node 4  no bus reported\n");
 }
 
 TEST(BusMap, OnAColourTerminal_FailedBussesAreRed) {
     const Terminal colour{.hasColour = true, .width = 80};
-    const std::string map = BusMapText({Examined({Bus::Good, Bus::Failed})}, colour);
-    EXPECT_THAT(map, HasSubstr("  node 0   .  \033[1;31mX\033[0m\n"));
+    EXPECT_THAT(BusMapText({Examined(0, {kGood, kFailed})}, colour),
+                HasSubstr("  node 0   .  \033[1;31mX\033[0m\n"));
 }
 
 TEST(BusMap, ElsewhereThanOnATerminal_HasNoColour) {
-    const Terminal plain;
-    EXPECT_THAT(BusMapText({Examined({Bus::Failed})}, plain), Not(HasSubstr("\033")));
+    EXPECT_THAT(MapOf({Examined(0, {kFailed, kUnjudged}), Silent(1)}), Not(HasSubstr("\033")));
 }
 
 }  // namespace

@@ -161,7 +161,6 @@ std::vector<ListedSetting> ListSettings(const Session& session) {
     all.Add("controllers.time_limit", settings.timeLimit);
     all.Add("log.sink", settings.log, session.choseLog);
     all.Add("log.level", settings.logLevel, session.choseLogLevel);
-    all.Add("log_capture", settings.logCapture);
     all.Add("controller", settings.controllers);
     if (settings.controllers.origin == Origin::File) {
         std::size_t position = 0;

@@ -68,12 +68,11 @@ def test_variables_are_named(bmci2c):
     result = bmci2c.bare(
         "info",
         "--json",
-        env={"BMCI2C_ROOT": root, "BMCI2C_SIMULATE": profile, "BMCI2C_LOG_CAPTURE": "/dev/null"},
+        env={"BMCI2C_ROOT": root, "BMCI2C_SIMULATE": profile},
     )
     settings = result.json()["settings"]
     assert settings["diagnostics.root"] == told(root, "environment", "BMCI2C_ROOT")
     assert settings["profile"] == told(profile, "environment", "BMCI2C_SIMULATE")
-    assert settings["log_capture"] == told("/dev/null", "environment", "BMCI2C_LOG_CAPTURE")
     assert settings["config_file"]["origin"] == "environment"
     assert settings["config_file"]["place"] == "BMCI2C_CONFIG"
 
@@ -95,7 +94,7 @@ def test_every_key_of_the_sample_is_told(bmci2c):
     expected.add("controller[2].time_limit")
     assert controllers == 3
     settings = info(bmci2c, "--config", config)["settings"]
-    assert set(settings) - expected == {"config_file", "profile", "log_capture", "controller"}
+    assert set(settings) - expected == {"config_file", "profile", "controller"}
     assert expected - set(settings) == set()
 
 

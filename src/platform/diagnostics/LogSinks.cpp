@@ -57,8 +57,6 @@ LogSinks OpenLogSinks(const platform::Settings& settings) {
     LogSinks opened;
     const LogTarget target = platform::ParseLogTarget(settings.log.value).value_or(LogTarget{});
     if (target.kind != LogTargetKind::None) AddSink(target, settings.logLevel.value, opened);
-    if (const auto& file = settings.logCapture.value)
-        AddSink({LogTargetKind::Json, *file}, platform::kHighestLogLevel, opened);
     return opened;
 }
 

@@ -35,12 +35,7 @@ void ApplyLogLevel(const Variables& chosen, Settings& settings) {
     settings.logLevel = {level, Origin::Environment, "BMCI2C_LOG_LEVEL"};
 }
 
-void ApplyLogCapture(const Variables& chosen, Settings& settings) {
-    Override(settings.logCapture, VariableText(chosen, "BMCI2C_LOG_CAPTURE"), Origin::Environment,
-             "BMCI2C_LOG_CAPTURE");
-}
-
-constexpr auto kApplications = {ApplyRoot, ApplyLog, ApplyLogLevel, ApplyLogCapture};
+constexpr auto kApplications = {ApplyRoot, ApplyLog, ApplyLogLevel};
 
 }  // namespace
 

@@ -1,6 +1,6 @@
 // The settings in force: one TOML file (platform.toml), a simulated-machine profile, and the
-// environment (BMCI2C_CONFIG, BMCI2C_ROOT, BMCI2C_SIMULATE, BMCI2C_LOG, BMCI2C_LOG_LEVEL and
-// BMCI2C_LOG_CAPTURE; an empty variable counts as unset).
+// environment (BMCI2C_CONFIG, BMCI2C_ROOT, BMCI2C_SIMULATE, BMCI2C_LOG and BMCI2C_LOG_LEVEL; an
+// empty variable counts as unset).
 //
 // The environment goes before the file, the file before the defaults. A profile that
 // BMCI2C_SIMULATE names is the whole machine: what it says of machine type, BIOS identifier, OXC
@@ -92,7 +92,6 @@ struct Settings {
     Setting<std::optional<std::vector<ControllerSettings>>> controllers;
     Setting<std::string> log{"syslog"};  // as in LogTarget.h
     Setting<int> logLevel{2};            // lines of this severity and graver are written
-    Setting<std::optional<std::string>> logCapture;  // a JSON file that gets every line as well
     std::string problem;  // why the settings could not be read; else empty
 };
 

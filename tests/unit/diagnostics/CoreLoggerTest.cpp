@@ -128,11 +128,14 @@ TEST_F(CoreLoggerTest, File_HasTimeZoneProcessAndSeverityBeforeTheText) {
 
 TEST_F(CoreLoggerTest, TextOfSeveralLines_IsOneLine) {
     UseSink("file:" + file);
-    replacedSettings.logCapture.value = folder.File("capture");
     Log(2, "one\ntwo \x1b[1m");
     EXPECT_THAT(Lines(), ElementsAre(testing::EndsWith(R"(] 2: one\ntwo \x1b[1m)")));
-    EXPECT_THAT(JsonLinesOf(folder.File("capture")),
-                ElementsAre(R"({"severity":2,"text":"one\ntwo \u001b[1m"})"));
+}
+
+TEST_F(CoreLoggerTest, TextOfSeveralLines_IsOneObject) {
+    UseSink("json:" + file);
+    Log(2, "one\ntwo \x1b[1m");
+    EXPECT_THAT(JsonLines(), ElementsAre(R"({"severity":2,"text":"one\ntwo \u001b[1m"})"));
 }
 
 TEST_F(CoreLoggerTest, NewFile_IsNotForOtherUsers) {
@@ -195,21 +198,6 @@ TEST_P(CoreLoggerLevel, LinesOfThisSeverityAndGraver_AreWritten) {
 
 INSTANTIATE_TEST_SUITE_P(Levels, CoreLoggerLevel, testing::Range(0, 5));
 
-TEST_F(CoreLoggerTest, Capture_GetsEveryLineWhateverTheLevel) {
-    UseSink("json:" + file, 0);
-    replacedSettings.logCapture.value = folder.File("capture");
-    LogEachSeverity();
-    EXPECT_THAT(Lines(), SizeIs(1));
-    EXPECT_THAT(LinesOf(folder.File("capture")), SizeIs(5));
-}
-
-TEST_F(CoreLoggerTest, Capture_GetsEveryLineWhenThereIsNoOtherSink) {
-    UseSink("none", 0);
-    replacedSettings.logCapture.value = folder.File("capture");
-    LogEachSeverity();
-    EXPECT_THAT(LinesOf(folder.File("capture")), SizeIs(5));
-}
-
 TEST_F(CoreLoggerTest, FileThatCannotBeOpened_IsReplacedBySyslogWhichSaysWhy) {
     const SyslogServer server(replacedSyslogSocket);
     const std::string absent = folder.File("absent/{}");
@@ -226,16 +214,6 @@ TEST_F(CoreLoggerTest, FileThatCannotBeOpened_IsReplacedBySyslogWhichSaysWhy) {
     }
 }
 
-TEST_F(CoreLoggerTest, CaptureThatCannotBeOpened_IsReplacedBySyslogWhichSaysWhy) {
-    const SyslogServer server(replacedSyslogSocket);
-    UseSink("none");
-    replacedSettings.logCapture.value = folder.File("");
-    Log(4, "text");
-    EXPECT_EQ(server.NextText(), "Log: " + folder.File("") +
-                                     " cannot be opened: Is a directory. Its lines go to syslog.");
-    EXPECT_EQ(server.NextText(), "text");
-}
-
 TEST_F(CoreLoggerTest, FullDisk_LosesLinesAndTellsSyslogOnce) {
     const SyslogServer server(replacedSyslogSocket);
     UseSink("file:/dev/full");
@@ -244,13 +222,6 @@ TEST_F(CoreLoggerTest, FullDisk_LosesLinesAndTellsSyslogOnce) {
     EXPECT_EQ(server.NextText(),
               "Log: lines are lost: /dev/full cannot be written: No space left on device.");
     EXPECT_EQ(server.Next(), std::nullopt);
-}
-
-TEST_F(CoreLoggerTest, FullDisk_LeavesTheOtherSinkAlone) {
-    UseSink("file:/dev/full");
-    replacedSettings.logCapture.value = file;
-    Log(2, "text");
-    EXPECT_THAT(JsonLines(), ElementsAre(R"({"severity":2,"text":"text"})"));
 }
 
 TEST_F(CoreLoggerTest, SettingsThatAreMended_AreFollowedFromTheNextLineOn) {
@@ -309,12 +280,11 @@ std::ptrdiff_t CountDescriptors() {
 
 TEST_F(CoreLoggerTest, AfterItsEnd_NoDescriptorIsLeft) {
     UseSink("json:" + file);
-    replacedSettings.logCapture.value = folder.File("absent/capture");
     const std::ptrdiff_t before = CountDescriptors();
     {
         CoreLogger other;
         other.Log(NQUVZDX20::kLogError, "text");
-        EXPECT_EQ(CountDescriptors(), before + 2);
+        EXPECT_EQ(CountDescriptors(), before + 1);
     }
     EXPECT_EQ(CountDescriptors(), before);
 }

@@ -11,14 +11,13 @@ namespace {
 using NQUVZDX20::TRootObject;
 
 // The settings and the logger of a process are made once, so this is the program's only test.
-TEST(LogEnvironment, LogAndLevelAndCapture_AreFollowedAlsoWhileTheFileIsBroken) {
+TEST(LogEnvironment, LogAndLevel_AreFollowedAlsoWhileTheFileIsBroken) {
     const TemporaryFolder folder;
     const SettingsEnvironment environment;
     const std::string config = folder.Write("platform.toml", "[machine]\nkind = \"7000\"\n");
     environment.Set("BMCI2C_CONFIG", config);
     environment.Set("BMCI2C_LOG", "json:" + folder.File("log"));
     environment.Set("BMCI2C_LOG_LEVEL", "3");
-    environment.Set("BMCI2C_LOG_CAPTURE", folder.File("capture"));
 
     EXPECT_FALSE(NQUVZDX20::TOSSpecific::isOEMBuild());
     folder.Write("platform.toml", "[machine]\ntype = \"7000\"\n");
@@ -30,9 +29,7 @@ TEST(LogEnvironment, LogAndLevelAndCapture_AreFollowedAlsoWhileTheFileIsBroken) 
                                 ":2:1: key 'machine.kind': found an unknown key, allowed are "
                                 R"(bios_id, bios_id_source, type and type_source."})";
     const std::string three = R"({"severity":3,"text":"three"})";
-    const std::string four = R"({"severity":4,"text":"four"})";
     EXPECT_THAT(JsonLinesOf(folder.File("log")), testing::ElementsAre(problem, three));
-    EXPECT_THAT(JsonLinesOf(folder.File("capture")), testing::ElementsAre(problem, three, four));
 }
 
 }  // namespace

@@ -77,12 +77,10 @@ TEST_F(CachedSettings, BrokenFile_LeavesTheVariablesThatAreRightInForce) {
     environment.Set("BMCI2C_ROOT", "/environment/root");
     environment.Set("BMCI2C_LOG", "stderr");
     environment.Set("BMCI2C_LOG_LEVEL", "five");
-    environment.Set("BMCI2C_LOG_CAPTURE", "/environment/capture");
     const auto settings = cache.Get();
     EXPECT_EQ(settings->root.value, "/environment/root");
     EXPECT_EQ(settings->log.value, "stderr");
     EXPECT_EQ(settings->logLevel.value, 2);
-    EXPECT_EQ(settings->logCapture.value, "/environment/capture");
 }
 
 TEST_F(CachedSettings, ManyThreads_GetOneObject) {

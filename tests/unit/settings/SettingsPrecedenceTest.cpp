@@ -49,7 +49,6 @@ protected:
         environment.Set("BMCI2C_ROOT", "/environment/root");
         environment.Set("BMCI2C_LOG", "none");
         environment.Set("BMCI2C_LOG_LEVEL", "4");
-        environment.Set("BMCI2C_LOG_CAPTURE", "/environment/capture");
     }
 
     const TemporaryFolder folder;
@@ -70,7 +69,6 @@ TEST_F(SettingsPrecedence, EnvironmentAndProfile_SayWhereExactly) {
     EXPECT_EQ(settings.root.place, "BMCI2C_ROOT");
     EXPECT_EQ(settings.log.place, "BMCI2C_LOG");
     EXPECT_EQ(settings.logLevel.place, "BMCI2C_LOG_LEVEL");
-    EXPECT_EQ(settings.logCapture.place, "BMCI2C_LOG_CAPTURE");
     EXPECT_EQ(settings.machineType.place, folder.File("profile.toml") + ":2");
     EXPECT_EQ(settings.controllers.place, folder.File("profile.toml") + ":3");
 }
@@ -86,8 +84,6 @@ TEST_F(SettingsPrecedence, EnvironmentOverDefaults) {
     ExpectSetting<std::string>(settings.root, "/environment/root", Origin::Environment);
     ExpectSetting<std::string>(settings.log, "none", Origin::Environment);
     ExpectSetting(settings.logLevel, 4, Origin::Environment);
-    ExpectSetting<std::optional<std::string>>(settings.logCapture, "/environment/capture",
-                                              Origin::Environment);
 }
 
 TEST_F(SettingsPrecedence, EnvironmentOverFile) {
@@ -103,13 +99,12 @@ TEST_F(SettingsPrecedence, EnvironmentOverFile) {
 TEST_F(SettingsPrecedence, EmptyVariables_CountAsUnset) {
     UseFile();
     for (const char* variable :
-         {"BMCI2C_SIMULATE", "BMCI2C_ROOT", "BMCI2C_LOG", "BMCI2C_LOG_LEVEL", "BMCI2C_LOG_CAPTURE"})
+         {"BMCI2C_SIMULATE", "BMCI2C_ROOT", "BMCI2C_LOG", "BMCI2C_LOG_LEVEL"})
         environment.Set(variable, "");
     const Settings settings = platform::ReadSettings();
     ExpectSetting<std::string>(settings.root, "/file/root", Origin::File);
     ExpectSetting<std::string>(settings.log, "stderr", Origin::File);
     ExpectSetting(settings.logLevel, 1, Origin::File);
-    ExpectSetting<std::optional<std::string>>(settings.logCapture, std::nullopt, Origin::Default);
     ExpectSetting<std::string>(settings.profileFile, "", Origin::Default);
 }
 

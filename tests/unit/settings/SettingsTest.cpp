@@ -53,7 +53,6 @@ TEST_F(SettingsOf, NothingAtAll_AreTheDefaults) {
     EXPECT_FALSE(settings.controllers.value.has_value());
     EXPECT_EQ(settings.log.value, "syslog");
     EXPECT_EQ(settings.logLevel.value, 2);
-    EXPECT_EQ(settings.logCapture.value, std::nullopt);
     EXPECT_EQ(settings.problem, "");
     EXPECT_EQ(settings.root.origin, Origin::Default);
     EXPECT_EQ(settings.controllers.origin, Origin::Default);

@@ -18,8 +18,8 @@ public:
 
 private:
     static void UnsetAll() {
-        for (const char* variable : {"BMCI2C_CONFIG", "BMCI2C_ROOT", "BMCI2C_SIMULATE",
-                                     "BMCI2C_LOG", "BMCI2C_LOG_LEVEL", "BMCI2C_LOG_CAPTURE"})
+        for (const char* variable :
+             {"BMCI2C_CONFIG", "BMCI2C_ROOT", "BMCI2C_SIMULATE", "BMCI2C_LOG", "BMCI2C_LOG_LEVEL"})
             ::unsetenv(variable);
     }
 };

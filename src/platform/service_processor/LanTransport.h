@@ -10,11 +10,10 @@ class LanTransport final : public Transport {
 public:
     explicit LanTransport(ControllerSettings controllerSettings);
 
-    // Opens a session, sends and closes, more than once where that helps (LanSchedule.h). A
-    // controller that names no privilege level in its answer to the opening is asked again with
-    // FreeIPMI's workaround "opensesspriv". Ends within the time allowed and within kLanTotal, but
-    // - with a controller that is slow on purpose, as LanSchedule.h tells;
-    // - when the machine's clock is set back meanwhile: FreeIPMI waits by it.
+    // Opens a session, sends and closes. Another session follows
+    // - once, when the controller fell silent after it had answered something, or lost track of the
+    //   session: a silent controller is given up after twice the time limit and a second;
+    // - after a pause, as long as the controller has no session free.
     IpmiAnswer Send(const IpmiRequest& request, TimeAllowance allowance) override;
 
     std::string Describe() const override;

@@ -15,11 +15,16 @@ namespace {
 
 constexpr std::array kLineEnds = {'\r', '\n', '\0'};
 
-[[noreturn]] void Refuse(const std::string& file, const std::string& why,
-                         const std::string& advice = "") {
-    throw TransportError(TroubleCode::PasswordFile, "The password file " + file + " " + why,
-                         advice);
-}
+// Tells what is wrong with a file.
+struct Refusal {
+    const std::string& file;
+    SecretKind kind;
+
+    [[noreturn]] void operator()(const std::string& why, const std::string& advice = "") const {
+        throw TransportError(kind.trouble,
+                             std::string("The ") + kind.name + " file " + file + " " + why, advice);
+    }
+};
 
 class OpenFile {
 public:
@@ -46,40 +51,41 @@ std::string OctalMode(mode_t mode) {
     return digits;
 }
 
-void CheckOwnersOnly(int descriptor, const std::string& file) {
+void CheckOwnersOnly(int descriptor, const Refusal& refuse) {
     struct stat status {};
     if (fstat(descriptor, &status) != 0) {
-        Refuse(file, "cannot be read: " + std::generic_category().message(errno) + ".");
+        refuse("cannot be read: " + std::generic_category().message(errno) + ".");
     }
-    if (!S_ISREG(status.st_mode)) Refuse(file, "is not a regular file.");
+    if (!S_ISREG(status.st_mode)) refuse("is not a regular file.");
     if ((status.st_mode & (S_IRGRP | S_IROTH)) != 0) {
-        Refuse(file,
-               "may be read by others than its owner (mode " + OctalMode(status.st_mode) + ").",
-               "Take that away with: chmod 600 " + file);
+        refuse("may be read by others than its owner (mode " + OctalMode(status.st_mode) + ").",
+               "Take that away with: chmod 600 " + refuse.file);
     }
 }
 
 }  // namespace
 
 // Delegates, so that the destructor wipes what was read when the constructor throws.
-Password::Password(const std::string& file, std::size_t longest) : Password() {
+Password::Password(const std::string& file, std::size_t longest, SecretKind kind) : Password() {
+    if (file.empty()) return;
+    const Refusal refuse{.file = file, .kind = kind};
     const OpenFile opened(file);
     if (opened.Descriptor() < 0) {
-        Refuse(file, "cannot be read: " + std::generic_category().message(errno) + ".");
+        refuse("cannot be read: " + std::generic_category().message(errno) + ".");
     }
-    CheckOwnersOnly(opened.Descriptor(), file);
+    CheckOwnersOnly(opened.Descriptor(), refuse);
 
     if (read(opened.Descriptor(), text.data(), text.size() - 1) < 0) {
-        Refuse(file, "cannot be read: " + std::generic_category().message(errno) + ".");
+        refuse("cannot be read: " + std::generic_category().message(errno) + ".");
     }
     const auto end =
         std::find_first_of(text.begin(), text.end(), kLineEnds.begin(), kLineEnds.end());
     const auto length = static_cast<std::size_t>(end - text.begin());
     std::fill(end, text.end(), '\0');
-    if (length == 0) Refuse(file, "has no password in its first line.");
+    if (length == 0) refuse(std::string("has no ") + kind.name + " in its first line.");
     if (length > longest) {
-        Refuse(file, "has more than " + std::to_string(longest) +
-                         " bytes in its first line, which is longer than a password can be.");
+        refuse("has more than " + std::to_string(longest) +
+               " bytes in its first line, which is longer than a " + kind.name + " can be.");
     }
 }
 

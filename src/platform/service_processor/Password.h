@@ -1,11 +1,23 @@
 // A password, read from its file for one use.
 #pragma once
 
+#include <platform/service_processor/TransportError.h>
+
 #include <array>
 #include <cstddef>
+#include <cstring>
 #include <string>
 
 namespace platform {
+
+// What a file holds, as its errors say.
+struct SecretKind {
+    const char* name;
+    TroubleCode trouble;
+};
+
+constexpr SecretKind kPasswordFile{.name = "password", .trouble = TroubleCode::PasswordFile};
+constexpr SecretKind kKeyFile{.name = "k_g", .trouble = TroubleCode::KeyFile};
 
 // The first line of the file, without its line end. The text is wiped when the object ends.
 class Password {
@@ -13,9 +25,10 @@ public:
     // No password.
     Password() = default;
 
-    // Throws TransportError when the file cannot be read, is no regular file, may be read by others
-    // than its owner, has an empty first line, or one of more than `longest` bytes.
-    Password(const std::string& file, std::size_t longest);
+    // An empty name of a file: no password. Throws TransportError when the file cannot be read, is
+    // no regular file, may be read by others than its owner, has an empty first line, or one of
+    // more than `longest` bytes.
+    Password(const std::string& file, std::size_t longest, SecretKind kind = kPasswordFile);
 
     Password(const Password&) = delete;
     Password& operator=(const Password&) = delete;
@@ -23,6 +36,7 @@ public:
 
     // Ends with a NUL.
     const char* Text() const { return text.data(); }
+    unsigned int Length() const { return static_cast<unsigned int>(std::strlen(Text())); }
 
 private:
     std::array<char, 256> text{};

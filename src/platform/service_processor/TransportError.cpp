@@ -20,8 +20,12 @@ std::string NameOf(TroubleCode code) {
             return "device_busy";
         case TroubleCode::PasswordFile:
             return "password_file";
+        case TroubleCode::KeyFile:
+            return "k_g_file";
         case TroubleCode::NameNotFound:
             return "name_not_found";
+        case TroubleCode::Unreachable:
+            return "unreachable";
         case TroubleCode::NoAnswer:
             return "no_answer";
         case TroubleCode::NoSession:
@@ -34,6 +38,8 @@ std::string NameOf(TroubleCode code) {
             return "refused_privilege";
         case TroubleCode::RefusedAuthentication:
             return "refused_cipher_suite";
+        case TroubleCode::RefusedLogin:
+            return "refused_login";
         case TroubleCode::Busy:
             return "busy";
         case TroubleCode::Refused:

@@ -18,13 +18,16 @@ enum class TroubleCode {
     Gone,                   // in-band: the device was there and has gone
     DeviceBusy,             // in-band: the driver takes no more requests now
     PasswordFile,           // LAN: the password cannot or must not be read
+    KeyFile,                // LAN: the key K_G cannot or must not be read
     NameNotFound,           // LAN: the address of the host cannot be found
+    Unreachable,            // LAN: the network says that nobody is there
     NoAnswer,               // nothing came in time
     NoSession,              // LAN: no session is free
     RefusedUser,            // LAN: the controller does not know the user
     RefusedPassword,        // LAN
     RefusedPrivilege,       // LAN: the user may not work at the privilege level
     RefusedAuthentication,  // LAN: protocol, authentication or cipher suite is not offered
+    RefusedLogin,           // LAN: the log-in failed for another reason
     Busy,                   // the controller is busy, and said so too late to be asked again
     Refused,                // a completion code other than 0
     UnusableAnswers,        // cut short, or to another request

@@ -60,6 +60,7 @@ void ReadLan(TomlTable& table, const std::filesystem::path& folder, ControllerSe
     lan.port = table.Integer<std::uint16_t>("port", 1, 65535).value_or(lan.port);
     lan.user = ReadUser(table).value_or(lan.user);
     if (const auto file = table.NonEmptyText("password_file")) lan.passwordFile = folder / *file;
+    if (const auto file = table.NonEmptyText("k_g_file")) lan.keyFile = folder / *file;
     lan.protocol = table.Choice("protocol", {"2.0", "1.5"}).value_or(lan.protocol);
     lan.cipherSuite = ReadCipherSuite(table).value_or(lan.cipherSuite);
     lan.workarounds =

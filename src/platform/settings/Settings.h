@@ -59,6 +59,7 @@ struct ControllerSettings {
     std::uint16_t port = 623;              // LAN: UDP port (RMCP)
     std::string user;                      // LAN
     std::string passwordFile;              // LAN: its first line is the password
+    std::string keyFile;                   // LAN 2.0: its first line is the key K_G
     std::string protocol = "2.0";          // LAN: "2.0" (RMCP+) or "1.5"
     int cipherSuite = 3;                   // LAN 2.0: of those that FreeIPMI supports
     std::vector<std::string> workarounds;  // LAN: FreeIPMI's names of this protocol

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 #include <platform/service_processor/LanTransport.h>
+#include <stdlib.h>
+
+#include <vector>
 
 #include "TemporaryFolder.h"
 #include "TroubleOf.h"
@@ -71,6 +74,29 @@ TEST(LanTransport, HostNameWithoutAddress_IsNamed) {
                              "The address of the host 'no host' cannot be found: Name or service "
                              "not known. Correct the setting host, or the name resolution of this "
                              "machine."}));
+}
+
+// What rand() gives when `between` runs between the first number and the others.
+template <class Action>
+std::vector<int> RandomNumbers(Action between) {
+    srand(7);
+    std::vector<int> numbers = {rand()};
+    between();
+    for (int more = 0; more < 40; ++more) numbers.push_back(rand());
+    return numbers;
+}
+
+TEST(LanTransport, Request_LeavesTheSequenceOfRand) {
+    ControllerSettings controller;
+    controller.host = "127.0.0.1";
+    controller.port = 9;  // nobody listens
+    const auto request = [&] {
+        EXPECT_THROW(LanTransport(controller)
+                         .Send({.netFn = 0x3A, .lun = 0, .command = 0x09},
+                               ShareFrom(Now(), std::chrono::milliseconds(60))),
+                     TransportError);
+    };
+    EXPECT_EQ(RandomNumbers(request), RandomNumbers([] {}));
 }
 
 TEST(LanTransport, CipherSuiteThatFreeIpmiLacks_IsRefused) {

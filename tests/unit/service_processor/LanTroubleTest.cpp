@@ -1,128 +1,280 @@
-#include <freeipmi/freeipmi.h>
 #include <gtest/gtest.h>
-#include <platform/service_processor/LanTrouble.h>
+#include <platform/service_processor/lan/LanTrouble.h>
 
-namespace platform {
+#include <cerrno>
+
+#include "TemporaryFolder.h"
+
+namespace platform::lan {
+
+std::ostream& operator<<(std::ostream& output, const LanFailure& failure) {
+    return output << NameOf(failure.code) << ": " << failure.text << ' ' << failure.advice
+                  << " (retry " << static_cast<int>(failure.retry) << ')';
+}
+
 namespace {
 
 using std::chrono::milliseconds;
 
-struct Case {
-    int error;
-    TroubleCode kind;
-    std::string text;
-};
+constexpr milliseconds kLimit{4000};
 
-const ControllerSettings& Controller() {
-    static const ControllerSettings controller = [] {
-        ControllerSettings settings;
-        settings.host = "bmc.example";
-        settings.user = "tester";
-        return settings;
-    }();
+ControllerSettings ControllerOf(const std::string& protocol) {
+    ControllerSettings controller;
+    controller.host = "bmc.example";
+    controller.user = "tester";
+    controller.protocol = protocol;
     return controller;
 }
 
-LanCircumstances Circumstances(int error) {
-    return {.controller = Controller(),
-            .address = "bmc.example:623",
-            .silence = milliseconds(4000),
-            .attempts = 2,
-            .error = error,
-            .errorText = "reason of FreeIPMI"};
+const LanAccount& Account20() {
+    static const ControllerSettings controller = ControllerOf("2.0");
+    static const LanAccount account(controller);
+    return account;
 }
 
-class OpenTroubleTest : public testing::TestWithParam<Case> {};
+const LanAccount& Account15() {
+    static const ControllerSettings controller = ControllerOf("1.5");
+    static const LanAccount account(controller);
+    return account;
+}
 
-TEST_P(OpenTroubleTest, ErrorOfFreeIpmi_IsPutIntoWords) {
-    const TransportError error = OpenTrouble(Circumstances(GetParam().error));
+struct Expected {
+    TroubleCode code;
+    std::string text;  // behind the controller's place
+    std::string advice;
+    Retry retry = Retry::Never;
+};
 
-    EXPECT_EQ(error.Code(), GetParam().kind);
-    EXPECT_EQ(error.what(), GetParam().text);
-    EXPECT_EQ(error.Attempts(), 2);
+void ExpectFailure(const LanFailure& failure, const Expected& expected) {
+    EXPECT_EQ(failure.code, expected.code) << failure;
+    EXPECT_EQ(failure.text, "The controller at bmc.example:623 " + expected.text);
+    EXPECT_EQ(failure.advice, expected.advice);
+    EXPECT_EQ(failure.retry, expected.retry) << failure;
+}
+
+constexpr char kAnotherSuite[] = "Try another cipher_suite.";
+constexpr char kLowerLevel[] = "Raise it in the controller, or set a lower privilege_level.";
+constexpr char kRestart[] = "Try again; if that does not help, restart the controller.";
+constexpr char kCloseOne[] = "Close one, or try again.";
+constexpr char kBySuite3[] = "opened no session by cipher suite 3: ";
+constexpr char kLevelRefused[] =
+    "does not let the user 'tester' work at the privilege level administrator: ";
+constexpr char kLogInRefused[] = "refused the log-in of the user 'tester': ";
+constexpr char kUnknownUser[] = "does not know the user 'tester': ";
+
+struct StatusCase {
+    std::uint8_t status;
+    Expected expected;
+};
+
+class StatusOfTheLogIn : public testing::TestWithParam<StatusCase> {};
+
+TEST_P(StatusOfTheLogIn, IsPutIntoWords) {
+    ExpectFailure(StatusRefused(Account20(), GetParam().status), GetParam().expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Errors, OpenTroubleTest,
+    Codes, StatusOfTheLogIn,
     testing::Values(
-        Case{IPMI_ERR_CONNECTION_TIMEOUT, TroubleCode::NoAnswer,
-             "The controller at bmc.example:623 did not answer within 4 s. Check the address, the "
-             "port, and that IPMI over LAN is switched on."},
-        Case{IPMI_ERR_SESSION_TIMEOUT, TroubleCode::NoAnswer,
-             "The controller at bmc.example:623 stopped answering while a session was opened. Try "
-             "again; if that does not help, set another cipher_suite, or restart the controller."},
-        Case{IPMI_ERR_USERNAME_INVALID, TroubleCode::RefusedUser,
-             "The controller at bmc.example:623 does not know the user 'tester'. Correct the "
-             "setting user."},
-        Case{IPMI_ERR_PASSWORD_INVALID, TroubleCode::RefusedPassword,
-             "The controller at bmc.example:623 has another password for the user 'tester'. "
-             "Correct the password file."},
-        Case{
-            IPMI_ERR_PASSWORD_VERIFICATION_TIMEOUT, TroubleCode::RefusedPassword,
-            "The controller at bmc.example:623 did not answer the log-in of the user 'tester'; the "
-            "password is probably wrong. Correct the password file."},
-        Case{IPMI_ERR_PRIVILEGE_LEVEL_INSUFFICIENT, TroubleCode::RefusedPrivilege,
-             "The controller at bmc.example:623 does not let the user 'tester' work at the "
-             "privilege level administrator. Raise it in the controller, or set a lower "
-             "privilege_level."},
-        Case{IPMI_ERR_PRIVILEGE_LEVEL_CANNOT_BE_OBTAINED, TroubleCode::RefusedPrivilege,
-             "The controller at bmc.example:623 does not let the user 'tester' work at the "
-             "privilege level administrator. Raise it in the controller, or set a lower "
-             "privilege_level."},
-        Case{IPMI_ERR_IPMI_2_0_UNAVAILABLE, TroubleCode::RefusedAuthentication,
-             "The controller at bmc.example:623 does not offer IPMI 2.0. Set protocol = \"1.5\"."},
-        Case{IPMI_ERR_AUTHENTICATION_TYPE_UNAVAILABLE, TroubleCode::RefusedAuthentication,
-             "The controller at bmc.example:623 does not offer IPMI 1.5 with MD5. Set protocol = "
-             "\"2.0\"."},
-        Case{IPMI_ERR_CIPHER_SUITE_ID_UNAVAILABLE, TroubleCode::RefusedAuthentication,
-             "The controller at bmc.example:623 opened no session by cipher suite 3: reason of "
-             "FreeIPMI. Try another cipher_suite."},
-        Case{IPMI_ERR_BMC_BUSY, TroubleCode::NoSession,
-             "The controller at bmc.example:623 has no session free. Close one, or try again."},
-        Case{IPMI_ERR_SYSTEM_ERROR, TroubleCode::Other,
-             "The controller at bmc.example:623 opened no session: reason of FreeIPMI."}));
+        StatusCase{0x01,
+                   {TroubleCode::NoSession, "has no session free: status 0x01 (no session free).",
+                    kCloseOne, Retry::Later}},
+        StatusCase{0x02,
+                   {TroubleCode::RefusedLogin,
+                    std::string(kLogInRefused) + "status 0x02 (invalid session ID).", kRestart,
+                    Retry::Once}},
+        StatusCase{
+            0x03,
+            {TroubleCode::RefusedLogin,
+             std::string(kLogInRefused) + "status 0x03 (invalid payload type).", kAnotherSuite}},
+        StatusCase{0x04,
+                   {TroubleCode::RefusedAuthentication,
+                    std::string(kBySuite3) + "status 0x04 (invalid authentication algorithm).",
+                    kAnotherSuite}},
+        StatusCase{
+            0x05,
+            {TroubleCode::RefusedAuthentication,
+             std::string(kBySuite3) + "status 0x05 (invalid integrity algorithm).", kAnotherSuite}},
+        StatusCase{0x06,
+                   {TroubleCode::RefusedAuthentication,
+                    std::string(kBySuite3) + "status 0x06 (no matching authentication payload).",
+                    kAnotherSuite}},
+        StatusCase{0x07,
+                   {TroubleCode::RefusedAuthentication,
+                    std::string(kBySuite3) + "status 0x07 (no matching integrity payload).",
+                    kAnotherSuite}},
+        StatusCase{0x08,
+                   {TroubleCode::RefusedLogin,
+                    std::string(kLogInRefused) + "status 0x08 (inactive session ID).", kRestart,
+                    Retry::Once}},
+        StatusCase{0x09,
+                   {TroubleCode::RefusedPrivilege,
+                    std::string(kLevelRefused) + "status 0x09 (invalid role).", kLowerLevel}},
+        StatusCase{0x0A,
+                   {TroubleCode::RefusedPrivilege,
+                    std::string(kLevelRefused) + "status 0x0a (privilege level not allowed).",
+                    kLowerLevel}},
+        StatusCase{0x0B,
+                   {TroubleCode::NoSession,
+                    "has no session free: status 0x0b (no session free for this privilege level).",
+                    kCloseOne, Retry::Later}},
+        StatusCase{0x0C,
+                   {TroubleCode::RefusedUser,
+                    std::string(kUnknownUser) + "status 0x0c (invalid length of the user name).",
+                    "Correct the setting user."}},
+        StatusCase{0x0D,
+                   {TroubleCode::RefusedUser,
+                    std::string(kUnknownUser) + "status 0x0d (unauthorized user name).",
+                    "Correct the setting user."}},
+        StatusCase{0x0E,
+                   {TroubleCode::RefusedLogin,
+                    std::string(kLogInRefused) + "status 0x0e (unauthorized GUID).", kRestart}},
+        StatusCase{0x0F,
+                   {TroubleCode::RefusedPassword,
+                    "has another password for the user 'tester': status 0x0f (invalid check "
+                    "value).",
+                    "Correct the password file."}},
+        StatusCase{0x10,
+                   {TroubleCode::RefusedAuthentication,
+                    std::string(kBySuite3) + "status 0x10 (invalid confidentiality algorithm).",
+                    kAnotherSuite}},
+        StatusCase{
+            0x11,
+            {TroubleCode::RefusedAuthentication,
+             std::string(kBySuite3) + "status 0x11 (no cipher suite matches).", kAnotherSuite}},
+        StatusCase{0x12,
+                   {TroubleCode::RefusedLogin,
+                    std::string(kLogInRefused) + "status 0x12 (illegal or unknown parameter).",
+                    "Try another cipher_suite or privilege_level."}},
+        StatusCase{
+            0x13,
+            {TroubleCode::RefusedLogin,
+             std::string(kLogInRefused) + "status 0x13 (a status that IPMI 2.0 does not define).",
+             kRestart}}));
 
-TEST(OpenTrouble, SilenceOfProtocol15_NamesNoCipherSuite) {
-    ControllerSettings controller = Controller();
-    controller.protocol = "1.5";
-    const TransportError error = OpenTrouble({.controller = controller,
-                                              .address = "bmc.example:623",
-                                              .silence = milliseconds(4000),
-                                              .attempts = 2,
-                                              .error = IPMI_ERR_SESSION_TIMEOUT,
-                                              .errorText = ""});
-    EXPECT_STREQ(error.what(),
-                 "The controller at bmc.example:623 stopped answering while a session was opened. "
-                 "Try again; if that does not help, restart the controller.");
+TEST(CompletionCodeOfTheOpening, IsPutIntoWords) {
+    ExpectFailure(CapabilitiesRefused(Account20(), 0xCC),
+                  {TroubleCode::Refused,
+                   "does not tell how it can be logged in to: completion code 0xcc (the "
+                   "controller could not carry out the command).",
+                   "Check that IPMI over LAN is switched on for the privilege_level."});
+    ExpectFailure(ChallengeRefused(Account15(), 0x81),
+                  {TroubleCode::RefusedUser,
+                   std::string(kUnknownUser) + "completion code 0x81 (invalid user name).",
+                   "Correct the setting user."});
+    ExpectFailure(
+        ChallengeRefused(Account15(), 0x82),
+        {TroubleCode::RefusedUser,
+         std::string(kUnknownUser) + "completion code 0x82 (no log-in without a user name).",
+         "Correct the setting user."});
+    ExpectFailure(
+        ActivationRefused(Account15(), 0x81),
+        {TroubleCode::NoSession, "has no session free: completion code 0x81 (no session slot).",
+         kCloseOne, Retry::Later});
+    ExpectFailure(ActivationRefused(Account15(), 0x86),
+                  {TroubleCode::RefusedPrivilege,
+                   std::string(kLevelRefused) +
+                       "completion code 0x86 (above the limit of the user or channel).",
+                   kLowerLevel});
+    ExpectFailure(
+        PrivilegeRefused(Account20(), 0x80),
+        {TroubleCode::RefusedPrivilege,
+         std::string(kLevelRefused) + "completion code 0x80 (not available for this user).",
+         kLowerLevel});
+    ExpectFailure(PrivilegeRefused(Account20(), 0x81),
+                  {TroubleCode::RefusedPrivilege,
+                   std::string(kLevelRefused) +
+                       "completion code 0x81 (above the limit of the user or channel).",
+                   kLowerLevel});
 }
 
-TEST(TooSlowToOpen, NoTimeLeft_SaysThatNothingWasSent) {
-    const TransportError error = TooSlowToOpen(Circumstances(IPMI_ERR_SUCCESS));
-
-    EXPECT_EQ(error.Code(), TroubleCode::NoAnswer);
-    EXPECT_STREQ(error.what(),
-                 "The controller at bmc.example:623 took so long to open a session that the "
-                 "command was not sent. Raise its time_limit.");
-    EXPECT_EQ(error.Attempts(), 2);
+TEST(CompletionCodeOfTheOpening, BusyController_IsAskedLater) {
+    const Expected busy{TroubleCode::NoSession,
+                        "has no session free: completion code 0xc0 (the controller is busy).",
+                        kCloseOne, Retry::Later};
+    ExpectFailure(CapabilitiesRefused(Account20(), 0xC0), busy);
+    ExpectFailure(ChallengeRefused(Account15(), 0xC0), busy);
+    ExpectFailure(ActivationRefused(Account15(), 0xC0), busy);
+    ExpectFailure(PrivilegeRefused(Account20(), 0xC0), busy);
 }
 
-TEST(ExchangeTrouble, SilenceInTheSession_IsNoAnswer) {
-    const TransportError error = ExchangeTrouble(Circumstances(IPMI_ERR_SESSION_TIMEOUT));
-
-    EXPECT_EQ(error.Code(), TroubleCode::NoAnswer);
-    EXPECT_STREQ(error.what(),
-                 "The controller at bmc.example:623 opened a session, but did not answer the "
-                 "command. If it is slow, raise its time_limit.");
-    EXPECT_EQ(error.Attempts(), 2);
+TEST(ProtocolNotOffered, NamesTheOtherProtocol) {
+    ExpectFailure(ProtocolNotOffered(Account20()),
+                  {TroubleCode::RefusedAuthentication, "does not offer IPMI 2.0.",
+                   "Set protocol = \"1.5\"."});
+    ExpectFailure(ProtocolNotOffered(Account15()),
+                  {TroubleCode::RefusedAuthentication, "does not offer IPMI 1.5 with MD5.",
+                   "Set protocol = \"2.0\"."});
 }
 
-TEST(ExchangeTrouble, AnotherError_KeepsTheTextOfFreeIpmi) {
-    const TransportError error = ExchangeTrouble(Circumstances(IPMI_ERR_SYSTEM_ERROR));
+TEST(OtherKey, NoKeySet_AsksForOne) {
+    ExpectFailure(
+        OtherKey(Account20()),
+        {TroubleCode::RefusedPassword, "has a key K_G, or another password for the user 'tester'.",
+         "Give its key by the setting k_g_file, or correct the password file."});
+}
 
-    EXPECT_EQ(error.Code(), TroubleCode::Other);
-    EXPECT_STREQ(error.what(),
-                 "The request to the controller at bmc.example:623 failed: reason of FreeIPMI.");
+TEST(OtherKey, KeySet_IsDoubted) {
+    const TemporaryFolder folder;
+    ControllerSettings controller = ControllerOf("2.0");
+    controller.keyFile = folder.Write("key", "a key\n");
+    ExpectFailure(OtherKey(LanAccount(controller)),
+                  {TroubleCode::RefusedPassword,
+                   "has another key K_G, or another password for the user 'tester'.",
+                   "Correct the file that k_g_file names, or the password file."});
+}
+
+TEST(FellSilent, NothingAtAll_IsNotRetried) {
+    ExpectFailure(FellSilent(Account20(), Stage::Asking, {}, kLimit),
+                  {TroubleCode::NoAnswer, "did not answer within 4 s.",
+                   "Check the address, the port, and that IPMI over LAN is switched on."});
+}
+
+TEST(FellSilent, WithinTheLogIn_NamesTheCipherSuiteOfProtocol20Only) {
+    ExpectFailure(FellSilent(Account20(), Stage::LoggingIn, {}, kLimit),
+                  {TroubleCode::NoAnswer, "stopped answering while a session was opened.",
+                   "Try again; if that does not help, set another cipher_suite, or restart the "
+                   "controller.",
+                   Retry::Once});
+    ExpectFailure(FellSilent(Account15(), Stage::LoggingIn, {}, kLimit),
+                  {TroubleCode::NoAnswer, "stopped answering while a session was opened.", kRestart,
+                   Retry::Once});
+}
+
+TEST(FellSilent, InTheSession_IsOfTheCommand) {
+    ExpectFailure(FellSilent(Account20(), Stage::LoggedIn, {}, kLimit),
+                  {TroubleCode::NoAnswer, "opened a session, but did not answer the command.",
+                   "If it is slow, raise its time_limit.", Retry::Once});
+}
+
+TEST(FellSilent, UnusableAnswers_AreCounted) {
+    Silence silence;
+    silence.unusable.Add(Flaw::NetworkFunction);
+    silence.unusable.Add(Flaw::NetworkFunction);
+    silence.unusable.Add(Flaw::Checksum);
+    ExpectFailure(FellSilent(Account20(), Stage::LoggedIn, silence, kLimit),
+                  {TroubleCode::UnusableAnswers,
+                   "sent nothing usable within 4 s in answer to the command, but 1 answer with a "
+                   "wrong checksum, 2 answers with another network function.",
+                   kRestart, Retry::Once});
+}
+
+TEST(FellSilent, LateAnswersToEarlierRequests_AreSilence) {
+    Silence silence;
+    silence.unusable.Add(Flaw::Late);
+    ExpectFailure(FellSilent(Account20(), Stage::LoggedIn, silence, kLimit),
+                  {TroubleCode::NoAnswer, "opened a session, but did not answer the command.",
+                   "If it is slow, raise its time_limit.", Retry::Once});
+}
+
+TEST(FellSilent, ErrorOfTheNetwork_IsNamed) {
+    Silence silence;
+    silence.networkError = EHOSTUNREACH;
+    ExpectFailure(FellSilent(Account20(), Stage::Asking, silence, kLimit),
+                  {TroubleCode::Unreachable, "cannot be reached: No route to host.",
+                   "Check the address, the port, the network, and that IPMI over LAN is switched "
+                   "on."});
 }
 
 }  // namespace
-}  // namespace platform
+}  // namespace platform::lan

@@ -1,0 +1,35 @@
+// As whom a session is opened, and how.
+#pragma once
+
+#include <platform/service_processor/Password.h>
+#include <platform/service_processor/lan/BmcKey.h>
+#include <platform/settings/Settings.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace platform::lan {
+
+// "host:port", with brackets around an IPv6 address.
+std::string LanPlace(const ControllerSettings& controller);
+
+struct LanAccount {
+    // `controllerSettings` must outlive the object. Throws TransportError when they cannot be used,
+    // or the password or the key cannot be read.
+    explicit LanAccount(const ControllerSettings& controllerSettings);
+
+    bool IsProtocol15() const { return controller.protocol == "1.5"; }
+
+    // FreeIPMI's number.
+    std::uint8_t PrivilegeLevel() const;
+
+    // By its name in the settings.
+    bool Has(std::string_view workaround) const;
+
+    const ControllerSettings& controller;
+    const Password password;
+    const BmcKey key;
+};
+
+}  // namespace platform::lan

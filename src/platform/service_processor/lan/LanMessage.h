@@ -1,0 +1,33 @@
+// An IPMI message as it travels in a packet.
+#pragma once
+
+#include <platform/service_processor/IpmiMessage.h>
+#include <platform/service_processor/lan/FiidObject.h>
+#include <platform/service_processor/lan/UnusableAnswers.h>
+
+#include <variant>
+
+namespace platform::lan {
+
+struct LanMessage {
+    IpmiRequest request;
+    std::uint8_t sequence;  // of the requester, 6 bits
+};
+
+// The parts that FreeIPMI makes a packet of.
+FiidObject MessageHeader(const LanMessage& message);
+FiidObject MessageBody(const LanMessage& message);
+
+// The packet of which FreeIPMI has written `length` bytes. Throws LanFailure when it is negative.
+Bytes Assembled(Bytes packet, int length);
+
+// The answer in the payload of a packet, or why it is no answer to the message.
+std::variant<IpmiAnswer, Flaw> ReadAnswer(ByteView payload, const LanMessage& message,
+                                          bool checksChecksums);
+
+// Parts of an answer, into which FreeIPMI reads a packet.
+FiidObject AnswerHeader();
+FiidObject AnswerBody();
+FiidObject AnswerTrailer();
+
+}  // namespace platform::lan

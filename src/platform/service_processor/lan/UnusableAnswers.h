@@ -1,0 +1,37 @@
+// Packets that came, but were no answer to the request.
+#pragma once
+
+#include <map>
+#include <string>
+
+namespace platform::lan {
+
+// Why a packet is no answer to the request.
+enum class Flaw {
+    Late,  // it answers an earlier request of the session: nothing is wrong with it
+    Unreadable,
+    TooShort,
+    Checksum,
+    Session,
+    Authentication,
+    Encryption,
+    Sequence,
+    Responder,
+    NetworkFunction,
+    Command,
+};
+
+class UnusableAnswers {
+public:
+    void Add(Flaw flaw);
+
+    bool IsEmpty() const { return counts.empty(); }
+
+    // "2 answers with a wrong checksum, 1 answer of another session"
+    std::string InWords() const;
+
+private:
+    std::map<Flaw, int> counts;
+};
+
+}  // namespace platform::lan

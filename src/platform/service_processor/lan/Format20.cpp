@@ -8,6 +8,7 @@ namespace {
 
 constexpr std::size_t kPayloadTypePlace = 5;
 constexpr std::size_t kSessionPlace20 = 6;
+constexpr std::size_t kLengthPlace20 = 14;
 constexpr std::size_t kHeaderSize20 = 16;
 constexpr std::uint8_t kPayloadTypeMask = 0x3F;
 constexpr std::uint8_t kAuthenticatedBit = 0x40;
@@ -46,6 +47,8 @@ std::optional<Flaw> Format20::FlawOfHeader(ByteView packet) const {
         return Flaw::Unreadable;
     }
     if (packet.size() < kHeaderSize20) return Flaw::TooShort;
+    const std::size_t length = packet[kLengthPlace20] + 0x100U * packet[kLengthPlace20 + 1];
+    if (packet.size() < kHeaderSize20 + length) return Flaw::TooShort;
     const std::uint8_t type = packet[kPayloadTypePlace];
     if ((type & kPayloadTypeMask) != IPMI_PAYLOAD_TYPE_IPMI) {
         return IPMI_PAYLOAD_TYPE_SESSION_SETUP(type) ? Flaw::Late : Flaw::Unreadable;
@@ -82,6 +85,9 @@ std::variant<Bytes, Flaw> Format20::Unpack(ByteView packet) const {
             IPMI_INTERFACE_FLAGS_NO_LEGAL_CHECK) < 0) {
         return Flaw::Unreadable;
     }
+    // FreeIPMI does not read what follows a message that is too short.
+    Bytes message = payload.Data("payload_data");
+    if (message.size() < kShortestAnswer) return Flaw::TooShort;
     if (by.integrity != IPMI_INTEGRITY_ALGORITHM_NONE &&
         ipmi_rmcpplus_check_packet_session_authentication_code(
             by.integrity, packet.data(), size, session.integrityKey.Data(),
@@ -89,7 +95,7 @@ std::variant<Bytes, Flaw> Format20::Unpack(ByteView packet) const {
             trailer.Get()) != 1) {
         return Flaw::Authentication;
     }
-    return payload.Data("payload_data");
+    return message;
 }
 
 }  // namespace platform::lan

@@ -27,6 +27,7 @@ enum Place : std::size_t {
 };
 constexpr std::size_t kHeaderSize = 3;  // with its checksum
 constexpr std::size_t kTrailerSize = 1;
+static_assert(kShortestAnswer == kDataPlace + kTrailerSize);
 constexpr std::uint8_t kAnswerBit = 0x01;
 constexpr int kLunBits = 2;
 
@@ -66,7 +67,7 @@ FiidObject AnswerTrailer() { return FiidObject(tmpl_lan_msg_trlr); }
 
 std::variant<IpmiAnswer, Flaw> ReadAnswer(ByteView payload, const LanMessage& message,
                                           bool checksChecksums) {
-    if (payload.size() < kDataPlace + kTrailerSize) return Flaw::TooShort;
+    if (payload.size() < kShortestAnswer) return Flaw::TooShort;
     if (checksChecksums && !(HasGoodChecksum(payload.first(kHeaderSize)) &&
                              HasGoodChecksum(payload.subspan(kHeaderSize)))) {
         return Flaw::Checksum;

@@ -21,6 +21,9 @@ FiidObject MessageBody(const LanMessage& message);
 // The packet of which FreeIPMI has written `length` bytes. Throws LanFailure when it is negative.
 Bytes Assembled(Bytes packet, int length);
 
+// With a completion code, and no data.
+constexpr std::size_t kShortestAnswer = 8;
+
 // The answer in the payload of a packet, or why it is no answer to the message.
 std::variant<IpmiAnswer, Flaw> ReadAnswer(ByteView payload, const LanMessage& message,
                                           bool checksChecksums);

@@ -47,6 +47,7 @@ constexpr ControllerKey kLanKeys[] = {
     {"port", [](const ControllerSettings& one) { return Json(one.port); }},
     {"user", [](const ControllerSettings& one) { return Json(one.user); }},
     {"password_file", [](const ControllerSettings& one) { return Json(one.passwordFile); }},
+    {"k_g_file", [](const ControllerSettings& one) { return Json(one.keyFile); }},
     {"protocol", [](const ControllerSettings& one) { return Json(one.protocol); }},
     {"cipher_suite", [](const ControllerSettings& one) { return Json(one.cipherSuite); }},
     {"privilege_level", [](const ControllerSettings& one) { return Json(one.privilegeLevel); }},

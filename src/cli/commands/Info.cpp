@@ -32,12 +32,13 @@ Json SettingsJson(const Session& session) {
     return object;
 }
 
-// A password stands in its file only, which is named.
+// A password or key stands in its file only, which is named.
 Json ControllerJson(const Controller& controller) {
     Json json = {{"way", controller.way}};
     if (controller.settings.transport != platform::TransportKind::Lan) return json;
     json["user"] = controller.settings.user;
     json["password_file"] = controller.settings.passwordFile;
+    json["k_g_file"] = controller.settings.keyFile;
     json["protocol"] = controller.settings.protocol;
     json["cipher_suite"] = controller.settings.cipherSuite;
     json["privilege_level"] = controller.settings.privilegeLevel;

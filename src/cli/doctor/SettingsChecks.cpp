@@ -1,6 +1,7 @@
 #include <cli/doctor/SettingsChecks.h>
 #include <platform/service_processor/Password.h>
 #include <platform/service_processor/TransportError.h>
+#include <platform/service_processor/lan/BmcKey.h>
 #include <platform/settings/DefaultPaths.h>
 #include <platform/settings/FileText.h>
 #include <platform/settings/LogTarget.h>
@@ -65,24 +66,33 @@ void CheckLog(const Settings& settings, Checks& checks) {
 // As the protocols have it, in bytes.
 std::size_t LongestPassword(const std::string& protocol) { return protocol == "1.5" ? 16 : 20; }
 
-Check CheckPasswordFile(const std::string& name, const ControllerSettings& controller) {
+// `kind` is "password" or "k_g"; `read` throws when the file cannot be used.
+template <class Read>
+void CheckSecretFile(const std::string& kind, int controller, const std::string& file, Read read,
+                     Checks& checks) {
+    if (file.empty()) return;
+    const std::string name = kind + " file of controller " + std::to_string(controller);
     try {
-        const platform::Password unused(controller.passwordFile,
-                                        LongestPassword(controller.protocol));
-        return Good(name, "The password file " + controller.passwordFile +
-                              " can be read, by its owner only.");
+        read();
+        checks.push_back(
+            Good(name, "The " + kind + " file " + file + " can be read, by its owner only."));
     } catch (const platform::TransportError& error) {
-        return BadFrom(name, error.what(),
-                       "Name a file that holds the password with the key password_file.");
+        checks.push_back(
+            BadFrom(name, error.what(),
+                    "Name a file that holds the " + kind + " with the key " + kind + "_file."));
     }
 }
 
-void CheckPasswordFiles(const Settings& settings, Checks& checks) {
+void CheckSecretFiles(const Settings& settings, Checks& checks) {
     if (!settings.controllers.value) return;
     int number = 0;
-    for (const ControllerSettings& controller : *settings.controllers.value) {
-        const std::string name = "password file of controller " + std::to_string(number++);
-        if (!controller.passwordFile.empty()) checks.push_back(CheckPasswordFile(name, controller));
+    for (const ControllerSettings& one : *settings.controllers.value) {
+        CheckSecretFile(
+            "password", number, one.passwordFile,
+            [&] { platform::Password(one.passwordFile, LongestPassword(one.protocol)); }, checks);
+        CheckSecretFile(
+            "k_g", number, one.keyFile, [&] { platform::lan::BmcKey{one.keyFile}; }, checks);
+        ++number;
     }
 }
 
@@ -97,7 +107,7 @@ Checks CheckSettings(const Settings& settings) {
         checks.push_back(
             Good("profile", "The profile " + profile + " is right; its machine is simulated."));
     CheckLog(settings, checks);
-    CheckPasswordFiles(settings, checks);
+    CheckSecretFiles(settings, checks);
     return checks;
 }
 

@@ -19,11 +19,23 @@ protected:
     }
 
     Checks OfPasswordFile(const std::string& file, const std::string& protocol = "2.0") const {
+        platform::ControllerSettings controller;
+        controller.passwordFile = file;
+        controller.protocol = protocol;
+        return OfLanController(controller);
+    }
+
+    Checks OfKeyFile(const std::string& file) const {
+        platform::ControllerSettings controller;
+        controller.keyFile = file;
+        return OfLanController(controller);
+    }
+
+    // It is number 1.
+    static Checks OfLanController(platform::ControllerSettings controller) {
+        controller.transport = platform::TransportKind::Lan;
         Settings settings;
-        auto& controllers = settings.controllers.value.emplace(2);
-        controllers[1].transport = platform::TransportKind::Lan;
-        controllers[1].passwordFile = file;
-        controllers[1].protocol = protocol;
+        settings.controllers.value = {{}, controller};
         Checks checks = CheckSettings(settings);
         EXPECT_EQ(checks.size(), 2u);
         checks.erase(checks.begin());
@@ -131,6 +143,18 @@ TEST_F(SettingsChecks, PasswordFileThatIsGone_IsBad) {
                                 "directory.",
                                 "Name a file that holds the password with the key "
                                 "password_file.")));
+}
+
+TEST_F(SettingsChecks, KeyFile_IsLookedAtAsAPasswordFileIs) {
+    EXPECT_THAT(
+        OfKeyFile(Write("key", "0x00ff\n", 0600)),
+        ElementsAre(Good("k_g file of controller 1", "The k_g file " + folder.File("key") +
+                                                         " can be read, by its owner only.")));
+    EXPECT_THAT(OfKeyFile("/absent/key"),
+                ElementsAre(Bad("k_g file of controller 1",
+                                "The k_g file /absent/key cannot be read: No such file or "
+                                "directory.",
+                                "Name a file that holds the k_g with the key k_g_file.")));
 }
 
 TEST_F(SettingsChecks, PasswordLongerThanItsProtocolTakes_IsBadWithoutShowingIt) {

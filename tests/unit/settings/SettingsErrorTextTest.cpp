@@ -196,7 +196,7 @@ constexpr BadFile kBadSettings[] = {
     {"LanWithAPasswordInTheFile",
      "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"\npassword = \"secret\"\n",
      ":4:1: key 'controller[0].password': found an unknown key, allowed are cipher_suite, host, "
-     "password_file, port, privilege_level, protocol, time_limit, transport, user and "
+     "k_g_file, password_file, port, privilege_level, protocol, time_limit, transport, user and "
      "workarounds."},
     {"HostIsEmpty", "[[controller]]\ntransport = \"lan\"\nhost = \"\"\n",
      ":3:8: key 'controller[0].host': found an empty string, allowed is a string with at least one "
@@ -215,6 +215,10 @@ constexpr BadFile kBadSettings[] = {
      "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"\npassword_file = \"\"\n",
      ":4:17: key 'controller[0].password_file': found an empty string, allowed is a string with at "
      "least one character."},
+    {"KeyFileIsEmpty", "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"\nk_g_file = \"\"\n",
+     ":4:12: key 'controller[0].k_g_file': found an empty string, allowed is a string with at "
+     "least "
+     "one character."},
     {"UnknownProtocol", "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"\nprotocol = \"3.0\"\n",
      ":4:12: key 'controller[0].protocol': found \"3.0\", allowed are \"2.0\" and \"1.5\"."},
     {"ProtocolIsANumber", "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"\nprotocol = 2.0\n",

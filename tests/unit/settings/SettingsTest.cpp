@@ -175,12 +175,14 @@ device = "ipmi0"
 transport = "lan"
 host = "bmc"
 password_file = "password"
+k_g_file = "key"
 )");
     EXPECT_EQ(settings.biosIdSource.folder.value, folder.File("dmi"));
     EXPECT_EQ(settings.root.value, folder.File("share"));
     EXPECT_EQ(settings.log.value, "file:" + folder.File("bmci2c.log"));
     EXPECT_EQ(settings.controllers.value->at(0).device, folder.File("ipmi0"));
     EXPECT_EQ(settings.controllers.value->at(1).passwordFile, folder.File("password"));
+    EXPECT_EQ(settings.controllers.value->at(1).keyFile, folder.File("key"));
 }
 
 TEST_F(SettingsOf, RelativePathsInTheEnvironment_StandAsTheyAre) {
@@ -253,6 +255,7 @@ TEST_F(SettingsOf, LanControllerWithAHostOnly_HasTheDefaults) {
     EXPECT_EQ(controller.port, 623);
     EXPECT_EQ(controller.user, "");
     EXPECT_EQ(controller.passwordFile, "");
+    EXPECT_EQ(controller.keyFile, "");
     EXPECT_EQ(controller.protocol, "2.0");
     EXPECT_EQ(controller.cipherSuite, 3);
     EXPECT_EQ(controller.privilegeLevel, "administrator");
@@ -266,6 +269,7 @@ host = "127.0.0.1"
 port = 65535
 user = "diag"
 password_file = "/etc/password"
+k_g_file = "/etc/key"
 protocol = "2.0"
 cipher_suite = 17
 privilege_level = "operator"
@@ -275,6 +279,7 @@ workarounds = ["opensesspriv", "intel20"]
     EXPECT_EQ(controller.port, 65535);
     EXPECT_EQ(controller.user, "diag");
     EXPECT_EQ(controller.passwordFile, "/etc/password");
+    EXPECT_EQ(controller.keyFile, "/etc/key");
     EXPECT_EQ(controller.protocol, "2.0");
     EXPECT_EQ(controller.cipherSuite, 17);
     EXPECT_EQ(controller.privilegeLevel, "operator");

@@ -105,7 +105,8 @@ std::string RefusalInWords(const LanAccount& account, TroubleCode code) {
             return " does not let " + QuotedUser(account) + " work at the privilege level " +
                    account.controller.privilegeLevel;
         case TroubleCode::RefusedAuthentication:
-            return " opened no session by " + SuiteName(account);
+            return " opened no session by cipher suite " +
+                   std::to_string(account.controller.cipherSuite);
         default:
             return " refused the log-in of " + QuotedUser(account);
     }

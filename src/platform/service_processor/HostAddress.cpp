@@ -5,6 +5,7 @@
 #include <platform/service_processor/TransportError.h>
 #include <sys/socket.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <mutex>
@@ -16,6 +17,9 @@ namespace platform {
 namespace {
 
 using std::chrono::milliseconds;
+
+// How often the stop flag is looked at.
+constexpr milliseconds kStopLooks{100};
 
 struct FreeAddresses {
     void operator()(addrinfo* addresses) const { freeaddrinfo(addresses); }
@@ -63,11 +67,12 @@ public:
     // 0, or the resolver's reason why not (EAI_...).
     int Start() { return resolver_calls::Start(&request); }
 
-    void WaitUntil(Time end) {
-        for (auto left = end - Now(); IsUnderWay() && left.count() > 0; left = end - Now()) {
-            const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(left);
-            const std::chrono::nanoseconds rest = left - seconds;
-            resolver_calls::Wait(&request, {.tv_sec = seconds.count(), .tv_nsec = rest.count()});
+    // Ends early when the program is told to stop.
+    void WaitUntil(Time end, const TimeAllowance& allowance) {
+        for (auto left = end - Now(); IsUnderWay() && left.count() > 0 && !allowance.IsStopped();
+             left = end - Now()) {
+            const std::chrono::nanoseconds wait = std::min<Time::duration>(left, kStopLooks);
+            resolver_calls::Wait(&request, {.tv_sec = 0, .tv_nsec = wait.count()});
         }
     }
 
@@ -111,17 +116,18 @@ TransportError NotFound(const std::string& host, const std::string& reason) {
 
 }  // namespace
 
-std::string HostAddress(const std::string& host, milliseconds time) {
+std::string HostAddress(const std::string& host, const TimeAllowance& allowance) {
     const std::string name = WithoutBrackets(host);
     if (const Addresses address = AddressInDigits(name)) return Digits(*address);
 
-    const Time end = Now() + time;
+    const Time end = Now() + allowance.limit;
     auto lookup = std::make_unique<Lookup>(name);
     if (const int error = lookup->Start(); error != 0) throw NotFound(host, gai_strerror(error));
-    lookup->WaitUntil(end);
+    lookup->WaitUntil(end, allowance);
     if (lookup->IsUnderWay()) {
         TheGivenUp().Add(std::move(lookup));
-        throw NotFound(host, "no answer within " + InSeconds(time));
+        if (allowance.IsStopped()) throw Interrupted();
+        throw NotFound(host, "no answer within " + InSeconds(allowance.limit));
     }
     if (const int error = lookup->State(); error != 0) throw NotFound(host, gai_strerror(error));
     return Digits(lookup->Result());

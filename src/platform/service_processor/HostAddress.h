@@ -4,13 +4,14 @@
 // name is resolved in the background, and given up when its time is over.
 #pragma once
 
-#include <chrono>
+#include <platform/service_processor/TimeAllowance.h>
+
 #include <string>
 
 namespace platform {
 
-// In digits: the first address of the name, which is waited for no longer than `time`, or the
-// address that `host` is, an IPv6 one without its brackets. Throws TransportError.
-std::string HostAddress(const std::string& host, std::chrono::milliseconds time);
+// In digits: the first address of the name, which is waited for no longer than the allowance's
+// limit, or the address that `host` is, an IPv6 one without its brackets. Throws TransportError.
+std::string HostAddress(const std::string& host, const TimeAllowance& allowance);
 
 }  // namespace platform

@@ -115,7 +115,7 @@ std::string LanTransport::Describe() const { return "lan " + lan::LanPlace(contr
 
 IpmiAnswer LanTransport::Send(const IpmiRequest& request, TimeAllowance allowance) {
     const lan::LanAccount account(controller);
-    const std::string address = HostAddress(controller.host, allowance.limit);
+    const std::string address = HostAddress(controller.host, allowance);
     return Sessions(account, address, allowance).Send(request);
 }
 

@@ -13,9 +13,10 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr milliseconds kTime{4000};
+constexpr TimeAllowance kForName{.limit = kTime, .end = Time::max()};
 
 std::optional<ThrownTrouble> TroubleWithHost(const std::string& host) {
-    return TroubleOf([&] { HostAddress(host, kTime); });
+    return TroubleOf([&] { HostAddress(host, kForName); });
 }
 
 ThrownTrouble NotFound(const std::string& reason) {
@@ -27,22 +28,22 @@ ThrownTrouble NotFound(const std::string& reason) {
 
 TEST(HostAddress, Address_IsTakenWithoutTheResolver) {
     FakeResolver::Reset({});
-    EXPECT_EQ(HostAddress("192.0.2.1", kTime), "192.0.2.1");
-    EXPECT_EQ(HostAddress("2001:db8::1", kTime), "2001:db8::1");
-    EXPECT_EQ(HostAddress("[2001:db8::1]", kTime), "2001:db8::1");
+    EXPECT_EQ(HostAddress("192.0.2.1", kForName), "192.0.2.1");
+    EXPECT_EQ(HostAddress("2001:db8::1", kForName), "2001:db8::1");
+    EXPECT_EQ(HostAddress("[2001:db8::1]", kForName), "2001:db8::1");
     EXPECT_THAT(FakeResolver::names, IsEmpty());
 }
 
 TEST(HostAddress, Name_IsThatOfTheResolver) {
     FakeResolver::Reset({.after = milliseconds(0), .address = "192.0.2.1"});
-    EXPECT_EQ(HostAddress("bmc.example", kTime), "192.0.2.1");
+    EXPECT_EQ(HostAddress("bmc.example", kForName), "192.0.2.1");
     EXPECT_THAT(FakeResolver::names, ElementsAre("bmc.example"));
 }
 
 TEST(HostAddress, SlowResolver_IsWaitedForUntilTheTimeIsOver) {
     FakeResolver::Reset({.after = kTime, .address = "2001:db8::1"});
     const Time before = FakeClock::now;
-    EXPECT_EQ(HostAddress("bmc.example", kTime), "2001:db8::1");
+    EXPECT_EQ(HostAddress("bmc.example", kForName), "2001:db8::1");
     EXPECT_EQ(FakeClock::now - before, kTime);
 }
 
@@ -53,11 +54,22 @@ TEST(HostAddress, SilentResolver_IsGivenUpWhenTheTimeIsOver) {
     EXPECT_EQ(FakeClock::now - before, kTime);
 }
 
+TEST(HostAddress, StopFlag_EndsTheWaiting) {
+    FakeResolver::Reset({});
+    const std::atomic<bool> stop = true;
+    const Time before = FakeClock::now;
+    const auto thrown =
+        TroubleOf([&] { HostAddress("bmc.example", {.limit = kTime, .end = {}, .stop = &stop}); });
+    ASSERT_TRUE(thrown);
+    EXPECT_EQ(thrown->kind, TroubleCode::Interrupted);
+    EXPECT_LT(FakeClock::now - before, kTime);
+}
+
 TEST(HostAddress, NameAfterOneThatWasGivenUp_IsResolved) {
     FakeResolver::Reset({});
     EXPECT_NE(TroubleWithHost("bmc.example"), std::nullopt);
     FakeResolver::Reset({.after = milliseconds(0), .address = "192.0.2.1"});
-    EXPECT_EQ(HostAddress("bmc.example", kTime), "192.0.2.1");
+    EXPECT_EQ(HostAddress("bmc.example", kForName), "192.0.2.1");
 }
 
 TEST(HostAddress, NameWithoutAddress_IsToldWithTheReason) {

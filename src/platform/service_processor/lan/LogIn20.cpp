@@ -127,9 +127,10 @@ FiidObject RmcpPlusLogIn::Ask(const FiidObject& message, const SetupStep& step) 
     const LanChannel::Read read = [&](ByteView received) {
         return ReadSetup(received, step, session.ownId, answer);
     };
-    const bool isOpening = step.requestType == IPMI_PAYLOAD_TYPE_RMCPPLUS_OPEN_SESSION_REQUEST;
+    // A repeated Open Session may take a second slot, a repeated RAKP 1 another random number.
+    const bool isLast = step.requestType == IPMI_PAYLOAD_TYPE_RAKP_MESSAGE_3;
     const int sent =
-        isOpening ? channel.ExchangePatiently(write, read) : channel.Exchange(write, read);
+        isLast ? channel.Exchange(write, read) : channel.ExchangePatiently(write, read);
     const auto status = static_cast<std::uint8_t>(answer.Number("rmcpplus_status_code"));
     if (status != RMCPPLUS_STATUS_NO_ERRORS) throw Refusal(status);
     wasRepeated = sent > 1;

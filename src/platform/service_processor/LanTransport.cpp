@@ -31,10 +31,7 @@ class Sessions {
 public:
     Sessions(const lan::LanAccount& lanAccount, std::string hostAddress,
              TimeAllowance timeAllowance)
-        : account(lanAccount),
-          address(std::move(hostAddress)),
-          allowance(timeAllowance),
-          silenceEnd(Now() + 2 * allowance.limit + kSpareSecond) {}
+        : account(lanAccount), address(std::move(hostAddress)), allowance(timeAllowance) {}
 
     IpmiAnswer Send(const IpmiRequest& request) {
         while (true) {
@@ -52,7 +49,7 @@ public:
 private:
     IpmiAnswer SendInSession(const IpmiRequest& request) {
         try {
-            const Time deadline = first ? silenceEnd : Time::max();
+            begin = Now();
             return lan::LanSession(account, address, allowance, deadline).Send(request);
         } catch (const std::system_error& error) {
             throw CannotReach(account, error.code().value());
@@ -68,15 +65,20 @@ private:
             case lan::Retry::Never:
                 return false;
             case lan::Retry::Once:
-                if (first || Now() + allowance.limit > silenceEnd || Now() >= allowance.end) {
-                    return false;
-                }
-                first = failure;
-                return true;
+                return BeginSecondTry(failure);
             case lan::Retry::Later:
                 return Pause();
         }
         return false;
+    }
+
+    // It may take a second longer than the session before it.
+    bool BeginSecondTry(const lan::LanFailure& failure) {
+        const Time now = Now();
+        if (first || now >= allowance.end) return false;
+        first = failure;
+        deadline = now + (now - begin) + kSpareSecond;
+        return true;
     }
 
     // A controller that keeps silent is told by how far it had come first.
@@ -100,7 +102,8 @@ private:
     const lan::LanAccount& account;
     const std::string address;
     const TimeAllowance allowance;
-    const Time silenceEnd;  // of a controller that falls silent
+    Time begin;                   // of the last session
+    Time deadline = Time::max();  // of its requests
     milliseconds pause = kFirstPause;
     int attempts = 0;
     std::optional<lan::LanFailure> first;  // after which there was one more session

@@ -6,16 +6,17 @@ import subprocess
 from dataclasses import dataclass
 
 TIMEOUT = 100
+BUS_STATUS = ("0x3a", "0x09")
 PATH = os.environ.get("PATH", "") + ":/usr/sbin"  # where Debian keeps ipmi-raw
 
 
 @dataclass
 class Answer:
-    data: bytes | None  # of the bus status; None: none came
+    data: bytes | None  # of the answer; None: none came
     words: str  # what the program says of it
 
 
-def ipmitool(peer, password=None, cipher_suite=3, k_g="", silence=1, tries=3):
+def ipmitool(peer, password=None, cipher_suite=3, k_g="", silence=1, tries=3, command=BUS_STATUS):
     """Sends a packet up to tries times and waits silence seconds each time.
 
     ipmitool asks other commands before that of the test.
@@ -24,7 +25,7 @@ def ipmitool(peer, password=None, cipher_suite=3, k_g="", silence=1, tries=3):
         "ipmitool", "-v", "-I", "lanplus", "-H", "127.0.0.1", "-p", str(peer.port),
         "-U", "tester", "-P", password or peer.behaviour.password, "-C", str(cipher_suite),
         "-N", str(silence), "-R", str(tries), *(["-k", k_g] if k_g else []),
-        "raw", "0x3a", "0x09",
+        "raw", *command,
     )  # fmt: skip
     data = bytes.fromhex(done.stdout) if done.returncode == 0 else None
     return Answer(data, done.stderr)

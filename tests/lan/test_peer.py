@@ -39,6 +39,13 @@ def test_sound_controller_is_read_and_sessions_are_closed(client, suite, k_g):
     assert "dropped" not in peer.story()
 
 
+def test_other_commands_are_answered():
+    with Peer(generation_data=b"\x00\x03") as peer:
+        assert ipmitool(peer, command=("0x3a", "0xc1")).data == b"\x00\x03"
+        assert ipmitool(peer, command=("0x06", "0x01")).data[6:11] == b"\x57\x01\x00\x1d\x00"
+        assert "rsp=0xc1): Invalid command" in ipmitool(peer, command=("0x3a", "0x10")).words
+
+
 @both_clients
 @pytest.mark.parametrize(
     "options",
@@ -157,6 +164,13 @@ def test_wrong_answer_is_dropped_by_ipmi_raw(wrong):
     with Peer(wrong=[wrong]) as peer:
         assert "session timeout" in ipmi_raw(peer, silence=1).words
     assert peer.answers(Step.COMMAND) > 0
+
+
+def test_peer_that_nobody_asks_ends():
+    for _ in range(100):
+        with Peer() as peer:
+            pass
+        assert peer.trace == []
 
 
 def test_requests_are_worked_on_one_after_another():

@@ -77,4 +77,5 @@ class Behaviour:
     # The answers to these steps are wrong in each of these ways.
     wrong: Collection[Wrong] = ()
     wrong_at: Collection[Step] = (Step.COMMAND,)
+    wrong_data: bytes | None = None  # of a wrong bus status, in the place of data
     then_right: bool = False  # the right answer follows the wrong one

@@ -66,8 +66,9 @@ class Controller:
         if step in self._behaviour.silent:
             return Reply(step)
         response = Response.to(request, *self._commands.answer(request, session))
+        wrong_data = self._behaviour.wrong_data if step is Step.COMMAND else None
         return self._distorted(
-            step, lambda wrong: seal(distortion.response(response, wrong), wrong)
+            step, lambda wrong: seal(distortion.response(response, wrong, wrong_data), wrong)
         )
 
     def _of_handshake(self, payload):

@@ -15,9 +15,11 @@ _SEALS = {
 }
 
 
-def response(right, wrong):
-    """The IPMI message, distorted."""
+def response(right, wrong, wrong_data):
+    """The IPMI message, distorted; with other data unless wrong_data is None."""
     changes = {}
+    if wrong and wrong_data is not None:
+        changes["body"] = right.body[:1] + wrong_data
     if Wrong.NETWORK_FUNCTION in wrong:
         changes["net_function"] = right.net_function ^ 0x02
     if Wrong.RESPONDER in wrong:

@@ -15,6 +15,7 @@ STATUS_WRONG_CHECK_VALUE = 0x0F
 STATUS_NO_CIPHER_SUITE = 0x11
 
 PRIVILEGE_MASK = 0x0F
+ADMINISTRATOR = 4
 
 
 class Handshake:
@@ -38,8 +39,8 @@ class Handshake:
         session = self._slots.take(suite, console_id)
         if session is None:
             return _refusal(tag, STATUS_NO_SLOT, console_id)
-        highest = self._behaviour.privilege
-        granted = min(privilege & PRIVILEGE_MASK or highest, highest)
+        # Whose session it is to be is not known yet, so the user's highest level does not count.
+        granted = privilege & PRIVILEGE_MASK or ADMINISTRATOR
         head = struct.pack("<BBBxII", tag, 0, granted, console_id, session.own_id)
         return head + content[8:]
 

@@ -29,9 +29,11 @@ class Peer(asyncio.DatagramProtocol):
         self._loop = asyncio.new_event_loop()
         self._thread = threading.Thread(target=self._serve, daemon=True)
         self._error = None
+        self._listens = threading.Event()
 
     def __enter__(self):
         self._thread.start()
+        self._listens.wait()
         return self
 
     def __exit__(self, *_):
@@ -79,6 +81,7 @@ class Peer(asyncio.DatagramProtocol):
         self._tasks = {self._loop.create_task(self._work())}
         endpoint = self._loop.create_datagram_endpoint(lambda: self, sock=self._socket)
         transport, _ = self._loop.run_until_complete(endpoint)
+        self._listens.set()
         self._loop.run_forever()
         for task in self._tasks:
             task.cancel()

@@ -1,0 +1,27 @@
+"""Controllers that take their time."""
+
+import pytest
+from harness import Case, assert_read
+from rmcp_peer import Step
+
+
+def command_takes(seconds, **options):
+    return {"seconds": {Step.COMMAND: seconds}, **options}
+
+
+CASES = {
+    "command takes 0.5 s": Case(command_takes(0.5)),
+    "command takes 1 s": Case(command_takes(1)),
+    "command takes 2 s": Case(command_takes(2)),
+    "command takes 3 s": Case(command_takes(3)),
+    "command takes 7 s of 10": Case(command_takes(7), {"time_limit": 10}),
+    "answer after 3.5 s": Case(command_takes(3.5, is_concurrent=True)),
+    "answer after 20 s of 60": Case(command_takes(20, is_concurrent=True), {"time_limit": 60}),
+    "every second answer 0.6 s late": Case({"late_every": 2, "late_seconds": 0.6}),
+    "round trip 0.8 s": Case({"round_trip": 0.8}),
+}
+
+
+@pytest.mark.parametrize("name", CASES)
+def test_controller_is_read(runs, name):
+    assert_read(runs[name])

@@ -40,3 +40,21 @@ function(bmci2c_unit_test name)
     DISCOVERY_TIMEOUT 60
     PROPERTIES TIMEOUT 120 ENVIRONMENT "${BMCI2C_TEST_ENVIRONMENT};${ARG_ENVIRONMENT}")
 endfunction()
+
+# bmci2c_pytest(NAME FOLDER <folder of the tests> [ENVIRONMENT "NAME=value" ...])
+#
+# Each test file of the folder becomes a test for ctest, named NAME.FILE: starting Python for each
+# test function would take longer than most of them. tests/total.py counts the functions.
+function(bmci2c_pytest name)
+  cmake_parse_arguments(ARG "" "FOLDER" "ENVIRONMENT" ${ARGN})
+  file(GLOB files RELATIVE "${ARG_FOLDER}" CONFIGURE_DEPENDS "${ARG_FOLDER}/test_*.py")
+  foreach(file IN LISTS files)
+    string(REGEX REPLACE "^test_(.*)\\.py$" "${BMCI2C_TEST_PREFIX}${name}.\\1" test "${file}")
+    add_test(NAME ${test}
+      COMMAND "${Python3_EXECUTABLE}" -m pytest -q -rs -p no:cacheprovider "${ARG_FOLDER}/${file}")
+    file(SIZE "${ARG_FOLDER}/${file}" size)
+    # The cost lets ctest begin with the files that take longest.
+    set_tests_properties(${test} PROPERTIES COST ${size} TIMEOUT 1200
+      ENVIRONMENT "PYTHONDONTWRITEBYTECODE=1;${BMCI2C_TEST_ENVIRONMENT};${ARG_ENVIRONMENT}")
+  endforeach()
+endfunction()

@@ -39,10 +39,10 @@ protected:
 
 TEST_F(DoctorOfAController, Controller_IsReachedAndNeverSentTheTestsCommand) {
     const std::string settings = WriteSettings(simulator.Password());
-    const std::string said = OutputOf(BMCI2C_BIN " --config " + settings + " doctor");
-    EXPECT_THAT(said, HasSubstr("OK     providers: "));
-    EXPECT_THAT(said, HasSubstr("OK     controller 0: Controller 0, lan 127.0.0.1:" +
-                                std::to_string(simulator.Port()) + ", answers: manufacturer "));
+    const std::string said = OutputOf(BMCI2C_BIN " --config " + settings + " doctor --json");
+    EXPECT_THAT(said, HasSubstr("\"verdict\": \"ok\""));
+    EXPECT_THAT(said, HasSubstr("Controller 0, lan 127.0.0.1:" + std::to_string(simulator.Port()) +
+                                ", answers: manufacturer "));
     EXPECT_THAT(said, Not(HasSubstr(simulator.Password())));
     EXPECT_THAT(OutputOf("BMCI2C_CONFIG=" + settings + " " BMCI2C_SEND_IPMI " 09"),
                 HasSubstr("data 11\n"));

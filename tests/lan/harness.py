@@ -77,6 +77,14 @@ class Run:
 def run(folder, peers, password="sesame-open", k_g=None, **keys):
     """The keys are added to each controller; password and k_g are what its files hold."""
     command = e2e.Command(folder)
+    config = write_settings(command, peers, password, k_g, **keys)
+    result = command("--config", config, "run", "--json")
+    assert result.out.startswith("{"), result.err
+    return Run(result.code, result.json(), list(peers))
+
+
+def write_settings(command, peers, password="sesame-open", k_g=None, **keys):
+    """The settings file of such a run."""
     keys["password_file"] = _write_secret(command, "password", password)
     if k_g is not None:
         keys["k_g_file"] = _write_secret(command, "k_g", k_g)
@@ -84,9 +92,7 @@ def run(folder, peers, password="sesame-open", k_g=None, **keys):
     for peer in peers:
         address = {"transport": "lan", "host": "127.0.0.1", "port": peer.port}
         settings += "[[controller]]\n" + e2e.toml_keys({**address, "user": "tester", **keys})
-    result = command("--config", command.write("platform.toml", settings), "run", "--json")
-    assert result.out.startswith("{"), result.err
-    return Run(result.code, result.json(), list(peers))
+    return command.write("platform.toml", settings)
 
 
 def _write_secret(command, name, text):

@@ -13,7 +13,7 @@ using platform::TroubleCode;
 namespace {
 
 constexpr const char* kOtherCatalog =
-    "or name the diagnostics root directory of another catalog (--root DIR).";
+    "or name the diagnostics root directory of another one (--root DIR).";
 
 std::string AdviceFor(std::uint8_t completionCode) {
     switch (completionCode) {
@@ -113,27 +113,27 @@ Trouble FamilyUnknown(const Trouble& reason) {
 Trouble CatalogMissing(const std::string& catalog) {
     return {.code = "catalog_missing",
             .text = "There is no message catalog " + catalog + ".",
-            .advice = std::string("Put one there, ") + kOtherCatalog};
+            .advice = std::string("Put a message catalog there, ") + kOtherCatalog};
 }
 
 Trouble CatalogUnreadable(const std::string& catalog, const std::string& reason) {
     return {.code = "catalog_unreadable",
             .text = "The message catalog " + catalog + " cannot be read: " + reason + ".",
-            .advice = std::string("Make it readable, ") + kOtherCatalog};
+            .advice = std::string("Make the message catalog readable, ") + kOtherCatalog};
 }
 
 Trouble CatalogSyntax(const std::string& catalog, int line, const std::string& error) {
     return {.code = "catalog_syntax",
             .text = "The message catalog " + catalog + " is wrong in line " + std::to_string(line) +
                     ": " + error,
-            .advice = std::string("Fix it, ") + kOtherCatalog};
+            .advice = std::string("Fix the message catalog, ") + kOtherCatalog};
 }
 
 Trouble CatalogIndex(const std::string& catalog, int line, const std::string& index) {
     return {.code = "catalog_index",
             .text = "The message catalog " + catalog + " is wrong in line " + std::to_string(line) +
                     ": the index '" + index + "' is not decimal. Nothing from here on was read.",
-            .advice = std::string("Fix it, ") + kOtherCatalog};
+            .advice = std::string("Fix the message catalog, ") + kOtherCatalog};
 }
 
 Trouble UnsupportedMachine(const std::string& catalog, const std::string& machineType,
@@ -152,7 +152,7 @@ Trouble UnsupportedMachine(const std::string& catalog, const std::string& machin
     return {.code = "machine_not_listed",
             .text = "The message catalog " + catalog + " lists neither the machine type '" +
                     machineType + "' nor the BIOS identifier '" + biosId + "'.",
-            .advice = std::string("Add the machine to it, ") + kOtherCatalog};
+            .advice = std::string("Add the machine to the message catalog, ") + kOtherCatalog};
 }
 
 }  // namespace run_trouble

@@ -242,7 +242,7 @@ def test_index_that_is_not_decimal_ends_with_3_and_its_place(bmci2c):
         f"The message catalog {catalog} is wrong in line 3: the index '0x10' is not a decimal "
         "number."
     )
-    advice = "Fix it, or name the diagnostics root directory of another catalog (--root DIR)."
+    advice = "Fix the message catalog, or name the diagnostics root directory of another one (--root DIR)."
     result = bmci2c.simulate(bmci2c.profile(GOOD), "run", "--json")
     assert result.code == 3
     assert result.json() == {

@@ -41,7 +41,8 @@ Problem ProblemOf(const IndexError& error, const Session& session) {
     return {"The message catalog " + CatalogBelow(session.settings.root.value).string() +
                 " is wrong in line " + std::to_string(error.Line()) + ": the index '" +
                 error.Index() + "' is not a decimal number.",
-            "Fix it, or name the diagnostics root directory of another catalog (--root DIR)."};
+            "Fix the message catalog, or name the diagnostics root directory of another one "
+            "(--root DIR)."};
 }
 
 TestRun RunWatched(const RunFlags& flags, const Interruption& interruption) {

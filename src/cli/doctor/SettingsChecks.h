@@ -6,8 +6,8 @@
 
 namespace cli {
 
-// The settings file (or that there is none), the profile, the log's file, and the password and k_g files of
-// each controller that has one. Of settings that cannot be read: only why.
+// The settings file (or that there is none), the profile, the log's file, and the password and k_g
+// files of each controller that has one. Of settings that cannot be read: only why.
 Checks CheckSettings(const platform::Settings& settings);
 
 }  // namespace cli

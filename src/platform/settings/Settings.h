@@ -93,7 +93,7 @@ struct Settings {
     Setting<std::optional<std::vector<ControllerSettings>>> controllers;
     Setting<std::string> log{"syslog"};  // as in LogTarget.h
     Setting<int> logLevel{2};            // lines of this severity and graver are written
-    std::string problem;  // why the settings could not be read; else empty
+    std::string problem;                 // why the settings could not be read; else empty
 };
 
 // Variables by name, in the place of those of the process.

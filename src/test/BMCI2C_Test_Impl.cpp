@@ -131,6 +131,10 @@ void BMCI2C_Test_Impl::DescribeMachine(CurrentRun& run) {
     if (!facts.supported) {
         return;
     }
+    if (genericMachine == nullptr) {
+        result.troubles.push_back(run_trouble::CatalogLacksGenericEntry(
+            facts.catalog, std::string(GenericType())));
+    }
     if (described.trouble) {
         result.troubles.push_back(*described.trouble);
     } else if (family.trouble) {

@@ -148,6 +148,7 @@ private:
     ResultMessage KeepMachineTypeFailure(RunRecord& record, std::string_view reason,
                                          unsigned short number);
     void ReadCatalog(const std::string& path);
+    std::string_view GenericType() const;
     void ParseCatalog(const std::string& path, std::span<char> text);
     ResultMessage BuildMessage(int kind, unsigned short number);
     ResultMessage CompletionCodeMessage(unsigned char code);

@@ -110,6 +110,10 @@ void BMCI2C_Test_Impl::ParseCatalog(const std::string& path, std::span<char> tex
     }
 }
 
+std::string_view BMCI2C_Test_Impl::GenericType() const {
+    return isOxcMachine ? GEN_MACHINE_TYPE_OXC : GEN_MACHINE_TYPE;
+}
+
 // Once an entry of this machine and a generic one are found, later entries are still looked at, but
 // by their first machine type only.
 bool BMCI2C_Test_Impl::IsMachineSupported() {
@@ -119,7 +123,7 @@ bool BMCI2C_Test_Impl::IsMachineSupported() {
     if (biosId.empty() || biosId == kUnsetBiosId) {
         WriteOutput(kLogError, "Fail to read BiosID!");
     }
-    const std::string_view genericType = isOxcMachine ? GEN_MACHINE_TYPE_OXC : GEN_MACHINE_TYPE;
+    const std::string_view genericType = GenericType();
     bool found = false;
     bool generic = false;
     for (const boost::shared_ptr<TMachine>& entry : entries) {

@@ -74,13 +74,14 @@ Trouble NotAskedWithoutFirst() {
 
 Trouble NotAskedOnThisMachine() {
     return {.code = "not_asked",
-            .text = "The controller was not asked, because this machine is not supported.",
+            .text = "The controller was not asked, because the message catalog has no entry for this "
+                    "machine.",
             .advice = ""};
 }
 
 Trouble Interrupted() {
     return {.code = NameOf(TroubleCode::Interrupted),
-            .text = "The run was interrupted before the controller answered.",
+            .text = "The run was interrupted before the controller was examined.",
             .advice = "Run the test again."};
 }
 
@@ -134,6 +135,13 @@ Trouble CatalogIndex(const std::string& catalog, int line, const std::string& in
             .text = "The message catalog " + catalog + " is wrong in line " + std::to_string(line) +
                     ": the index '" + index + "' is not decimal. Nothing from here on was read.",
             .advice = std::string("Fix the message catalog, ") + kOtherCatalog};
+}
+
+Trouble CatalogLacksGenericEntry(const std::string& catalog, const std::string& entry) {
+    return {.code = "catalog_generic_missing",
+            .text = "The message catalog " + catalog + " has no entry " + entry +
+                    ", so the test's messages have no text.",
+            .advice = "Add <machine type=\"" + entry + "\"> to the message catalog."};
 }
 
 Trouble UnsupportedMachine(const std::string& catalog, const std::string& machineType,

@@ -46,6 +46,9 @@ platform::Trouble CatalogUnreadable(const std::string& catalog, const std::strin
 platform::Trouble CatalogIndex(const std::string& catalog, int line, const std::string& index);
 platform::Trouble CatalogSyntax(const std::string& catalog, int line, const std::string& error);
 
+// The catalog lists the machine, but not the generic machine that every message needs.
+platform::Trouble CatalogLacksGenericEntry(const std::string& catalog, const std::string& entry);
+
 // Neither machine type nor BIOS identifier is in the catalog, which is not read without a machine
 // type. `smbiosProblem` says why SMBIOS's texts cannot be read, if so.
 platform::Trouble UnsupportedMachine(const std::string& catalog, const std::string& machineType,

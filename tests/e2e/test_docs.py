@@ -137,3 +137,19 @@ def test_qualifiers_and_elements_of_the_catalog_guide_are_known(bmci2c):
     bmci2c.write_catalog(f'<bmci2cmsg version="1">{tags}</bmci2cmsg>')
     result = bmci2c.simulate(bmci2c.profile(node(data=[0])), "run")
     assert "Unrecognized identifier" not in result.err
+
+
+def trouble_codes():
+    """The codes that the sources give to troubles."""
+    source = PROJECT / "src"
+    names = (source / "platform/service_processor/TransportError.cpp").read_text()
+    codes = set(re.findall(r'return "([a-z_0-9]+)";', names))
+    for path in source.glob("**/*.cpp"):
+        codes |= set(re.findall(r'\.code = "([a-z_0-9]+)"', path.read_text()))
+    return codes
+
+
+def test_every_trouble_code_is_documented_and_no_other():
+    text = (PROJECT / "docs" / "json.md").read_text(encoding="utf-8")
+    told = {code for row in table(text, "`code`") for code in re.findall(r"`(\w+)`", row[0])}
+    assert told == trouble_codes()

@@ -55,6 +55,8 @@ def test_failed_bus_after_an_unusable_controller_is_found_with_all(bmci2c, contr
     assert text.startswith(
         "FAILED (simulated machine): 1 bus has failed: bus 2 of node 1. Node 0 was not examined.\n"
     )
+    # The record ends before the failed bus.
+    assert "\nWhat the test found\n" in text
 
 
 @pytest.mark.parametrize("controller", [REFUSING, SHORT], ids=["refusing", "short"])
@@ -242,7 +244,10 @@ def test_index_that_is_not_decimal_ends_with_3_and_its_place(bmci2c):
         f"The message catalog {catalog} is wrong in line 3: the index '0x10' is not a decimal "
         "number."
     )
-    advice = "Fix the message catalog, or name the diagnostics root directory of another one (--root DIR)."
+    advice = (
+        "Fix the message catalog, or name the diagnostics root directory of another one "
+        "(--root DIR)."
+    )
     result = bmci2c.simulate(bmci2c.profile(GOOD), "run", "--json")
     assert result.code == 3
     assert result.json() == {

@@ -124,7 +124,10 @@ std::string RunText(const RunReport& report, const Terminal& terminal) {
     text += section("Management controllers", ControllerSection(result));
     if (!result.controllers.empty())
         text += section("I2C busses of each controller", BusMapText(result.controllers, terminal));
-    text += section("What the test recorded", RecordSection(result, terminal));
+    // Behind the end of a CIM client's run nothing is recorded.
+    const bool goesBeyondRecord = report.askedAll && result.endOfRecord;
+    text += section(goesBeyondRecord ? "What the test found" : "What the test recorded",
+                    RecordSection(result, terminal));
     text += section(IsWhole(result) ? "Notes" : "What was not examined, and why",
                     Paragraphs(Reasons(result, report.askedAll), terminal));
     text += section("What to do next", Paragraphs(NextSteps(result), terminal));

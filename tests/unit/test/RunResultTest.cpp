@@ -461,6 +461,17 @@ TEST_F(RunResultTest, UnreadableMachineType_IsToldWithItsReason) {
     EXPECT_THAT(result.troubles.front().text, HasSubstr("SMBIOS cannot be read."));
 }
 
+TEST_F(RunResultTest, CatalogWithoutGenericEntry_IsToldAndTheBussesAreJudged) {
+    WriteCatalog({{.types = {"7000"}}});
+    AnswerStatus(0, {1});
+    const RunResult result = RunIt();
+    ASSERT_EQ(result.troubles.size(), 1u);
+    EXPECT_EQ(result.troubles.front().code, "catalog_generic_missing");
+    EXPECT_THAT(result.troubles.front().text, HasSubstr(" has no entry GENERIC_QUV, "));
+    EXPECT_EQ(result.verdict, Verdict::Failed);
+    EXPECT_FALSE(Only(result).message);
+}
+
 TEST_F(RunResultTest, MissingCatalog_IsToldAtEachRun) {
     std::filesystem::remove(CatalogPath());
     for (int run = 0; run < 2; ++run) {

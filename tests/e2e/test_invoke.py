@@ -64,6 +64,8 @@ def test_name_of_no_test_fails(invoke, keys):
     assert failed in result.err
     advice = f"No instance has these keys. Run 'bmci2c names {SERVICE}' to see them."
     assert result.err.endswith(f" {advice}\n")
+    assert list(outcome) == ["format_version", "verdict", "error", "status", "return_value", "out"]
+    assert (outcome["verdict"], outcome["error"]["advice"]) == ("error", advice)
 
 
 @pytest.mark.parametrize("name", [SERVICE, SERVICE.lower(), "CIM_DiagnosticService"])

@@ -1,4 +1,5 @@
 #include <cli/DiagnosticRun.h>
+#include <cli/ErrorJson.h>
 #include <cli/ErrorOutput.h>
 #include <cli/Errors.h>
 #include <cli/ExitCodes.h>
@@ -45,25 +46,34 @@ host::ObjectPath TargetOf(host::Host& host, const InvokeOptions& options) {
     return known.names.front();
 }
 
+Json OutcomeJson(const host::MethodResult& result) {
+    return {{"status", static_cast<int>(result.status.code)},
+            {"return_value", ToJson(result.returnValue)},
+            {"out", ToJson(result.out)}};
+}
+
+std::string OutcomeText(const host::MethodResult& result) {
+    return "return value = " + Printable(ValueText(result.returnValue)) + "\n" +
+           ValuesText(result.out);
+}
+
 int Invoke(const Session& session, const InvokeOptions& options) {
     const std::unique_ptr<host::Host> host = LoadHost(session);
     const host::ObjectPath target = TargetOf(*host, options);
     const host::MethodResult result = host->InvokeMethod(
         target, options.method,
         TypedArguments(host->Schema(), options.className, options.method, options.arguments));
-    if (options.asJson) {
-        std::cout << JsonText({{"status", static_cast<int>(result.status.code)},
-                               {"return_value", ToJson(result.returnValue)},
-                               {"out", ToJson(result.out)}});
-    } else if (result.status.IsOk()) {
-        std::cout << "return value = " << Printable(ValueText(result.returnValue)) << '\n'
-                  << ValuesText(result.out);
+    if (result.status.IsOk()) {
+        std::cout << (options.asJson ? JsonText(OutcomeJson(result)) : OutcomeText(result));
+        return kSuccess;
     }
-    if (result.status.IsOk()) return kSuccess;
     const CallError error("Invoking " + options.className + "." + options.method, result.status,
                           InvokeAdvice(*host, target, result.status));
     if (!options.asJson) throw error;
-    PrintError(error.what());  // the outcome is printed, and must stay one JSON object
+    Json object = ErrorJson(error.What());  // with the outcome, one JSON object
+    object.update(OutcomeJson(result));
+    std::cout << JsonText(object);
+    PrintError(error.what());
     return kCallFailed;
 }
 

@@ -38,7 +38,7 @@ std::string CodeInWords(std::uint8_t completionCode, std::string_view meaning) {
            (meaning.empty() ? Meaning(completionCode) : " (" + std::string(meaning) + ")");
 }
 
-// What the specification of IPMI 2.0 calls a status code, and what helps.
+// What IPMI 2.0 calls a status code, and what helps.
 struct StatusMeaning {
     std::string_view words;
     TroubleCode code;

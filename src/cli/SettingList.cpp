@@ -57,7 +57,7 @@ constexpr ControllerKey kSimulatedKeys[] = {
     {"profile", [](const ControllerSettings& one) { return Json(one.profile); }},
 };
 
-// The option of the command that sets a variable in the place of whoever called it.
+// The option of the command that sets a variable instead of whoever called it.
 std::string OptionOf(const GlobalOptions& options, const std::string& variable) {
     if (variable == "BMCI2C_CONFIG" && !options.config.empty()) return "--config";
     if (variable == "BMCI2C_ROOT" && !options.root.empty()) return "--root";

@@ -1,4 +1,4 @@
-// Endpoint instances that association providers have let go of.
+// Endpoint instances that association providers have dropped.
 //
 // An association that was delivered may still be in use when its provider refills its lists, so
 // dropped endpoints stay allocated: parked in one process-wide list, where leak checkers see them

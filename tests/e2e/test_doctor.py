@@ -171,7 +171,7 @@ def test_missing_settings_file(bmci2c):
     result = bmci2c("--config", "/nowhere/platform.toml", "doctor")
     assert troubles(result)[0] == (
         "FAIL  settings: /nowhere/platform.toml: The file cannot be read: No such file or "
-        "directory. Name a file that is there and can be read."
+        "directory. Give an existing, readable file."
     )
 
 
@@ -216,8 +216,8 @@ def test_password_file_that_others_may_read(bmci2c, doctor):
     os.chmod(secret, 0o644)
     result = doctor(controllers=LAN)
     refused = (
-        f"The password file {secret} may be read by others than its owner (mode 0644). Take that "
-        f"away with: chmod 600 {secret}"
+        f"The password file {secret} may be read by others than its owner (mode 0644). Run: "
+        f"chmod 600 {secret}"
     )
     assert troubles(result) == [
         f"FAIL  password file of controller 0: {refused}",
@@ -268,7 +268,7 @@ def test_smbios_text_without_the_pattern(bmci2c, doctor):
     settings = '[machine]\nbios_id = "B"\n[machine.type_source]\nfolder = "dmi"\npattern = "^QUV"\n'
     assert troubles(doctor(settings)) == [
         f'FAIL  machine type: The text of {bmci2c.folder}/dmi/product_name, "7000", does not hold '
-        'the pattern "^QUV", so it is taken whole. Mend the key pattern under '
+        'the pattern "^QUV", so it is taken whole. Fix the key pattern under '
         "[machine.type_source] in the settings file."
     ]
 

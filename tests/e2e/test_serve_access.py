@@ -96,7 +96,7 @@ def test_certificate_wants_its_key(refused, certificate):
 @pytest.mark.parametrize("address", ["nonsense", "*:5988", ":5988", "::1:5988", "127.0.0.1:65536"])
 def test_unusable_address_is_named(refused, address):
     assert refused("--listen", address) == (
-        f"bmci2c: The server cannot listen on '{address}': it has not the form ADDRESS:PORT, as "
+        f"bmci2c: The server cannot listen on '{address}': it must have the form ADDRESS:PORT, as "
         "127.0.0.1:5988 or [::1]:5988.\n"
     )
 

@@ -9,7 +9,7 @@ namespace cimxml {
 struct Limits {
     std::size_t maxRequestSize = std::size_t{1} << 20;  // bytes of a request's document
     std::size_t maxHeaderSize = std::size_t{16} << 10;  // bytes of a request's line and headers
-    std::size_t maxDepth = 64;                          // elements that lie within each other
+    std::size_t maxDepth = 64;                          // maximum nesting depth of elements
     std::size_t maxConnections = 64;
     std::chrono::seconds requestTime{30};  // from a request's first byte to its last
     std::chrono::seconds idleTime{30};     // that a connection may be silent between requests

@@ -42,7 +42,7 @@ Addresses Resolve(const std::string& address) {
         machine.clear();
     // The resolver takes "*" for this machine only, and whoever writes it means the opposite.
     if (machine.empty() || machine == "*" || !IsPort(port))
-        Fail(address, "it has not the form ADDRESS:PORT, as 127.0.0.1:5988 or [::1]:5988");
+        Fail(address, "it must have the form ADDRESS:PORT, as 127.0.0.1:5988 or [::1]:5988");
     addrinfo hints{};
     hints.ai_family = AF_UNSPEC;
     hints.ai_socktype = SOCK_STREAM;

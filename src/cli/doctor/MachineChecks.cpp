@@ -16,7 +16,7 @@ constexpr const char* kUnsetBiosId = "00";
 
 struct Text {
     std::string name;
-    std::string key;    // under [machine], in the place of SMBIOS's text
+    std::string key;    // under [machine], instead of the SMBIOS text
     std::string unset;  // what firmware writes where nothing was set
     const Setting<std::optional<std::string>>& fixed;
     const SmbiosSource& source;

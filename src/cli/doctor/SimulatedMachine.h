@@ -1,4 +1,4 @@
-// A simulated machine in the place of this one, for a module that is to be asked without a real
+// A simulated machine instead of this one, for a module that is to be asked without a real
 // controller, and without the catalog and the settings, which may be what is wrong.
 #pragma once
 

@@ -5,7 +5,7 @@
 
 namespace NQUVZDX20 {
 
-// Severities of log lines, by their numbers: the smaller, the graver.
+// Severities of log lines, by their numbers: the smaller, the higher.
 enum EZDXLogSeverity {
     kLogFatal = 0,  // errors of the catalog parser, of settings
     kLogWarning = 1,

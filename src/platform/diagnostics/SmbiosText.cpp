@@ -19,7 +19,7 @@ SmbiosText CutText(const std::string& path, const std::string& text, const Smbio
     if (auto cut = pattern.Cut(text)) return {*std::move(cut), ""};
     return {text, "The text of " + path + ", \"" + text + "\", does not hold the pattern \"" +
                       *source.pattern.value +
-                      "\", so it is taken whole. Mend the key pattern "
+                      "\", so it is taken whole. Fix the key pattern "
                       "under [machine." +
                       key + "_source] in the settings file."};
 }

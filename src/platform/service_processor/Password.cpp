@@ -59,7 +59,7 @@ void CheckOwnersOnly(int descriptor, const Refusal& refuse) {
     if (!S_ISREG(status.st_mode)) refuse("is not a regular file.");
     if ((status.st_mode & (S_IRGRP | S_IROTH)) != 0) {
         refuse("may be read by others than its owner (mode " + OctalMode(status.st_mode) + ").",
-               "Take that away with: chmod 600 " + refuse.file);
+               "Run: chmod 600 " + refuse.file);
     }
 }
 

@@ -49,7 +49,7 @@ struct SPMachine {
 
 class SPLibrary {
 public:
-    // A new object for controller `node` (from 0), or null when there is no such controller.
+    // A new object for controller `node` (from 0), or null if the controller does not exist.
     static SPLibrary* GetSplibraryInstance(int node);
 
     // The controllers as they are now, in the numbers of GetSplibraryInstance(). Asks none of them.

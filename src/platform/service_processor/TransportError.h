@@ -12,8 +12,8 @@ namespace platform {
 enum class TroubleCode {
     Request,                // the request cannot be sent as it is
     Settings,               // a setting of the controller is wrong
-    NotPresent,             // simulated: the profile says that there is no such controller
-    NoDevice,               // in-band: there is no such device
+    NotPresent,             // simulated: the profile says that it does not exist
+    NoDevice,               // in-band: the device does not exist
     Permission,             // in-band: the device may not be opened
     Gone,                   // in-band: the device was there and has gone
     DeviceBusy,             // in-band: the driver takes no more requests now

@@ -9,7 +9,7 @@
 
 namespace platform {
 
-// Puts the value, when there is one, in the place of what the setting holds; `place` is as in
+// Puts the value, when there is one, instead of what the setting holds; `place` is as in
 // Setting.
 template <class T, class Value>
 void Override(Setting<T>& setting, std::optional<Value> value, Origin origin,

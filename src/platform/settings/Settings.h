@@ -92,11 +92,11 @@ struct Settings {
     // Unset: every /dev/ipmiN is a controller, in numeric order.
     Setting<std::optional<std::vector<ControllerSettings>>> controllers;
     Setting<std::string> log{"syslog"};  // as in LogTarget.h
-    Setting<int> logLevel{2};            // lines of this severity and graver are written
+    Setting<int> logLevel{2};            // messages of this severity or higher are written
     std::string problem;                 // why the settings could not be read; else empty
 };
 
-// Variables by name, in the place of those of the process.
+// Variables by name, instead of those of the process.
 using Variables = std::map<std::string, std::string>;
 
 // Reads what the environment names; a variable that was `chosen` goes before the one of the

@@ -149,7 +149,7 @@ TomlTable TomlTable::Read(const std::string& path) {
     } catch (const std::system_error& error) {
         throw SettingsError(path +
                             ": The file cannot be read: " + ReasonText(error.code().value()) +
-                            ". Name a file that is there and can be read.");
+                            ". Give an existing, readable file.");
     } catch (const toml::parse_error& error) {
         throw SettingsError(PlaceText(*document, error.source()) + "The file is not valid TOML: " +
                             std::string(error.description()) + ".");

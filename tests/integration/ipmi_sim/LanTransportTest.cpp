@@ -130,7 +130,7 @@ TEST_F(LanTransport, PasswordFileThatOthersMayRead_IsRefused) {
     ExpectTrouble(connection,
                   "The password file " + file +
                       " may be read by others than its owner (mode "
-                      "0644). Take that away with: chmod 600 " +
+                      "0644). Run: chmod 600 " +
                       file,
                   kOneAttempt);
 }

@@ -238,7 +238,7 @@ TEST_F(HttpServerTest, UnusableAddress_IsNamed) {
             ADD_FAILURE() << address;
         } catch (const SetupError& error) {
             EXPECT_EQ(error.what(), "The server cannot listen on '" + std::string(address) +
-                                        "': it has not the form ADDRESS:PORT, as 127.0.0.1:5988 "
+                                        "': it must have the form ADDRESS:PORT, as 127.0.0.1:5988 "
                                         "or [::1]:5988.");
         }
     }

@@ -93,7 +93,7 @@ TEST_F(MachineChecks, TextWithoutThePattern_IsBad) {
               Bad("BIOS identifier",
                   "The text of " + folder.File("bios_version") +
                       ", \"P7E100A\", does not hold the pattern \"^Q\", so it is taken whole.",
-                  "Mend the key pattern under [machine.bios_id_source] in the settings file."));
+                  "Fix the key pattern under [machine.bios_id_source] in the settings file."));
 }
 
 }  // namespace

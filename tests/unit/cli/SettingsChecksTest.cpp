@@ -133,7 +133,7 @@ TEST_F(SettingsChecks, PasswordFileThatOthersMayRead_IsBad) {
                 ElementsAre(Bad(kPasswordFile,
                                 "The password file " + file +
                                     " may be read by others than its owner (mode 0640).",
-                                "Take that away with: chmod 600 " + file)));
+                                "Run: chmod 600 " + file)));
 }
 
 TEST_F(SettingsChecks, PasswordFileThatIsGone_IsBad) {

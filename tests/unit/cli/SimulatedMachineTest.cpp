@@ -21,8 +21,8 @@ TEST(SimulatedMachine, WhileItIsThere_IsWhatTheSettingsSay) {
     }
     EXPECT_FALSE(std::filesystem::exists(folder));
     EXPECT_EQ(platform::ReadSettingsOrProblem().problem,
-              "/absent/platform.toml: The file cannot be read: No such file or directory. Name a "
-              "file that is there and can be read.");
+              "/absent/platform.toml: The file cannot be read: No such file or directory. Give an "
+              "existing, readable file.");
 }
 
 TEST(SimulatedMachine, WithoutAPlaceForItsFolder_IsAnError) {

@@ -78,7 +78,7 @@ TEST_F(TOSSpecificTest, PatternThatIsNotInTheText_LeavesTheTextAndALine) {
     EXPECT_THAT(recordedLines,
                 ElementsAre(Pair(2, "DMI: The text of " + folder.File("dmi/product_name") +
                                         ", \"Standard PC\", does not hold the pattern \"^QUV "
-                                        "([0-9]+)\", so it is taken whole. Mend the key pattern "
+                                        "([0-9]+)\", so it is taken whole. Fix the key pattern "
                                         "under [machine.type_source] in the settings file.")));
 }
 

@@ -92,9 +92,8 @@ TEST_P(PasswordFileMode, ReadableByOthers_IsRefusedWithTheMode) {
     const TemporaryFolder folder;
     const std::string file = folder.Write("p", "secret\n");
     ASSERT_EQ(chmod(file.c_str(), mode), 0);
-    EXPECT_EQ(TroubleWith(file),
-              Refused(file, "may be read by others than its owner (mode " + shown +
-                                "). Take that away with: chmod 600 " + file));
+    EXPECT_EQ(TroubleWith(file), Refused(file, "may be read by others than its owner (mode " +
+                                                   shown + "). Run: chmod 600 " + file));
 }
 
 INSTANTIATE_TEST_SUITE_P(Modes, PasswordFileMode,

@@ -343,8 +343,8 @@ TEST_F(UnreadableSettings, FileThatIsNotThere_IsAnError) {
         environment.Set(variable, path);
         EXPECT_EQ(ErrorOf([] { platform::ReadSettings(); }),
                   path +
-                      ": The file cannot be read: No such file or directory. Name a file that "
-                      "is there and can be read.");
+                      ": The file cannot be read: No such file or directory. Give an existing, "
+                      "readable file.");
         environment.Set(variable, "");
     }
 }
@@ -353,8 +353,8 @@ TEST_F(UnreadableSettings, Folder_IsAnError) {
     environment.Set("BMCI2C_CONFIG", folder.File(""));
     EXPECT_EQ(ErrorOf([] { platform::ReadSettings(); }),
               folder.File("") +
-                  ": The file cannot be read: Is a directory. Name a file that is "
-                  "there and can be read.");
+                  ": The file cannot be read: Is a directory. Give an existing, "
+                  "readable file.");
 }
 
 TEST_F(UnreadableSettings, BadProfileOfAController_IsNamedByItsOwnFileAndLine) {

@@ -10,10 +10,28 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Werror)
 
+include(CheckCXXCompilerFlag)
+include(CheckPIESupported)
+check_pie_supported()
+check_cxx_compiler_flag(-fcf-protection=full BMCI2C_HAS_CET)
+
+# What Debian's hardening=+all sets, also without Debian's tools: the module runs in a server that
+# is often root. Sanitizers bring checks of their own.
+set(BMCI2C_HARDENING -fstack-protector-strong -fstack-clash-protection)
+if(BMCI2C_HAS_CET)
+  list(APPEND BMCI2C_HARDENING -fcf-protection=full)
+endif()
+
 set(BMCI2C_SANITIZERS "" CACHE STRING "Sanitizers to build with, as for -fsanitize=")
 if(BMCI2C_SANITIZERS)
   # GCC sees uninitialised values in its own library's <regex> once sanitizers instrument it.
   add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   add_compile_options(-fsanitize=${BMCI2C_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${BMCI2C_SANITIZERS})
+else()
+  add_compile_options(${BMCI2C_HARDENING})
+  # The C library checks buffer sizes only in optimised code.
+  add_compile_options($<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-U_FORTIFY_SOURCE>
+    $<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-D_FORTIFY_SOURCE=2>)
+  add_link_options(-Wl,-z,relro,-z,now,-z,noexecstack)
 endif()

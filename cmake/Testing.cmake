@@ -18,7 +18,7 @@ target_precompile_headers(bmci2c_test_headers PRIVATE <gmock/gmock.h> <gtest/gte
 target_link_libraries(bmci2c_test_headers PRIVATE GTest::gmock GTest::gtest)
 # As the programs are compiled that use it, or the compiler refuses it.
 set_target_properties(bmci2c_test_headers PROPERTIES POSITION_INDEPENDENT_CODE OFF)
-target_compile_options(bmci2c_test_headers PRIVATE -fPIE -O0)
+target_compile_options(bmci2c_test_headers PRIVATE -fPIE -O0 -U_FORTIFY_SOURCE)
 
 # bmci2c_unit_test(NAME SOURCES ... LINKS ... [ENVIRONMENT "NAME=value" ...])
 #
@@ -30,7 +30,7 @@ function(bmci2c_unit_test name)
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gmock GTest::gtest_main)
   # A fixture in an anonymous namespace is what the warning calls one of an included file.
-  target_compile_options(${name} PRIVATE -O0 -Wno-subobject-linkage)
+  target_compile_options(${name} PRIVATE -O0 -U_FORTIFY_SOURCE -Wno-subobject-linkage)
   target_precompile_headers(${name} REUSE_FROM bmci2c_test_headers)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests"
     UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)

@@ -18,7 +18,7 @@ QUVSG_BMCI2C_ConcreteJob* QUVSG_BMCI2C_ConcreteJob_Provider::BuildConcreteJob() 
     job->ElementName = "QUVSG_BMCI2C_ConcreteJob";
     job->InstallDate = globals->installDate;
     job->Name = "QUVSG_BMCI2C_ConcreteJob";
-    job->OperationalStatus = {2};  // OK
+    job->OperationalStatus = {job->OperationalStatus_OK};
     job->StatusDescriptions = {"Status OK"};
     job->Status = "OK";
     job->JobStatus = "Job Status OK";
@@ -29,7 +29,7 @@ QUVSG_BMCI2C_ConcreteJob* QUVSG_BMCI2C_ConcreteJob_Provider::BuildConcreteJob() 
     job->JobRunTimes = 1;
     job->RunDayOfWeek = 0;
     job->RunStartInterval = Datetime(0);
-    job->LocalOrUtcTime = 1;  // local time
+    job->LocalOrUtcTime = job->LocalOrUtcTime_LocalTime;
     job->Notify = "QUV";
     job->Owner = "QUV";
     job->Priority = 0;
@@ -37,10 +37,10 @@ QUVSG_BMCI2C_ConcreteJob* QUVSG_BMCI2C_ConcreteJob_Provider::BuildConcreteJob() 
     job->DeleteOnCompletion = false;
     job->ErrorCode = 0;
     job->ErrorDescription = "No Error Description";
-    job->RecoveryAction = 0;  // unknown
+    job->RecoveryAction = job->RecoveryAction_Unknown;
     job->OtherRecoveryAction = "No Other Recovery Action";
     job->InstanceID = globals->GetInstanceID();
-    job->JobState = 7;  // completed
+    job->JobState = job->JobState_Completed;
     job->TimeOfLastStateChange = Datetime(0);
     return job;
 }

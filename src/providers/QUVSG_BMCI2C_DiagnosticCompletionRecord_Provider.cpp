@@ -8,6 +8,12 @@
 
 namespace {
 
+// The test engine knows no CIM class, so it names these values itself.
+using Record = QUVSG_BMCI2C_DiagnosticCompletionRecord;
+static_assert(kCompletionOk == Record::CompletionState_OK);
+static_assert(kCompletionMajorError == Record::CompletionState_MajorError);
+static_assert(kCompletionCriticalError == Record::CompletionState_CriticalError);
+
 // Whether every step passed; no steps are no failure.
 bool AllPassed(const cimple::Array<bool>& results) {
     bool passed = true;
@@ -58,7 +64,7 @@ QUVSG_BMCI2C_DiagnosticCompletionRecord_Provider::BuildRecord(
     instance->InstanceID = Globals_BMCI2C_Test::Instance()->GetInstanceID();
     instance->ServiceName = elementName;
     instance->ManagedElementName = record.Name;
-    instance->RecordType = 2;  // results
+    instance->RecordType = instance->RecordType_Results;
     instance->CreationTimeStamp = record.CreationTimeStamp;
     if (record.Passed) {
         instance->ErrorCount = {0};

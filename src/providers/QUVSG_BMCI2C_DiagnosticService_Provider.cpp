@@ -43,13 +43,13 @@ QUVSG_BMCI2C_DiagnosticService* QUVSG_BMCI2C_DiagnosticService_Provider::BuildSe
     service->ElementName = elementName;
     service->InstallDate = globals->installDate;
     service->Name = elementName;
-    service->OperationalStatus = {2};  // OK
+    service->OperationalStatus = {service->OperationalStatus_OK};
     service->StatusDescriptions = {"Status OK"};
     service->Status = "OK";
-    service->EnabledState = 2;  // enabled
+    service->EnabledState = service->EnabledState_Enabled;
     service->OtherEnabledState = "Enabled";
-    service->RequestedState = 5;  // no change
-    service->EnabledDefault = 2;  // enabled
+    service->RequestedState = service->RequestedState_NoChange;
+    service->EnabledDefault = service->EnabledDefault_Enabled;
     service->TimeOfLastStateChange = cimple::Datetime(0);
     service->SystemName = globals->systemName;
     service->StartMode = "Automatic";

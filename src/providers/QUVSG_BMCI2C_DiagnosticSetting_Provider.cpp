@@ -18,7 +18,7 @@ QUVSG_BMCI2C_DiagnosticSetting* QUVSG_BMCI2C_DiagnosticSetting_Provider::BuildDi
     setting->ReportStatusMessages = true;
     setting->QuickMode = false;
     setting->PercentOfTestCoverage = 100;
-    setting->LoopControl = {3};  // count
+    setting->LoopControl = {setting->LoopControl_Count};
     setting->OtherLoopControlDescription = "No Other Loop Control Description";
     setting->OtherLoopControlDescriptions = {"No Other Loop Control Descriptions"};
     setting->ResultPersistence = 0;

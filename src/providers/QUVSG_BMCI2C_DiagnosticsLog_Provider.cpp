@@ -13,13 +13,13 @@ QUVSG_BMCI2C_DiagnosticsLog* QUVSG_BMCI2C_DiagnosticsLog_Provider::BuildDiagLog(
     log->Description = "Diagnostics log";
     log->ElementName = "Diagnostics log";
     log->Name = "Diagnostics log";
-    log->OperationalStatus = {2};  // OK
+    log->OperationalStatus = {log->OperationalStatus_OK};
     log->StatusDescriptions = {"Status OK"};
     log->Status = "OK";
-    log->EnabledState = 2;  // enabled
+    log->EnabledState = log->EnabledState_Enabled;
     log->OtherEnabledState = "Enabled";
-    log->RequestedState = 5;  // no change
-    log->EnabledDefault = 2;
+    log->RequestedState = log->RequestedState_NoChange;
+    log->EnabledDefault = log->EnabledDefault_Enabled;
     log->TimeOfLastStateChange = cimple::Datetime(0);
     log->MaxNumberOfRecords = 2;
     log->CurrentNumberOfRecords = 1;

@@ -13,13 +13,13 @@ QUVSG_BMCI2C_HelpService* QUVSG_BMCI2C_HelpService_Provider::BuildHelpService() 
     service->Description = "QUVSG_BMCI2C_HelpService";
     service->ElementName = "QUVSG_BMCI2C_HelpService";
     service->Name = "QUVSG_BMCI2C_HelpService";
-    service->OperationalStatus = {2};  // OK
+    service->OperationalStatus = {service->OperationalStatus_OK};
     service->StatusDescriptions = {"Status OK"};
     service->Status = "OK";
-    service->EnabledState = 2;  // enabled
+    service->EnabledState = service->EnabledState_Enabled;
     service->OtherEnabledState = "Enabled";
-    service->RequestedState = 2;
-    service->EnabledDefault = 2;
+    service->RequestedState = service->RequestedState_Enabled;
+    service->EnabledDefault = service->EnabledDefault_Enabled;
     service->TimeOfLastStateChange = cimple::Datetime(0);
     service->StartMode = "Automatic";
     service->Started = true;

@@ -14,22 +14,22 @@ QUVSG_BMCI2C_ManagedSystemElement* QUVSG_BMCI2C_ManagedSystemElement_Provider::B
     element->Description = "I2C Bus";
     element->ElementName = "I2C Bus";
     element->Name = "BMCI2C Test";
-    element->OperationalStatus = {0};  // unknown
+    element->OperationalStatus = {element->OperationalStatus_Unknown};
     element->StatusDescriptions = {"Unknown status"};
     element->Status = "Unknown";
-    element->EnabledState = 2;  // enabled
+    element->EnabledState = element->EnabledState_Enabled;
     element->OtherEnabledState = "";
-    element->RequestedState = 2;
-    element->EnabledDefault = 2;
+    element->RequestedState = element->RequestedState_Enabled;
+    element->EnabledDefault = element->EnabledDefault_Enabled;
     element->TimeOfLastStateChange = cimple::Datetime(0);
     element->SystemCreationClassName = "QUVSG_ComputerSystem";
     element->SystemName = "Vardis";
     element->CreationClassName = "CIM_LogicalDevice";
     element->DeviceID = "I2C Bus";
     element->PowerManagementSupported = true;
-    element->PowerManagementCapabilities = {0};  // unknown
-    element->Availability = 2;                   // unknown
-    element->StatusInfo = 3;                     // enabled
+    element->PowerManagementCapabilities = {element->PowerManagementCapabilities_Unknown};
+    element->Availability = element->Availability_Unknown;
+    element->StatusInfo = element->StatusInfo_Enabled;
     element->LastErrorCode = 0;
     element->ErrorDescription = "No error description";
     element->ErrorCleared = false;
@@ -37,7 +37,7 @@ QUVSG_BMCI2C_ManagedSystemElement* QUVSG_BMCI2C_ManagedSystemElement_Provider::B
     element->PowerOnHours = 0;
     element->TotalPowerOnHours = 0;
     element->IdentifyingDescriptions = {"No identifying descriptions"};
-    element->AdditionalAvailability = {2};  // unknown
+    element->AdditionalAvailability = {element->AdditionalAvailability_Unknown};
     element->MaxQuiesceTime = 0;
     return element;
 }

@@ -14,7 +14,7 @@ QUVSG_BMCI2C_SoftwareIdentity* QUVSG_BMCI2C_SoftwareIdentity_Provider::BuildSoft
     identity->Description = "QUVSG_BMCI2C_SoftwareIdentity";
     identity->ElementName = "QUVSG_BMCI2C_SoftwareIdentity";
     identity->Name = "QUVSG_CPUStressTest_SoftwareIdentity";  // clients know it by this name
-    identity->OperationalStatus = {2};                        // OK
+    identity->OperationalStatus = {identity->OperationalStatus_OK};
     identity->StatusDescriptions = {"Status OK"};
     identity->Status = "OK";
     identity->InstanceID = "QUV : QUVSG_BMCI2C_SoftwareIdentity";
@@ -26,7 +26,7 @@ QUVSG_BMCI2C_SoftwareIdentity* QUVSG_BMCI2C_SoftwareIdentity_Provider::BuildSoft
     identity->TargetOperatingSystems = {"Linux SUSE 10"};
     identity->Manufacturer = "QUV";
     identity->Languages = {"eng"};
-    identity->Classifications = {4};  // application software
+    identity->Classifications = {identity->Classifications_ApplicationSoftware};
     identity->ClassificationDescriptions = {"Application Software"};
     identity->SerialNumber = "No Serial Number";
     identity->ReleaseDate = cimple::Datetime(0);

@@ -1,6 +1,7 @@
 #include <mof/generator/ClassHeader.h>
 #include <mof/generator/CppNames.h>
 #include <mof/generator/Features.h>
+#include <mof/generator/ValueNames.h>
 
 #include <set>
 #include <sstream>
@@ -109,6 +110,16 @@ void WriteMethodList(std::ostream& out, const std::vector<Inherited<Method>>& me
     out << ">;\n";
 }
 
+// A constant for each value that the schema names: "EnabledState_Enabled".
+void WriteNamedValues(std::ostream& out, const Class& cls) {
+    for (const Property& property : cls.properties) {
+        for (const NamedValue& named : NamedValues(property)) {
+            out << "    static constexpr " << ElementType(property.type.type) << " "
+                << property.name << "_" << named.name << " = " << named.value << ";\n";
+        }
+    }
+}
+
 void WriteClass(std::ostream& out, const Schema& schema, const Class& cls,
                 const std::string& superClass) {
     const auto own = OwnFeatures(schema, cls);
@@ -116,6 +127,7 @@ void WriteClass(std::ostream& out, const Schema& schema, const Class& cls,
     out << "class " << cls.name << " : public " << base << " {\npublic:\n";
     WriteMembers(out, own);
     out << (own.empty() ? "" : "\n");
+    WriteNamedValues(out, cls);
     WriteMethodList(out, AllMethods(schema, cls));
     out << kMetaClassMember << "};\n";
 }

@@ -3,8 +3,6 @@
 
 namespace mof {
 
-namespace {
-
 std::string ElementType(DataType type) {
     switch (type) {
         case DataType::Boolean:
@@ -40,8 +38,6 @@ std::string ElementType(DataType type) {
     }
     return "";
 }
-
-}  // namespace
 
 std::string TypeEnumerator(DataType type) { return ToText(TypeName{type, false, ""}); }
 

@@ -10,6 +10,9 @@ namespace mof {
 // The enumerator of cimple::Type: "uint16".
 std::string TypeEnumerator(DataType type);
 
+// The C++ type of one value: "std::uint16_t"; empty for a reference.
+std::string ElementType(DataType type);
+
 // The type of the member that holds a property or parameter: "cimple::Property<std::uint16_t>" or
 // "CIM_Job*".
 std::string MemberType(const TypeName& type);

@@ -5,7 +5,7 @@ namespace mof {
 std::vector<const Class*> ModuleClasses(const Schema& schema) {
     std::vector<const Class*> classes;
     for (const Class& cls : schema.classes) {
-        if (cls.name.starts_with("QUVSG_BMCI2C_")) {
+        if (cls.name.starts_with(kModulePrefix)) {
             classes.push_back(&cls);
         }
     }

@@ -3,12 +3,14 @@
 #include <mof/generator/ClassHeader.h>
 #include <mof/generator/OutputFile.h>
 #include <mof/generator/PegasusRegistrations.h>
+#include <mof/generator/ProviderList.h>
 #include <mof/generator/PublishedMof.h>
 #include <mof/generator/Registrations.h>
 #include <mof/generator/Tables.h>
 
 #include <exception>
 #include <iostream>
+#include <map>
 #include <string_view>
 
 namespace {
@@ -33,22 +35,37 @@ void WriteServerFiles(const mof::Schema& schema, const std::filesystem::path& fo
     mof::WriteIfChanged(folder / "bmci2c-published.mof", mof::PublishedMof(schema));
 }
 
+// What the module makes its registrations, dispatch procedures and factories from.
+void WriteProviderList(const mof::Schema& schema, const std::filesystem::path& outputFolder) {
+    const auto folder = outputFolder / "module";
+    mof::WriteIfChanged(folder / "provider_list.h", mof::ProviderList(schema));
+    mof::WriteIfChanged(folder / "all_providers.h", mof::ProviderHeaders(schema));
+}
+
+using Writer = void (*)(const mof::Schema&, const std::filesystem::path&);
+
+const std::map<std::string_view, Writer> kModes = {
+    {"--classes", WriteClasses},
+    {"--providers", WriteProviderList},
+    {"--server-files", WriteServerFiles},
+};
+
+int PrintUsage() {
+    const char* lead = "Usage: mofgen ";
+    for (const auto& [mode, writer] : kModes) {
+        std::cerr << lead << mode << " MOF-FILE OUTPUT-FOLDER\n";
+        lead = "       mofgen ";
+    }
+    return kWrongUsage;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::string_view mode = argc == 4 ? argv[1] : "";
-    if (mode != "--classes" && mode != "--server-files") {
-        std::cerr << "Usage: mofgen --classes MOF-FILE OUTPUT-FOLDER\n"
-                     "       mofgen --server-files MOF-FILE OUTPUT-FOLDER\n";
-        return kWrongUsage;
-    }
+    const auto mode = argc == 4 ? kModes.find(argv[1]) : kModes.end();
+    if (mode == kModes.end()) return PrintUsage();
     try {
-        const mof::Schema schema = mof::ReadFile(argv[2]);
-        if (mode == "--classes") {
-            WriteClasses(schema, argv[3]);
-        } else {
-            WriteServerFiles(schema, argv[3]);
-        }
+        mode->second(mof::ReadFile(argv[2]), argv[3]);
     } catch (const std::exception& error) {
         std::cerr << error.what() << "\n";
         return kFailed;

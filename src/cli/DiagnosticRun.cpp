@@ -1,3 +1,4 @@
+#include <base/Names.h>
 #include <cli/DiagnosticRun.h>
 #include <cli/Errors.h>
 
@@ -5,7 +6,9 @@
 
 namespace cli {
 
-host::ObjectPath ClassPath(const std::string& className) { return {kNameSpace, className, {}}; }
+host::ObjectPath ClassPath(const std::string& className) {
+    return {base::kNameSpace, className, {}};
+}
 
 host::MethodResult InvokeDiagnostic(host::Host& host) {
     const host::InstancesResult services = host.EnumerateInstances(ClassPath(kServiceClass));

@@ -7,7 +7,6 @@
 
 namespace cli {
 
-inline constexpr const char* kNameSpace = "root/QUVSD";
 inline constexpr const char* kServiceClass = "QUVSG_BMCI2C_DiagnosticService";
 
 // The path of a class in the module's name space.

@@ -1,3 +1,4 @@
+#include <base/Names.h>
 #include <cli/Installation.h>
 #include <platform/settings/Environment.h>
 
@@ -9,8 +10,6 @@ namespace cli {
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr const char* kModuleName = "libbmci2c.cmpi.so";
 
 bool Exists(const fs::path& path) {
     std::error_code ignored;
@@ -26,9 +25,9 @@ std::vector<fs::path> ModulePlaces(const fs::path& prefix) {
 fs::path FindModule(const fs::path& prefix) {
     const std::vector<fs::path> places = ModulePlaces(prefix);
     const auto found = std::find_if(places.begin(), places.end(), [](const fs::path& folder) {
-        return Exists(folder / kModuleName);
+        return Exists(folder / base::kModuleFile);
     });
-    return (found == places.end() ? places.front() : *found) / kModuleName;
+    return (found == places.end() ? places.front() : *found) / base::kModuleFile;
 }
 
 }  // namespace
@@ -44,11 +43,6 @@ host::HostFiles FindFiles(const fs::path& binFolder, const std::string& module) 
             .registrations = schema / "bmci2c.reg"};
 }
 
-fs::path FindRoot(const fs::path& binFolder) {
-    const fs::path root = binFolder.parent_path() / "share";
-    return Exists(CatalogBelow(root)) ? root : fs::path();
-}
-
-fs::path CatalogBelow(const fs::path& root) { return root / "bmci2c" / "bmci2c.msg.xml"; }
+fs::path CatalogBelow(const fs::path& root) { return root / base::kCatalogFile; }
 
 }  // namespace cli

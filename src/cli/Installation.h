@@ -17,10 +17,6 @@ std::filesystem::path Executable();
 // file that is nowhere is named at the first place where it could be.
 host::HostFiles FindFiles(const std::filesystem::path& binFolder, const std::string& module);
 
-// The diagnostics root with the message catalog beside the program in `binFolder`; empty when there
-// is none.
-std::filesystem::path FindRoot(const std::filesystem::path& binFolder);
-
 // The message catalog below a diagnostics root.
 std::filesystem::path CatalogBelow(const std::filesystem::path& root);
 

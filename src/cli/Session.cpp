@@ -35,17 +35,13 @@ Session OpenSession(const GlobalOptions& options) {
     session.inheritedProfile = platform::EnvironmentText("BMCI2C_SIMULATE").has_value();
     session.variables = VariablesOf(options);
     session.executable = Executable();
-    const std::filesystem::path folder = session.executable.parent_path();
-    session.files = FindFiles(folder, options.module);
+    session.files = FindFiles(session.executable.parent_path(), options.module);
     session.settings = platform::ReadSettingsOrProblem(session.variables);
 
-    const std::filesystem::path root = FindRoot(folder);
-    session.choseRoot = session.settings.root.origin == Origin::Default && !root.empty();
     // What is wrong must stay to be seen: a log of the command's own could hide it.
     session.choseLog =
         session.settings.problem.empty() && session.settings.log.origin == Origin::Default;
     session.choseLogLevel = session.choseLog && session.settings.logLevel.origin == Origin::Default;
-    if (session.choseRoot) session.variables["BMCI2C_ROOT"] = root;
     if (session.choseLog) session.variables["BMCI2C_LOG"] = "stderr";
     if (session.choseLogLevel) session.variables["BMCI2C_LOG_LEVEL"] = "0";
     session.settings = platform::ReadSettingsOrProblem(session.variables);
@@ -54,6 +50,10 @@ Session OpenSession(const GlobalOptions& options) {
 
 std::unique_ptr<host::Host> LoadHost(const Session& session) {
     for (const auto& [name, value] : session.variables) ::setenv(name.c_str(), value.c_str(), 1);
+    // A module elsewhere has a default of its own; it is to read the catalog that this program
+    // reads.
+    if (session.settings.root.origin == Origin::Default)
+        ::setenv("BMCI2C_ROOT", session.settings.root.value.c_str(), 1);
     return std::make_unique<host::Host>(session.files, ReportError);
 }
 

@@ -28,7 +28,6 @@ struct Session {
     platform::Settings settings;
 
     // The command chose these itself, because nobody had.
-    bool choseRoot = false;
     bool choseLog = false;
     bool choseLogLevel = false;
 
@@ -36,10 +35,9 @@ struct Session {
     bool inheritedProfile = false;
 };
 
-// Reads the settings with the options. Where nobody says otherwise, the catalog is the one beside
-// the program, and only lines of severity 0 (what is wrong in the catalog) are logged, to the
-// standard error output. Settings that cannot be read are those of
-// platform::ReadSettingsOrProblem().
+// Reads the settings with the options. Where nobody says otherwise, only lines of severity 0 (what
+// is wrong in the catalog) are logged, to the standard error output. Settings that cannot be read
+// are those of platform::ReadSettingsOrProblem().
 Session OpenSession(const GlobalOptions& options);
 
 // Loads the module, and sets the session's variables in the environment before, where the module

@@ -156,7 +156,7 @@ std::vector<ListedSetting> ListSettings(const Session& session) {
     all.Add("machine.bios_id", settings.biosId);
     all.Add("machine.type_source", settings.machineTypeSource);
     all.Add("machine.bios_id_source", settings.biosIdSource);
-    all.Add("diagnostics.root", settings.root, session.choseRoot);
+    all.Add("diagnostics.root", settings.root);
     all.Add("diagnostics.oem_build", settings.oemBuild);
     all.Add("controllers.oxc", settings.oxc);
     all.Add("controllers.time_limit", settings.timeLimit);

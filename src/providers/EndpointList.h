@@ -4,6 +4,7 @@
 // test registry (AddServices), or built by its provider (Add).
 #pragma once
 
+#include <base/Names.h>
 #include <framework/Instance.h>
 #include <framework/cimom.h>
 #include <providers/ParkedInstances.h>
@@ -11,8 +12,7 @@
 #include <cstddef>
 #include <vector>
 
-// The CIM namespace of all the module's classes.
-inline constexpr char g_szCIMNameSpace[] = "root/QUVSD";
+inline constexpr const char* g_szCIMNameSpace = base::kNameSpace;
 
 // Replaces the entries by what the CIM server enumerates of a class. An instance of another class
 // gives a null entry; a failed enumeration leaves the list empty.

@@ -1,3 +1,4 @@
+#include <base/NoDestructor.h>
 #include <providers/ParkedInstances.h>
 
 #include <mutex>
@@ -10,9 +11,8 @@ struct Parked {
     std::vector<cimple::Instance*> instances;
 };
 
-// Never destroyed: providers may still be torn down while the process ends.
 Parked& TheParked() {
-    static auto* parked = new Parked;
+    static base::NoDestructor<Parked> parked;
     return *parked;
 }
 

@@ -13,8 +13,8 @@ constexpr int kInstanceIDs = 1000;
 
 Globals_BMCI2C_Test* Globals_BMCI2C_Test::Instance() {
     // The language guards the initialisation and repeats it at the next call when it throws.
-    static Globals_BMCI2C_Test* const registry = new Globals_BMCI2C_Test;
-    return registry;
+    static base::NoDestructor<Globals_BMCI2C_Test> registry;
+    return &*registry;
 }
 
 Globals_BMCI2C_Test::Globals_BMCI2C_Test() : installDate(cimple::Datetime::now()) {

@@ -2,6 +2,7 @@
 // the latest run.
 #pragma once
 
+#include <base/NoDestructor.h>
 #include <framework/Datetime.h>
 #include <framework/String.h>
 #include <test/DiagService.h>
@@ -29,6 +30,7 @@ public:
     cimple::String systemName;        // stays empty
 
 private:
+    friend class base::NoDestructor<Globals_BMCI2C_Test>;
     Globals_BMCI2C_Test();
     ~Globals_BMCI2C_Test() = default;
 

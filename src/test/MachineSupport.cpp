@@ -1,3 +1,4 @@
+#include <base/Names.h>
 #include <catalog/IndexError.h>
 #include <platform/diagnostics/TOSSpecific.h>
 #include <platform/diagnostics/TZDXException.h>
@@ -30,7 +31,7 @@ struct CloseFile {
 }  // namespace
 
 std::string BMCI2C_Test_Impl::CatalogPath() {
-    return TOSSpecific::GetZDXRootPath() + "/bmci2c/bmci2c.msg.xml";
+    return TOSSpecific::GetZDXRootPath() + "/" + base::kCatalogFile;
 }
 
 bool BMCI2C_Test_Impl::SupportedMachineType() {

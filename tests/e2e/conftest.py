@@ -126,10 +126,11 @@ class Command:
         return self.write("profile.toml", toml_keys(keys) + "".join(nodes))
 
     def bare(self, *arguments, env=None, program=None):
-        """Calls the program with exactly these arguments."""
+        """Calls the program with exactly these arguments; a variable that is None is not set."""
+        environment = {**self.environment, **(env or {})}
         done = subprocess.run(
             [program or self.program, *arguments],
-            env={**self.environment, **(env or {})},
+            env={name: value for name, value in environment.items() if value is not None},
             stdin=subprocess.DEVNULL,
             stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,

@@ -131,7 +131,7 @@ def test_profile_is_an_origin_of_its_own(bmci2c):
 
 def test_what_the_command_chose_itself_is_told(bmci2c):
     settings = bmci2c.bare("info", "--json").json()["settings"]
-    assert settings["diagnostics.root"]["origin"] == "command"
+    assert settings["diagnostics.root"]["origin"] == "default"
     assert settings["log.sink"] == told("stderr", "command")
     assert settings["log.level"] == told(0, "command")
 

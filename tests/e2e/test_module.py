@@ -3,6 +3,7 @@
 import ctypes
 import os
 import re
+import shutil
 import subprocess
 
 import pytest
@@ -95,7 +96,7 @@ def test_module_loads_at_once_in_a_process_of_its_own(module):
 def run_elsewhere(bmci2c, module):
     """Runs the diagnostic in a program that knows only the module; returns its result and log."""
 
-    def run(**environment):
+    def run(module=module, **environment):
         log = bmci2c.folder / "log.json"
         result = bmci2c.bare(
             module,
@@ -113,6 +114,17 @@ def test_another_program_gets_the_same_from_the_environment(bmci2c, run_elsewher
     result, log = run_elsewhere(BMCI2C_SIMULATE=profile, BMCI2C_LOG_LEVEL="4")
     assert (result.code, result.out, result.err) == (0, failed_bus(8, 1) + "\n", "")
     assert '"BMCI2C: Total number of BMC(s) found = 1"' in log
+
+
+def test_module_of_another_installation_reads_the_catalog_beside_itself(bmci2c, run_elsewhere, module):
+    prefix = bmci2c.folder / "prefix"
+    installed = prefix / "lib/cmpi/libbmci2c.cmpi.so"
+    installed.parent.mkdir(parents=True)
+    shutil.copy(module, installed)
+    shutil.copytree(bmci2c.root, prefix / "share")
+    profile = bmci2c.profile(node(data=[0, 1]))
+    result, _ = run_elsewhere(module=str(installed), BMCI2C_ROOT=None, BMCI2C_SIMULATE=profile)
+    assert (result.code, result.out, result.err) == (0, failed_bus(8, 1) + "\n", "")
 
 
 def test_process_of_another_program_stays_as_it_was(bmci2c, run_elsewhere):

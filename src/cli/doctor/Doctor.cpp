@@ -7,6 +7,7 @@
 #include <cli/doctor/ProviderChecks.h>
 #include <cli/doctor/SettingsChecks.h>
 #include <platform/diagnostics/SmbiosText.h>
+#include <platform/settings/DefaultPaths.h>
 
 #include <iterator>
 #include <optional>
@@ -27,6 +28,15 @@ CatalogMachine MachineOf(const platform::Settings& settings) {
             .oxc = settings.oxc.value};
 }
 
+// Where no setting names the root, two installations may each have a catalog.
+Checks CheckRoot(const platform::Settings& settings) {
+    const std::vector<std::string> roots = platform::DefaultRoots();
+    if (settings.root.origin != platform::Origin::Default || roots.size() < 2) return {};
+    return {Good("diagnostics root", "The catalog below " + roots.front() +
+                                         ", beside the module, goes before that below " +
+                                         roots.back() + ", the configured folder.")};
+}
+
 Check NotLookedAt(const std::string& name) {
     return Bad(name, "This depends on the settings, which cannot be read.",
                "Fix the settings first.");
@@ -43,6 +53,7 @@ Checks Examine(const Session& session) {
     Append(checks, CheckProviders(session.files));
     if (areKnown) {
         Append(checks, CheckSmbios(settings));
+        Append(checks, CheckRoot(settings));
         Append(checks, CheckCatalog(catalog, MachineOf(settings)));
         Append(checks, CheckControllers(settings));
     } else {

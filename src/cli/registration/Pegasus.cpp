@@ -1,10 +1,11 @@
+#include <base/Names.h>
 #include <cli/registration/CimServer.h>
 
 namespace cli {
 
 namespace {
 
-constexpr const char* kNameSpace = "root/QUVSD";
+using base::kNameSpace;
 constexpr const char* kModule = "QUVSG_BMCI2C_DiagnosticService_Module";
 
 class PegasusServer : public CimServer {

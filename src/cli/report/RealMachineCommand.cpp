@@ -21,8 +21,7 @@ std::string RealMachineCommand(const Session& session, bool isRoot) {
     // Without a profile it is the settings file that simulates.
     const bool fileSimulates = settings.profileFile.value.empty();
     const bool namesConfig = settings.configFile.origin == platform::Origin::Environment;
-    const bool namesRoot =
-        settings.root.origin == platform::Origin::Environment && !session.choseRoot;
+    const bool namesRoot = settings.root.origin == platform::Origin::Environment;
     std::string config = namesConfig ? settings.configFile.value : "";
     if (fileSimulates) config = kEmptySettings;
     return std::string(isRoot ? "" : "sudo ") +

@@ -9,8 +9,6 @@
 namespace mof {
 
 inline constexpr std::string_view kModulePrefix = "QUVSG_BMCI2C_";
-inline constexpr std::string_view kModuleLocation = "bmci2c.cmpi";  // of libbmci2c.cmpi.so
-inline constexpr std::string_view kModuleNameSpace = "root/QUVSD";
 
 // In the order of declaration. The schema must outlive them.
 std::vector<const Class*> ModuleClasses(const Schema& schema);

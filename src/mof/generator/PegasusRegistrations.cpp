@@ -1,3 +1,4 @@
+#include <base/Names.h>
 #include <mof/generator/ModuleClasses.h>
 #include <mof/generator/PegasusRegistrations.h>
 
@@ -21,7 +22,7 @@ void WriteModule(std::ostream& out, const std::string& version) {
         << "    Version = \"" << version << "\";\n"
         << "    InterfaceType = \"CMPI\";\n"
         << "    InterfaceVersion = \"2.0.0\";\n"
-        << "    Location = \"" << kModuleLocation << "\";\n"
+        << "    Location = \"" << base::kModuleLocation << "\";\n"
         << "};\n";
 }
 
@@ -35,7 +36,7 @@ void WriteProvider(std::ostream& out, const Schema& schema, const Class& cls) {
         << "    ProviderName = \"" << ProviderOf(cls) << "\";\n"
         << "    CapabilityID = \"" << cls.name << "\";\n"
         << "    ClassName = \"" << cls.name << "\";\n"
-        << "    Namespaces = {\"" << kModuleNameSpace << "\"};\n"
+        << "    Namespaces = {\"" << base::kNameSpace << "\"};\n"
         << "    ProviderType = " << (IsAssociation(schema, cls) ? kAssociationTypes : kTypes)
         << ";\n"
         << "    SupportedProperties = NULL;\n"

@@ -1,3 +1,4 @@
+#include <base/Names.h>
 #include <mof/generator/ModuleClasses.h>
 #include <mof/generator/Registrations.h>
 
@@ -11,9 +12,9 @@ namespace {
 void WriteStanza(std::ostream& out, const Schema& schema, const Class& cls) {
     out << "[" << cls.name << "]\n"
         << "   provider: " << ProviderOf(cls) << "\n"
-        << "   location: " << kModuleLocation << "\n"
+        << "   location: " << base::kModuleLocation << "\n"
         << "   type: instance method" << (IsAssociation(schema, cls) ? " association" : "") << "\n"
-        << "   namespace: " << kModuleNameSpace << "\n"
+        << "   namespace: " << base::kNameSpace << "\n"
         << "   unload: never\n";
 }
 

@@ -1,3 +1,4 @@
+#include <base/NoDestructor.h>
 #include <platform/diagnostics/SettingsInForce.h>
 #include <platform/diagnostics/TRootObject.h>
 
@@ -14,11 +15,10 @@ struct Reported {
 };
 
 bool IsNews(const std::string& problem) {
-    // Never destroyed: a server may still call while the process ends.
-    static Reported& reported = *new Reported;
-    const std::lock_guard lock(reported.mutex);
-    if (problem == reported.problem) return false;
-    reported.problem = problem;
+    static base::NoDestructor<Reported> reported;
+    const std::lock_guard lock(reported->mutex);
+    if (problem == reported->problem) return false;
+    reported->problem = problem;
     return !problem.empty();
 }
 

@@ -1,3 +1,4 @@
+#include <base/NoDestructor.h>
 #include <platform/service_processor/Clock.h>
 #include <platform/service_processor/HostAddress.h>
 #include <platform/service_processor/ResolverCalls.h>
@@ -102,10 +103,9 @@ private:
     std::vector<std::unique_ptr<Lookup>> lookups;
 };
 
-// Never destroyed: the resolver may still be at work when static objects end.
 GivenUp& TheGivenUp() {
-    static GivenUp& givenUp = *new GivenUp;
-    return givenUp;
+    static base::NoDestructor<GivenUp> givenUp;
+    return *givenUp;
 }
 
 TransportError NotFound(const std::string& host, const std::string& reason) {

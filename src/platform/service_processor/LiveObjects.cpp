@@ -1,3 +1,4 @@
+#include <base/NoDestructor.h>
 #include <platform/service_processor/LiveObjects.h>
 
 #include <mutex>
@@ -12,10 +13,9 @@ struct Registry {
     std::set<const SPLibrary*> objects;
 };
 
-// Never destroyed: an object may outlive every static object of the process.
 Registry& TheRegistry() {
-    static Registry& registry = *new Registry;
-    return registry;
+    static base::NoDestructor<Registry> registry;
+    return *registry;
 }
 
 }  // namespace

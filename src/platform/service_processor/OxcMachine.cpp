@@ -1,3 +1,4 @@
+#include <base/NoDestructor.h>
 #include <platform/service_processor/ControllerNode.h>
 #include <platform/service_processor/NodeList.h>
 #include <platform/service_processor/OxcMachine.h>
@@ -33,10 +34,9 @@ private:
     std::map<std::string, DeviceId> controllers;
 };
 
-// Never destroyed: a test object that outlives static objects may still ask.
 KnownControllers& Known() {
-    static KnownControllers& known = *new KnownControllers;
-    return known;
+    static base::NoDestructor<KnownControllers> known;
+    return *known;
 }
 
 OxcAnswer AskProduct(const std::vector<ControllerProduct>& family,

@@ -1,3 +1,4 @@
+#include <base/NoDestructor.h>
 #include <platform/service_processor/SimulatedTransport.h>
 
 #include <utility>
@@ -33,10 +34,9 @@ int RequestCounts::Next(int node) {
     return counts[node]++;
 }
 
-// Never destroyed: a test object that outlives static objects may still send.
 RequestCounts& ProcessRequestCounts() {
-    static RequestCounts& counts = *new RequestCounts;
-    return counts;
+    static base::NoDestructor<RequestCounts> counts;
+    return *counts;
 }
 
 SimulatedTransport::SimulatedTransport(std::shared_ptr<const SimulatedNode> simulatedNode,

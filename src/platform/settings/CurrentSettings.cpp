@@ -1,3 +1,4 @@
+#include <base/NoDestructor.h>
 #include <platform/settings/Settings.h>
 #include <platform/settings/SettingsCache.h>
 
@@ -8,9 +9,8 @@ namespace platform {
 namespace {
 
 SettingsCache& OfThisProcess() {
-    // Never destroyed: a server may still call while the process ends.
-    static SettingsCache& cache = *new SettingsCache;
-    return cache;
+    static base::NoDestructor<SettingsCache> cache;
+    return *cache;
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace {
 
 Settings DefaultSettings() {
     Settings settings;
-    settings.root.value = DefaultRoot();
+    settings.root.value = DefaultRoots().front();
     return settings;
 }
 

@@ -65,11 +65,5 @@ TEST_F(Installation, SchemaFolderOfTheEnvironment_GoesBefore) {
     EXPECT_EQ(Find().registrations, "/schemas/bmci2c.reg");
 }
 
-TEST_F(Installation, RootWithACatalog_IsFound) {
-    EXPECT_EQ(FindRoot(prefix / "bin"), "");
-    Touch("share/bmci2c/bmci2c.msg.xml");
-    EXPECT_EQ(FindRoot(prefix / "bin"), prefix / "share");
-}
-
 }  // namespace
 }  // namespace cli

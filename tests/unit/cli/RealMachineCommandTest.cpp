@@ -34,10 +34,9 @@ TEST(RealMachineCommand, OtherChoices_AreKeptAndQuoted) {
         R"(/opt/bin/bmci2c --config '/it'\''s mine/c.toml' --module /m.so --root '/root dir' run)");
 }
 
-TEST(RealMachineCommand, RootThatTheCommandChose_IsNotNamed) {
+TEST(RealMachineCommand, RootByDefault_IsNotNamed) {
     Session session = SimulatedSession();
-    session.choseRoot = true;
-    session.settings.root = {"/opt/share", Origin::Environment};
+    session.settings.root = {"/opt/share", Origin::Default};
     EXPECT_EQ(RealMachineCommand(session, true), "/opt/bin/bmci2c run");
 }
 

@@ -6,6 +6,6 @@ namespace platform {
 
 std::string DefaultSettingsFile() { return replacedSettingsFile; }
 
-std::string DefaultRoot() { return kReplacedRoot; }
+std::vector<std::string> DefaultRoots() { return {kReplacedRoot}; }
 
 }  // namespace platform

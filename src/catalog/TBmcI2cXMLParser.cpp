@@ -320,11 +320,12 @@ void TBmcI2cXMLParser::StorePendingRecommendation() {
 }
 
 unsigned int TBmcI2cXMLParser::PropertyNumber() const {
-    try {
-        return boost::lexical_cast<unsigned int>(propertyIndex);
-    } catch (const boost::bad_lexical_cast&) {
+    unsigned int number = 0;
+    // The conversion takes the separators of a locale that groups digits: "1.109" is no index.
+    const bool isPlain = propertyIndex.find_first_not_of("+-0123456789") == std::string::npos;
+    if (!isPlain || !boost::conversion::try_lexical_convert(propertyIndex, number))
         throw IndexError(GetCurLine(), propertyIndex);
-    }
+    return number;
 }
 
 // --- Helpers for catalog readers; reading the catalog itself does without them. ---

@@ -1,7 +1,7 @@
 // The CMPI factories: one per provider and interface. Each hands its provider's registration and
 // static data block to the framework's adapter, which does the work.
 #include <cmpi/cmpi.h>
-#include <framework/cmpi_adapter.h>
+#include <framework/adapter/cmpi_adapter.h>
 #include <module/module.h>
 
 #include <cstddef>

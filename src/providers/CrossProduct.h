@@ -4,9 +4,8 @@
 //     const PairEnumeration enumeration("QUVSG_BMCI2C_UseOfLog_Provider");
 //     GetDiagService();
 //     GetDiagLog();
-//     return enumeration.Deliver(handler, Role<CIM_ManagedSystemElement>(services,
-//     &Class::Dependent),
-//                                Role<CIM_Log>(logs, &Class::Antecedent));
+//     return enumeration.Deliver(handler, Role{services, &Class::Dependent},
+//                                Role{logs, &Class::Antecedent});
 #pragma once
 
 #include <debug/Debug.h>
@@ -15,28 +14,26 @@
 #include <providers/EndpointList.h>
 #include <providers/EnumerationTrace.h>
 
-#include <cstdint>
+#include <cstddef>
 #include <string_view>
 
-// One end of an association: its endpoints, the reference property that they go into, and the class
-// (Checked) that an endpoint must be of; another one gives a null reference.
-template <class Checked, class Endpoint, class Member>
-struct RoleOf {
+// One end of an association: its endpoints, and the reference property that they go into. An
+// endpoint that is not of the property's class gives a null reference.
+template <class Endpoint, class Association, class Referenced>
+struct Role {
     const EndpointList<Endpoint>& endpoints;
-    Member member;
+    Referenced* Association::*property;
 
-    template <class Association>
-    void Set(Association& association, std::uint32_t index) const {
-        auto* endpoint = cimple::cast<Checked>(endpoints[index]);
+    void Set(Association& association, std::size_t index) const {
+        auto* endpoint = cimple::cast<Referenced>(endpoints[index]);
         cimple::ref(endpoint);
-        association.*member = endpoint;
+        association.*property = endpoint;
     }
 };
 
-template <class Checked, class Endpoint, class Member>
-RoleOf<Checked, Endpoint, Member> Role(const EndpointList<Endpoint>& endpoints, Member member) {
-    return {endpoints, member};
-}
+template <class Endpoint, class Association, class Referenced>
+Role(const EndpointList<Endpoint>&, Referenced* Association::*)
+    -> Role<Endpoint, Association, Referenced>;
 
 class PairEnumeration {
 public:
@@ -53,8 +50,8 @@ public:
             TraceExit(provider, " FAIL");
             return cimple::ENUM_INSTANCES_FAILED;
         }
-        for (std::uint32_t i = 0; i < outer.endpoints.Size(); ++i) {
-            for (std::uint32_t j = 0; j < inner.endpoints.Size(); ++j) {
+        for (std::size_t i = 0; i < outer.endpoints.Size(); ++i) {
+            for (std::size_t j = 0; j < inner.endpoints.Size(); ++j) {
                 auto* association = cimple::create<Association>();
                 outer.Set(*association, i);
                 inner.Set(*association, j);

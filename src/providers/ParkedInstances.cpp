@@ -2,13 +2,14 @@
 #include <providers/ParkedInstances.h>
 
 #include <mutex>
+#include <utility>
 #include <vector>
 
 namespace {
 
 struct Parked {
     std::mutex lock;  // guards `instances`
-    std::vector<cimple::Instance*> instances;
+    std::vector<cimple::Instance_Ptr> instances;
 };
 
 Parked& TheParked() {
@@ -18,11 +19,11 @@ Parked& TheParked() {
 
 }  // namespace
 
-void ParkInstance(cimple::Instance* instance) {
+void ParkInstance(cimple::Instance_Ptr instance) {
     if (instance == nullptr) return;
     Parked& parked = TheParked();
     const std::lock_guard guard(parked.lock);
-    parked.instances.push_back(instance);
+    parked.instances.push_back(std::move(instance));
 }
 
 std::size_t ParkedInstanceCount() {

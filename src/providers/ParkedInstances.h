@@ -5,12 +5,12 @@
 // and their growth can be measured.
 #pragma once
 
-#include <framework/Instance.h>
+#include <framework/Instance_Ptr.h>
 
 #include <cstddef>
 
-// Takes over the caller's count of an instance; null is parked, too, and counts as none.
-void ParkInstance(cimple::Instance* instance);
+// Null counts as none.
+void ParkInstance(cimple::Instance_Ptr instance);
 
 // The number of instances parked since the process began.
 std::size_t ParkedInstanceCount();

@@ -9,10 +9,9 @@ int QUVSG_BMCI2C_AffectedJobElement_Provider::enum_instances(
     const PairEnumeration enumeration("QUVSG_BMCI2C_AffectedJobElement_Provider");
     GetMgdElement();
     GetConcreteJob();
-    return enumeration.Deliver(
-        handler,
-        Role<CIM_ManagedElement>(elements, &QUVSG_BMCI2C_AffectedJobElement::AffectedElement),
-        Role<CIM_Job>(jobs, &QUVSG_BMCI2C_AffectedJobElement::AffectingElement));
+    return enumeration.Deliver(handler,
+                               Role{elements, &QUVSG_BMCI2C_AffectedJobElement::AffectedElement},
+                               Role{jobs, &QUVSG_BMCI2C_AffectedJobElement::AffectingElement});
 }
 
 void QUVSG_BMCI2C_AffectedJobElement_Provider::GetMgdElement() { elements.LookUp(); }

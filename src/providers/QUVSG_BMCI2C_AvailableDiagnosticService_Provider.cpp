@@ -13,11 +13,8 @@ int QUVSG_BMCI2C_AvailableDiagnosticService_Provider::enum_instances(
     GetDiagService();
     GetManElement();
     return enumeration.Deliver(
-        handler,
-        Role<CIM_DiagnosticService>(services,
-                                    &QUVSG_BMCI2C_AvailableDiagnosticService::ServiceProvided),
-        Role<CIM_ManagedElement>(elements,
-                                 &QUVSG_BMCI2C_AvailableDiagnosticService::UserOfService));
+        handler, Role{services, &QUVSG_BMCI2C_AvailableDiagnosticService::ServiceProvided},
+        Role{elements, &QUVSG_BMCI2C_AvailableDiagnosticService::UserOfService});
 }
 
 void QUVSG_BMCI2C_AvailableDiagnosticService_Provider::GetDiagService() {

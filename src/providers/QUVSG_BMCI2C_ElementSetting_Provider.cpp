@@ -11,9 +11,8 @@ int QUVSG_BMCI2C_ElementSetting_Provider::enum_instances(
     const PairEnumeration enumeration("QUVSG_BMCI2C_ElementSettingData_Provider");
     GetDiagService();
     GetDiagSetting();
-    return enumeration.Deliver(
-        handler, Role<CIM_ManagedSystemElement>(services, &QUVSG_BMCI2C_ElementSetting::Element),
-        Role<CIM_Setting>(settings, &QUVSG_BMCI2C_ElementSetting::Setting));
+    return enumeration.Deliver(handler, Role{services, &QUVSG_BMCI2C_ElementSetting::Element},
+                               Role{settings, &QUVSG_BMCI2C_ElementSetting::Setting});
 }
 
 void QUVSG_BMCI2C_ElementSetting_Provider::GetDiagService() { FillFromRegistry(services); }

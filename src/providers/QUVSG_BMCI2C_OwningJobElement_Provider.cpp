@@ -9,9 +9,9 @@ int QUVSG_BMCI2C_OwningJobElement_Provider::enum_instances(
     const PairEnumeration enumeration("QUVSG_BMCI2C_OwningJobElement_Provider");
     GetDiagService();
     GetConcreteJob();
-    return enumeration.Deliver(
-        handler, Role<CIM_ManagedElement>(services, &QUVSG_BMCI2C_OwningJobElement::OwningElement),
-        Role<CIM_Job>(jobs, &QUVSG_BMCI2C_OwningJobElement::OwnedElement));
+    return enumeration.Deliver(handler,
+                               Role{services, &QUVSG_BMCI2C_OwningJobElement::OwningElement},
+                               Role{jobs, &QUVSG_BMCI2C_OwningJobElement::OwnedElement});
 }
 
 void QUVSG_BMCI2C_OwningJobElement_Provider::GetDiagService() { services.LookUp(); }

@@ -9,9 +9,9 @@ int QUVSG_BMCI2C_RecordAppliesToElement_Provider::enum_instances(
     const PairEnumeration enumeration("QUVSG_BMCI2C_RecordAppliesToElement_Provider");
     GetMgdElement();
     GetDiagServRecord();
-    return enumeration.Deliver(
-        handler, Role<CIM_ManagedElement>(elements, &QUVSG_BMCI2C_RecordAppliesToElement::Element),
-        Role<CIM_RecordForLog>(records, &QUVSG_BMCI2C_RecordAppliesToElement::Record));
+    return enumeration.Deliver(handler,
+                               Role{elements, &QUVSG_BMCI2C_RecordAppliesToElement::Element},
+                               Role{records, &QUVSG_BMCI2C_RecordAppliesToElement::Record});
 }
 
 void QUVSG_BMCI2C_RecordAppliesToElement_Provider::GetMgdElement() { elements.LookUp(); }

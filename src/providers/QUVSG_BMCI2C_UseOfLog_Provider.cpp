@@ -9,9 +9,8 @@ int QUVSG_BMCI2C_UseOfLog_Provider::enum_instances(
     const PairEnumeration enumeration("QUVSG_BMCI2C_UseOfLog_Provider");
     GetDiagService();
     GetDiagLog();
-    return enumeration.Deliver(
-        handler, Role<CIM_ManagedSystemElement>(services, &QUVSG_BMCI2C_UseOfLog::Dependent),
-        Role<CIM_Log>(logs, &QUVSG_BMCI2C_UseOfLog::Antecedent));
+    return enumeration.Deliver(handler, Role{services, &QUVSG_BMCI2C_UseOfLog::Dependent},
+                               Role{logs, &QUVSG_BMCI2C_UseOfLog::Antecedent});
 }
 
 void QUVSG_BMCI2C_UseOfLog_Provider::GetDiagService() { services.LookUp(); }

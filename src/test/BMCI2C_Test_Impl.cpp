@@ -132,8 +132,8 @@ void BMCI2C_Test_Impl::DescribeMachine(CurrentRun& run) {
         return;
     }
     if (genericMachine == nullptr) {
-        result.troubles.push_back(run_trouble::CatalogLacksGenericEntry(
-            facts.catalog, std::string(GenericType())));
+        result.troubles.push_back(
+            run_trouble::CatalogLacksGenericEntry(facts.catalog, std::string(GenericType())));
     }
     if (described.trouble) {
         result.troubles.push_back(*described.trouble);

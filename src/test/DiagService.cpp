@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <locale>
 #include <sstream>
 #include <string_view>
 
@@ -25,6 +26,7 @@ std::int32_t DiagService::GetMachineType(std::string* machineType) {
     WriteCoreLog(NQUVZDX20::kLogTrace, "getMachineType() entered.");
     *machineType = NQUVZDX20::TOSSpecific::GetMachineTypeFromID();
     std::ostringstream line;
+    line.imbue(std::locale::classic());
     line << "getMachineType:  = " << static_cast<const void*>(machineType);
     WriteCoreLog(NQUVZDX20::kLogTrace, line.str());
     return 0;

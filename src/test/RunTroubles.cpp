@@ -74,8 +74,9 @@ Trouble NotAskedWithoutFirst() {
 
 Trouble NotAskedOnThisMachine() {
     return {.code = "not_asked",
-            .text = "The controller was not asked, because the message catalog has no entry for this "
-                    "machine.",
+            .text =
+                "The controller was not asked, because the message catalog has no entry for this "
+                "machine.",
             .advice = ""};
 }
 

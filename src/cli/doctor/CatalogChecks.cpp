@@ -3,6 +3,7 @@
 #include <cli/Text.h>
 #include <cli/doctor/CatalogChecks.h>
 #include <platform/settings/FileText.h>
+#include <test/MachineTypes.h>
 
 #include <algorithm>
 #include <limits>
@@ -16,10 +17,6 @@ namespace {
 
 constexpr const char* kReadingName = "catalog";
 constexpr const char* kMachineName = "machine in the catalog";
-
-// The entries with the texts of all machines.
-constexpr const char* kGenericEntry = "GENERIC_QUV";
-constexpr const char* kGenericOxcEntry = "GENERIC_QUV_OXC";
 
 // Keeps what the parser reports as errors.
 class CatalogReader : public TBmcI2cXMLParser {
@@ -57,10 +54,10 @@ std::set<std::string> MachineTypes(const CatalogReader& reader) {
 }
 
 // Of a family by products, every controller decides for itself.
-std::vector<std::string> GenericEntries(const platform::OxcFamily& oxc) {
+std::vector<std::string_view> GenericEntries(const platform::OxcFamily& oxc) {
     const bool* const all = std::get_if<bool>(&oxc);
-    if (all == nullptr) return {kGenericEntry, kGenericOxcEntry};
-    return {*all ? kGenericOxcEntry : kGenericEntry};
+    if (all == nullptr) return {GEN_MACHINE_TYPE, GEN_MACHINE_TYPE_OXC};
+    return {*all ? GEN_MACHINE_TYPE_OXC : GEN_MACHINE_TYPE};
 }
 
 Check CheckReading(const std::string& path, const CatalogReader& reader, std::size_t entries) {
@@ -76,8 +73,8 @@ Check CheckReading(const std::string& path, const CatalogReader& reader, std::si
 }
 
 Check CheckMachine(const std::set<std::string>& types, const CatalogMachine& machine) {
-    for (const std::string& generic : GenericEntries(machine.oxc))
-        if (!types.contains(generic))
+    for (const std::string_view entry : GenericEntries(machine.oxc))
+        if (const std::string generic(entry); !types.contains(generic))
             return Bad(kMachineName,
                        "The catalog has no entry " + generic +
                            ", which holds the texts of machines "

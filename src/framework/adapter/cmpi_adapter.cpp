@@ -1,5 +1,5 @@
 #include <framework/adapter/Provider_State.h>
-#include <framework/cmpi_adapter.h>
+#include <framework/adapter/cmpi_adapter.h>
 
 namespace cimple {
 

@@ -3,6 +3,7 @@
 #include <typeinfo>
 
 #include "CatalogFixture.h"
+#include "GroupingLocale.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -104,6 +105,14 @@ TEST_F(CatalogBadInput, IndexThatIsNoDecimalNumber_LeavesTheParseAndKeepsTheMach
         EXPECT_EQ(parser->GetCurLine(), 3);
         EXPECT_THAT(Errors(), IsEmpty());
     }
+}
+
+TEST_F(CatalogBadInput, LocaleThatGroupsDigits_MakesNoIndexOfThem) {
+    const GroupingLocale locale;
+    EXPECT_THROW(Parse(TwoMachines("1.109")), boost::bad_lexical_cast);
+    MakeParser(Build::Standard);
+    Parse(TwoMachines("1109"));
+    EXPECT_THAT(Machine(1).GetMessege().GetValueMap(), ElementsAre(Pair(1109, "two")));
 }
 
 TEST_F(CatalogBadInput, MessageWithoutAnyIndex_LeavesTheParse) {

@@ -47,6 +47,7 @@ TEST_F(InstanceTest, Null_IsCountedAsNothing) {
     ref(nullptr);
     unref(nullptr);
     destroy(nullptr);
+    EXPECT_EQ(instance_count(), before);
 }
 
 TEST_F(InstanceTest, SharedEndpoint_IsFreedOnceWithItsLastAssociation) {

@@ -1,6 +1,6 @@
 // The factories against an adapter that records what it is given.
 #include <cmpi/cmpi.h>
-#include <framework/cmpi_adapter.h>
+#include <framework/adapter/cmpi_adapter.h>
 #include <gtest/gtest.h>
 #include <module/module.h>
 

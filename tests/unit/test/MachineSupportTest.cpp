@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "EngineFixture.h"
+#include "GroupingLocale.h"
 
 using engine::Catalog;
 using engine::Location;
@@ -51,6 +52,14 @@ TEST_F(MachineSupport, GetMachineType_ReadsItAndLogsTheAddress) {
         FakeDiagnostics::Lines(),
         (std::vector<LogLine>{{NQUVZDX20::kLogTrace, "getMachineType() entered."},
                               {NQUVZDX20::kLogTrace, "getMachineType:  = " + address.str()}}));
+}
+
+TEST_F(MachineSupport, GetMachineType_LocaleThatGroupsDigits_LogsThePlainAddress) {
+    const GroupingLocale locale;
+    std::string machineType;
+    Test().GetMachineType(&machineType);
+    EXPECT_THAT(FakeDiagnostics::Lines().back().text,
+                testing::MatchesRegex("getMachineType:  = 0x[0-9a-f]+"));
 }
 
 TEST_F(MachineSupport, ReadMachineType_Given_KeepsNoRecord) {

@@ -1,7 +1,7 @@
 // Drives the test providers through the adapter as a CIM server does.
 #pragma once
 
-#include <framework/cmpi_adapter.h>
+#include <framework/adapter/cmpi_adapter.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -25,8 +25,9 @@ namespace cli {
 
 namespace {
 
-constexpr auto kCommands = {AddRun,        AddEnumerate, AddNames, AddInvoke, AddInfo, AddRegister,
-                            AddUnregister, AddDoctor,    AddServe, AddPasswd, AddHelp};
+constexpr auto kCommands = {AddRun,   AddEnumerate, AddNames,      AddInvoke,
+                            AddInfo,  AddRegister,  AddUnregister, AddDoctor,
+                            AddServe, AddPasswd,    AddCatalog,    AddHelp};
 
 void AddFileOption(CLI::App& app, const std::string& name, std::string& value,
                    const std::string& form, const std::string& description) {

@@ -152,8 +152,6 @@ private:
     void ParseCatalog(const std::string& path, std::span<char> text);
     ResultMessage BuildMessage(int kind, unsigned short number);
     ResultMessage CompletionCodeMessage(unsigned char code);
-    std::string MessageLine(int kind, unsigned short number);
-    std::vector<std::string> Recommendations(unsigned short number);
     void WriteLocation(LocationLine line);
 
     std::string biosId;                               // as the last support check read it

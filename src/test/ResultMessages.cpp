@@ -1,9 +1,9 @@
 #include <test/BMCI2C_Test_Impl.h>
+#include <test/CatalogTexts.h>
 #include <test/CoreLog.h>
 #include <test/MessageNumbers.h>
 
 #include <sstream>
-#include <vector>
 
 using NQUVZDX20::EZDXLogSeverity;
 using NQUVZDX20::kLogTrace;
@@ -13,23 +13,6 @@ namespace {
 // The IPMI completion codes that have a message of their own.
 constexpr unsigned char kFirstNamedCode = 0xC0;
 constexpr unsigned char kLastNamedCode = 0xD5;
-
-unsigned short HeadingOf(int kind) {
-    switch (kind) {
-        case kBusFaultMessage:
-            return kBusFaultHeading;
-        case kNotCompletedMessage:
-            return kNotCompletedHeading;
-        default:
-            return kPassHeading;
-    }
-}
-
-// With leading zeros, and without the separators that a host's locale may put between digits.
-std::string ThreeDigitsOrMore(std::int32_t number) {
-    const std::string digits = std::to_string(number);
-    return digits.size() < 3 ? std::string(3 - digits.size(), '0') + digits : digits;
-}
 
 }  // namespace
 
@@ -70,29 +53,8 @@ ResultMessage BMCI2C_Test_Impl::BuildMessage(int kind, unsigned short number) {
         return {};
     }
     WriteLocation(LocationLine::MessageHeading);
-    ResultMessage message{.line = MessageLine(kind, number), .recommendations = {}};
-    if (kind != kPassMessage) {
-        message.recommendations = Recommendations(number);
-    }
+    ResultMessage message =
+        CatalogTexts(*machine, *genericMachine).Message(kind, number, nodeCount);
     WriteLocation(LocationLine::MessageEnd);
     return message;
-}
-
-// "166-NUMBER-NODE HEADING TEXT".
-std::string BMCI2C_Test_Impl::MessageLine(int kind, unsigned short number) {
-    const TXMessage generic = genericMachine->GetMessege();
-    std::string text = machine->GetMessege().GetValueFromMap(number);
-    if (text.empty()) {
-        text = generic.GetValueFromMap(number);
-    }
-    if (text.empty()) {
-        text = generic.GetValueFromMap(kFallbackText) + ": message num: " + std::to_string(number);
-    }
-    return "166-" + ThreeDigitsOrMore(number) + '-' + ThreeDigitsOrMore(nodeCount) + ' ' +
-           generic.GetValueFromMap(HeadingOf(kind)) + text;
-}
-
-std::vector<std::string> BMCI2C_Test_Impl::Recommendations(unsigned short number) {
-    std::vector<std::string> texts = machine->GetMessege().GetRecommendations(number);
-    return texts.empty() ? genericMachine->GetMessege().GetRecommendations(number) : texts;
 }

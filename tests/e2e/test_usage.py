@@ -19,6 +19,7 @@ COMMANDS = [
     "doctor",
     "serve",
     "passwd",
+    "catalog",
     "help",
 ]
 LISTED = ", ".join(COMMANDS[:-1]) + " and " + COMMANDS[-1]

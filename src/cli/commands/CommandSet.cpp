@@ -51,6 +51,12 @@ CommandOptions& CommandOptions::Argument(const std::string& name, std::string& v
     return *this;
 }
 
+CommandOptions& CommandOptions::Arguments(const std::string& name, std::vector<std::string>& values,
+                                          const std::string& description) {
+    command.add_option(name, values, description)->required();
+    return *this;
+}
+
 CommandOptions& CommandOptions::OptionalArgument(const std::string& name, std::string& value,
                                                  const std::string& description) {
     command.add_option(name, value, description);

@@ -41,6 +41,9 @@ public:
     // A word that must be given, unless it is optional; with choices, one of them.
     CommandOptions& Argument(const std::string& name, std::string& value,
                              const std::string& description);
+    // The same, and any number of words more.
+    CommandOptions& Arguments(const std::string& name, std::vector<std::string>& values,
+                              const std::string& description);
     CommandOptions& OptionalArgument(const std::string& name, std::string& value,
                                      const std::string& description);
     CommandOptions& Choice(const std::string& name, std::string& value,

@@ -15,6 +15,7 @@ void AddUnregister(CommandSet& commands);
 void AddDoctor(CommandSet& commands);
 void AddServe(CommandSet& commands);
 void AddPasswd(CommandSet& commands);
+void AddCatalog(CommandSet& commands);
 void AddHelp(CommandSet& commands);
 
 }  // namespace cli

@@ -71,6 +71,7 @@ struct TXmlParser::Run {
     Tokeniser tokeniser;         // only while the pass is under way
     std::exception_ptr failure;  // left a callback, and waits until the tokeniser has come back
     int line = 0;
+    int column = 0;
 
     std::string text;  // gathered since the last tag
     bool afterEndTag = false;
@@ -80,7 +81,7 @@ struct TXmlParser::Run {
     std::string syntaxError;
 
     void CreateTokeniser(TXmlParser& parser);
-    int Line() const { return static_cast<int>(XML_GetCurrentLineNumber(tokeniser.get())); }
+    void KeepPlace();
     std::string SyntaxErrorText(std::string_view parsed) const;
 
     // Calls `callback` with the parser and its run. Exceptions cannot pass through Expat's C
@@ -115,8 +116,12 @@ void TXmlParser::Run::CreateTokeniser(TXmlParser& parser) {
     XML_SetUnknownEncodingHandler(tokeniser.get(), OnUnknownEncoding, &parser);
 }
 
+void TXmlParser::Run::KeepPlace() {
+    line = static_cast<int>(XML_GetCurrentLineNumber(tokeniser.get()));
+    column = static_cast<int>(XML_GetCurrentColumnNumber(tokeniser.get())) + 1;
+}
+
 std::string TXmlParser::Run::SyntaxErrorText(std::string_view parsed) const {
-    const auto column = XML_GetCurrentColumnNumber(tokeniser.get()) + 1;
     const auto position = static_cast<std::size_t>(XML_GetCurrentByteIndex(tokeniser.get()));
     const char byte = position < parsed.size() ? parsed[position] : '\0';
     return "Not well-formed XML at column " + std::to_string(column) + ": " +
@@ -133,7 +138,7 @@ void TXmlParser::Run::Deliver(void* userData, Callback callback) noexcept {
         return;
     }
     try {
-        current.line = current.Line();
+        current.KeepPlace();
         callback(parser, current);
     } catch (...) {
         current.failure = std::current_exception();
@@ -211,7 +216,7 @@ void TXmlParser::ParseJSSP() {
     run->CreateTokeniser(*this);
     const std::string_view document = std::exchange(run->document, {});
     const bool complete = Tokenise(run->tokeniser.get(), document);
-    run->line = run->Line();
+    run->KeepPlace();
     if (!complete && run->failure == nullptr) run->syntaxError = run->SyntaxErrorText(document);
     run->tokeniser.reset();
     if (run->failure != nullptr) {
@@ -237,6 +242,8 @@ void TXmlParser::GetAttributeNValue() {
 }
 
 int TXmlParser::GetCurLine() const { return run->line; }
+
+int TXmlParser::GetCurColumn() const { return run->column; }
 
 const std::string& TXmlParser::SyntaxError() const { return run->syntaxError; }
 

@@ -49,6 +49,9 @@ public:
     // reported, afterwards the last one; 0 before the first parse.
     int GetCurLine() const;
 
+    // The column of the same place, from 1.
+    int GetCurColumn() const;
+
     // What ended the last parse before the document's end; empty when nothing did.
     const std::string& SyntaxError() const;
 

@@ -1,8 +1,9 @@
 #include <gtest/gtest.h>
 #include <platform/settings/DefaultPaths.h>
-#include <support/TemporaryFolder.h>
 
 #include <filesystem>
+
+#include "TemporaryFolder.h"
 
 namespace {
 

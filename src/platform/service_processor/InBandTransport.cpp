@@ -1,7 +1,7 @@
-#include <platform/service_processor/Hexadecimal.h>
 #include <platform/service_processor/InBandTransport.h>
 #include <platform/service_processor/IpmiDevice.h>
 #include <platform/service_processor/Seconds.h>
+#include <platform/service_processor/UnusableAnswers.h>
 
 #include <algorithm>
 #include <atomic>
@@ -17,17 +17,21 @@ long NextMessageId() {
     return next++;
 }
 
-bool Answers(const IpmiDevice::Message& message, const IpmiRequest& request, long messageId) {
+// Nothing when the message answers the request.
+std::optional<Flaw> FlawOf(const IpmiDevice::Message& message, const IpmiRequest& request,
+                           long messageId) {
     constexpr std::uint8_t kAnswerBit = 0x01;
-    return message.messageId == messageId && message.netFn == (request.netFn | kAnswerBit) &&
-           message.command == request.command;
+    if (message.messageId != messageId) return Flaw::Sequence;
+    if (message.netFn != (request.netFn | kAnswerBit)) return Flaw::NetworkFunction;
+    if (message.command != request.command) return Flaw::Command;
+    return std::nullopt;
 }
 
 IpmiAnswer ReadAnswer(const IpmiDevice::Message& message) {
     if (message.data.empty()) {
         throw TransportError(TroubleCode::UnusableAnswers,
                              "The controller's answer is too short: it has no completion code.",
-                             "");
+                             kRetryAdvice);
     }
     IpmiAnswer answer;
     answer.completionCode = message.data.front();
@@ -35,21 +39,16 @@ IpmiAnswer ReadAnswer(const IpmiDevice::Message& message) {
     return answer;
 }
 
-std::string Named(const IpmiDevice::Message& message, const IpmiRequest& request) {
-    if (message.command == request.command) return "an earlier request";
-    return "another command (network function " + Hexadecimal(message.netFn) + ", command " +
-           Hexadecimal(message.command) + ")";
-}
-
 TransportError Silence(const std::string& device, std::chrono::milliseconds time,
-                       const std::optional<std::string>& other) {
+                       const UnusableAnswers& unusable) {
     const std::string subject = "The controller behind " + device;
-    const std::string within = " within " + InSeconds(time) + ".";
-    if (other) {
-        return {TroubleCode::UnusableAnswers, subject + " answered nothing but " + *other + within,
-                "Try again."};
+    const std::string within = " within " + InSeconds(time);
+    if (!unusable.IsEmpty()) {
+        return {TroubleCode::UnusableAnswers,
+                subject + " sent nothing usable" + within + ", but " + unusable.InWords() + ".",
+                kRetryAdvice};
     }
-    return {TroubleCode::NoAnswer, subject + " did not answer" + within,
+    return {TroubleCode::NoAnswer, subject + " did not answer" + within + ".",
             "If it is slow, raise its time_limit."};
 }
 
@@ -64,14 +63,15 @@ IpmiAnswer InBandTransport::Send(const IpmiRequest& request, TimeAllowance allow
     IpmiDevice driver(device, presence);
     driver.Send(request, messageId);
 
-    std::optional<std::string> other;
+    UnusableAnswers unusable;
     while (const auto message = driver.Receive(end, allowance.stop)) {
         if (!message->isAnswer) continue;
-        if (Answers(*message, request, messageId)) return ReadAnswer(*message);
-        other = Named(*message, request);
+        const std::optional<Flaw> flaw = FlawOf(*message, request, messageId);
+        if (!flaw) return ReadAnswer(*message);
+        unusable.Add(*flaw);
     }
     if (allowance.IsStopped()) throw Interrupted();
-    throw Silence(device, allowance.limit, other);
+    throw Silence(device, allowance.limit, unusable);
 }
 
 }  // namespace platform

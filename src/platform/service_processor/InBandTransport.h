@@ -13,8 +13,9 @@ public:
                              DevicePresence devicePresence = DevicePresence::Named);
 
     // Opens the device, sends, waits for the answer as long as a silent controller is waited for,
-    // and closes. An answer to something else is passed over, and named when nothing better comes.
-    // A completion code with which the driver answers in the controller's place is an answer.
+    // and closes. An answer to something else is ignored, and counted in the error when nothing
+    // better comes. A completion code with which the driver answers in the controller's place is an
+    // answer.
     IpmiAnswer Send(const IpmiRequest& request, TimeAllowance allowance) override;
 
     std::string Describe() const override { return "inband " + device; }

@@ -35,6 +35,9 @@ enum class TroubleCode {
     Other,
 };
 
+// Where the controller may do better the next time.
+inline constexpr char kRetryAdvice[] = "Try again; if that does not help, restart the controller.";
+
 // The name of a code for programs: "no_answer".
 std::string NameOf(TroubleCode code);
 

@@ -3,7 +3,7 @@
 
 #include <platform/service_processor/TimeAllowance.h>
 #include <platform/service_processor/lan/UdpSocket.h>
-#include <platform/service_processor/lan/UnusableAnswers.h>
+#include <platform/service_processor/UnusableAnswers.h>
 
 #include <functional>
 #include <string>

@@ -3,7 +3,7 @@
 
 #include <platform/service_processor/IpmiMessage.h>
 #include <platform/service_processor/lan/FiidObject.h>
-#include <platform/service_processor/lan/UnusableAnswers.h>
+#include <platform/service_processor/UnusableAnswers.h>
 
 #include <variant>
 

@@ -19,7 +19,6 @@ constexpr char kPasswordAdvice[] = "Correct the password file.";
 constexpr char kPrivilegeAdvice[] = "Raise it in the controller, or set a lower privilege_level.";
 constexpr char kSuiteAdvice[] = "Try another cipher_suite.";
 constexpr char kSessionAdvice[] = "Close one, or try again.";
-constexpr char kRetryAdvice[] = "Try again; if that does not help, restart the controller.";
 
 std::string ControllerAt(const LanAccount& account) {
     return "The controller at " + LanPlace(account.controller);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <platform/service_processor/lan/FiidObject.h>
-#include <platform/service_processor/lan/UnusableAnswers.h>
+#include <platform/service_processor/UnusableAnswers.h>
 
 #include <optional>
 

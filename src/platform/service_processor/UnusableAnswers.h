@@ -1,12 +1,12 @@
-// Packets that came, but were no answer to the request.
+// Messages of a controller that came, but did not answer the request.
 #pragma once
 
 #include <map>
 #include <string>
 
-namespace platform::lan {
+namespace platform {
 
-// Why a packet is no answer to the request.
+// Why a message does not answer the request.
 enum class Flaw {
     Late,  // it answers an earlier request of the session: nothing is wrong with it
     Unreadable,
@@ -34,4 +34,4 @@ private:
     std::map<Flaw, int> counts;
 };
 
-}  // namespace platform::lan
+}  // namespace platform

@@ -1,6 +1,6 @@
-#include <platform/service_processor/lan/UnusableAnswers.h>
+#include <platform/service_processor/UnusableAnswers.h>
 
-namespace platform::lan {
+namespace platform {
 
 namespace {
 
@@ -47,4 +47,4 @@ std::string UnusableAnswers::InWords() const {
     return words;
 }
 
-}  // namespace platform::lan
+}  // namespace platform

@@ -88,12 +88,12 @@ int AfterOutput(int exitCode) {
 int CarryOut(const Command& command, const GlobalOptions& options, bool asJson) {
     try {
         const Session session = OpenSession(options);
-        const std::string& problem = session.settings.problem;
-        if (!problem.empty() && command.brokenSettings == Command::BrokenSettings::EndIt)
-            throw platform::SettingsError(problem);
+        const platform::Settings& settings = session.settings;
+        if (!settings.problem.empty() && command.brokenSettings == Command::BrokenSettings::EndIt)
+            return Report({settings.problem, settings.problemAdvice}, kWrongUsage, asJson);
         return AfterOutput(command.carryOut(session));
     } catch (const platform::SettingsError& error) {
-        return Report(SplitMessage(error.what()), kWrongUsage, asJson);
+        return Report({error.what(), error.Advice()}, kWrongUsage, asJson);
     } catch (const cimxml::SetupError& error) {
         return Report(SplitMessage(error.what()), kWrongUsage, asJson);
     } catch (const UsageError& error) {

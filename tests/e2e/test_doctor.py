@@ -41,7 +41,7 @@ def troubles(result):
     """The paragraphs of the checks that failed, which the exit code must tell, or that warn."""
     assert result.err == ""
     checks = paragraphs(result)
-    assert all(re.match(r"(OK    |WARN  |FAIL  )[\w /.-]+: ", check) for check in checks)
+    assert all(re.match(r"(OK    |WARN  |FAIL  )[\w /.,-]+: ", check) for check in checks)
     failed = any(check.startswith("FAIL  ") for check in checks)
     assert result.code == (1 if failed else 0)
     return [check for check in checks if not check.startswith("OK    ")]
@@ -100,8 +100,8 @@ def test_json_of_a_trouble_has_its_advice_apart(bmci2c, doctor):
     assert result.json()["checks"][-1] == {
         "check": "devices",
         "status": "FAIL",
-        "text": f"The settings name no controller, says {bmci2c.folder}/platform.toml:1.",
-        "advice": "Name one there, or leave the controllers out for every IPMI device.",
+        "text": f"The settings list no controller ({bmci2c.folder}/platform.toml:1).",
+        "advice": "Add a [[controller]], or remove the key to use this machine's IPMI devices.",
     }
 
 
@@ -151,20 +151,24 @@ def test_broken_settings_are_shown_with_their_place(bmci2c, doctor):
     wrong = troubles(result)
     assert wrong[0] == (
         f"FAIL  settings: {bmci2c.folder}/platform.toml:2:14: key 'controllers.time_limit': found "
-        "90, allowed is an integer from 1 to 60. Give an allowed value; docs/platform-settings.md "
-        "explains every key."
+        "90, allowed is an integer from 1 to 60. Correct it; docs/platform-settings.md explains "
+        "every key."
     )
     assert wrong[1:] == [
-        f"FAIL  {name}: This depends on the settings, which cannot be read. Fix the settings first."
-        for name in (
-            "machine type",
-            "BIOS identifier",
-            "catalog",
-            "machine in the catalog",
-            "devices",
-        )
+        "FAIL  machine type, BIOS identifier, catalog, machine in the catalog, devices: This depends "
+        'on the settings, which cannot be read. Fix what the check "settings" tells first.'
     ]
     assert "OK    providers: " in unwrapped(result.out)
+
+
+def test_settings_that_are_not_toml(bmci2c, doctor):
+    wrong = troubles(doctor("[machine\n"))
+    assert wrong[0].startswith(
+        f"FAIL  settings: {bmci2c.folder}/platform.toml:1:9: The file is not valid TOML: "
+    )
+    assert wrong[0].endswith(
+        ". Fix the file at this line and column; texts stand between quotation marks."
+    )
 
 
 def test_missing_settings_file(bmci2c):
@@ -187,8 +191,8 @@ def test_settings_file_that_others_may_write(bmci2c, doctor):
 
 def test_wrong_variable(doctor):
     assert troubles(doctor(env={"BMCI2C_LOG_LEVEL": "9"}))[0] == (
-        'FAIL  settings: BMCI2C_LOG_LEVEL: found "9", allowed is an integer from 0 to 4. Give '
-        "an allowed value; docs/platform-settings.md explains every key."
+        'FAIL  settings: BMCI2C_LOG_LEVEL: found "9", allowed is an integer from 0 to 4. '
+        "Correct it; docs/platform-settings.md explains every key."
     )
 
 
@@ -221,7 +225,8 @@ def test_password_file_that_others_may_read(bmci2c, doctor):
     )
     assert troubles(result) == [
         f"FAIL  password file of controller 0: {refused}",
-        f"FAIL  controller 0: Controller 0, lan 127.0.0.1:1, is not reached: {refused}",
+        "FAIL  controller 0: Controller 0, lan 127.0.0.1:1, was not asked. Fix what the check "
+        '"password file of controller 0" tells first.',
     ]
     assert "sesame" not in unwrapped(result.out)
 
@@ -295,6 +300,17 @@ def test_catalog_with_errors(bmci2c, doctor):
     ]
 
 
+def test_catalog_that_ends_early(bmci2c, doctor):
+    path = bmci2c.root / "bmci2c" / "bmci2c.msg.xml"
+    path.write_text('<bmci2cmsg version="1.0">\n<machine\n')
+    wrong = troubles(doctor())
+    assert wrong[0].startswith(f"FAIL  catalog: The catalog {path} has 1 error, the first in line 2: ")
+    assert wrong[1:] == [
+        "FAIL  machine in the catalog: The catalog has errors, so it is not known which machines it "
+        'lists. Fix what the check "catalog" tells first.'
+    ]
+
+
 def test_catalog_without_this_machine(bmci2c, doctor):
     bmci2c.write_catalog(catalog_text(machines=["7001"]))
     assert troubles(doctor()) == [
@@ -334,7 +350,7 @@ def test_module_that_is_missing(bmci2c, doctor):
         "The provider module '/nowhere/module.so' cannot be loaded: cannot open shared object "
         f"file: No such file or directory. {REINSTALL}"
     )
-    assert wrong == [f"FAIL  {name}: {text}" for name in ("module", "functions", "providers")]
+    assert wrong == [f"FAIL  module, functions, providers: {text}"]
 
 
 @pytest.fixture
@@ -443,8 +459,8 @@ def test_device_that_is_missing(bmci2c, doctor):
     ) == [
         f"FAIL  device {device}: The device {device} cannot be read and written: No such file or "
         "directory. Load the kernel's IPMI driver with: modprobe -a ipmi_si ipmi_devintf",
-        f"FAIL  controller 0: Controller 0, inband {device}, is not reached: The device {device} "
-        "cannot be opened: No such file or directory. Is the kernel module ipmi_devintf loaded?",
+        f"FAIL  controller 0: Controller 0, inband {device}, was not asked. Fix what the check "
+        f'"device {device}" tells first.',
     ]
 
 
@@ -453,14 +469,26 @@ def test_controllers_that_do_not_answer(bmci2c):
         node(data=[0]), node(answers=False), node(present=False), node(busy=1)
     )
     wrong = troubles(bmci2c.simulate(profile, "doctor"))
-    advice = "Check that the controller works and that its settings are right."
+    advice = "Change its profile if it is to answer."
     assert wrong[:2] == [
         "FAIL  controller 1: Controller 1, simulated, is not reached: The simulated controller "
         f"does not answer. {advice}",
         "FAIL  controller 2: Controller 2, simulated, is not reached: The profile says that this "
         f"controller is not present. {advice}",
     ]
-    assert wrong[2].startswith("FAIL  controller 3: Controller 3, simulated, is not reached: ")
+    assert wrong[2] == (
+        "FAIL  controller 3: Controller 3, simulated, answers, but does not identify itself: The "
+        "controller answered Get Device ID with completion code 0xff (the controller is busy). Wait a "
+        "while, then try again."
+    )
+
+
+def test_profile_without_controllers(bmci2c):
+    profile = bmci2c.profile()
+    assert troubles(bmci2c.simulate(profile, "doctor")) == [
+        f"FAIL  devices: The profile {profile} lists no controller. Add a [[node]], or run the test "
+        "without a profile to use this machine's IPMI devices."
+    ]
 
 
 def test_wrong_usage_ends_with_64(bmci2c):

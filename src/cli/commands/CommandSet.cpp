@@ -69,7 +69,7 @@ CommandOptions& CommandOptions::Choice(const std::string& name, std::string& val
     command.add_option(name, value, description)
         ->required()
         ->type_name(Joined(choices, std::string(1, kChoiceSeparator)))
-        ->check([choices = std::move(choices)](const std::string& word) {
+        ->check([choices](const std::string& word) {
             const bool isOne = std::find(choices.begin(), choices.end(), word) != choices.end();
             return isOne ? "" : "must be " + Joined(choices, " or ") + ", not '" + word + "'";
         });

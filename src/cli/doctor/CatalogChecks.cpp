@@ -113,7 +113,15 @@ Checks CheckCatalog(const std::string& path, const std::optional<CatalogMachine>
                     "[diagnostics], with BMCI2C_ROOT or with --root.")};
     }
     Checks checks = {CheckReading(path, reader, reader.GetMachineList().size())};
-    if (machine) checks.push_back(CheckMachine(MachineTypes(reader), *machine));
+    if (machine) {
+        const Check found = CheckMachine(MachineTypes(reader), *machine);
+        const bool isUncertain = found.grade == Grade::Fail && reader.errorCount != 0;
+        checks.push_back(isUncertain ? NotExamined(kMachineName,
+                                                   "The catalog has errors, so it is not known "
+                                                   "which machines it lists.",
+                                                   kReadingName)
+                                     : found);
+    }
     return checks;
 }
 

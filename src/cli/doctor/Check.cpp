@@ -34,6 +34,15 @@ Check BadFrom(const std::string& name, const std::string& trouble, const std::st
     return Bad(name, problem.text, problem.advice.empty() ? advice : problem.advice);
 }
 
+Check BadFrom(const std::string& name, const platform::Trouble& trouble,
+              const std::string& advice) {
+    return Bad(name, trouble.text, trouble.advice.empty() ? advice : trouble.advice);
+}
+
+Check NotExamined(const std::string& name, const std::string& why, const std::string& otherCheck) {
+    return Bad(name, why, "Fix what the check \"" + otherCheck + "\" tells first.");
+}
+
 Grade WorstOf(const Checks& checks) {
     Grade worst = Grade::Ok;
     for (const Check& check : checks) worst = std::max(worst, check.grade);

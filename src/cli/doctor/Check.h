@@ -1,6 +1,8 @@
 // One thing that `bmci2c doctor` looked at.
 #pragma once
 
+#include <platform/diagnostics/Trouble.h>
+
 #include <string>
 #include <vector>
 
@@ -24,6 +26,12 @@ Check Bad(const std::string& name, const std::string& text, const std::string& a
 // A trouble whose first sentence says what is wrong and whose other ones say what to do; `advice`
 // stands in where there are no others.
 Check BadFrom(const std::string& name, const std::string& trouble, const std::string& advice);
+
+// As the trouble says; `advice` stands in where it has none.
+Check BadFrom(const std::string& name, const platform::Trouble& trouble, const std::string& advice);
+
+// What was looked at depends on another check, which has failed.
+Check NotExamined(const std::string& name, const std::string& why, const std::string& otherCheck);
 
 // The worst of them; OK when there are none.
 Grade WorstOf(const Checks& checks);

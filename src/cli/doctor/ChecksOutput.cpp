@@ -2,6 +2,8 @@
 #include <cli/Text.h>
 #include <cli/doctor/ChecksOutput.h>
 
+#include <algorithm>
+
 namespace cli {
 
 namespace {
@@ -41,11 +43,27 @@ std::string Coloured(Grade grade, const Terminal& terminal) {
     }
 }
 
+// Checks that failed for one cause become one, which has all their names.
+Checks WithoutRepeats(const Checks& checks) {
+    Checks told;
+    for (const Check& check : checks) {
+        const auto same = std::ranges::find_if(told, [&](const Check& other) {
+            return check.grade == Grade::Fail && other.grade == check.grade &&
+                   other.text == check.text && other.advice == check.advice;
+        });
+        if (same == told.end())
+            told.push_back(check);
+        else
+            same->name += ", " + check.name;
+    }
+    return told;
+}
+
 }  // namespace
 
 std::string ChecksText(const Checks& checks, const Terminal& terminal) {
     std::string text;
-    for (const Check& check : checks) {
+    for (const Check& check : WithoutRepeats(checks)) {
         const std::string grade = GradeText(check.grade);
         std::string line = check.name + ": " + check.text;
         if (!check.advice.empty()) line += " " + check.advice;

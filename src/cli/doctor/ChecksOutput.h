@@ -9,7 +9,8 @@
 
 namespace cli {
 
-// "OK", "WARN" or "FAIL", the name, the text and the advice: a paragraph for each.
+// "OK", "WARN" or "FAIL", the name, the text and the advice: a paragraph for each. Checks that
+// failed for the same reason share one.
 std::string ChecksText(const Checks& checks, const Terminal& terminal);
 
 // {"format_version": 1, "version": ..., "verdict": "ok", "warning" or "failed", "checks": [...]},

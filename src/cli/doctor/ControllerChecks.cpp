@@ -1,5 +1,8 @@
+#include <cli/Text.h>
 #include <cli/doctor/ControllerChecks.h>
+#include <cli/doctor/SettingsChecks.h>
 #include <platform/service_processor/ControllerProbe.h>
+#include <platform/service_processor/TransportError.h>
 #include <platform/settings/FileText.h>
 #include <unistd.h>
 
@@ -13,18 +16,52 @@ namespace {
 using platform::ProbedNode;
 
 constexpr const char* kDevices = "devices";
-constexpr const char* kLoadDriver =
-    "Load the kernel's IPMI driver with: modprobe -a ipmi_si ipmi_devintf";
 
-Check CheckDevice(const std::string& path) {
-    const std::string name = "device " + path;
+std::string DeviceCheck(const ProbedNode& node) { return "device " + node.controller.device; }
+
+// What to do about a device that does not exist.
+std::string AdviceForMissing(const std::string& deviceFolder) {
+    const std::vector<ProbedNode> others = platform::NodesToProbe({}, deviceFolder);
+    if (others.empty())
+        return "Load the kernel's IPMI driver with: modprobe -a ipmi_si ipmi_devintf";
+    std::vector<std::string> paths;
+    for (const ProbedNode& other : others) paths.push_back(other.controller.device);
+    return "Correct the key device; this machine has " + Listed(paths) + ".";
+}
+
+Check CheckDevice(const ProbedNode& node, const std::string& deviceFolder) {
+    const std::string& path = node.controller.device;
     if (::access(path.c_str(), R_OK | W_OK) == 0)
-        return Good(name, "The device " + path + " may be read and written.");
+        return Good(DeviceCheck(node), "The device " + path + " may be read and written.");
     const int reason = errno;
     return Bad(
-        name,
+        DeviceCheck(node),
         "The device " + path + " cannot be read and written: " + platform::ReasonText(reason) + ".",
-        reason == ENOENT ? kLoadDriver : "Run the test as root, or as a user who may do both.");
+        reason == ENOENT ? AdviceForMissing(deviceFolder)
+                         : "Run the test as root, or as a user who may do both.");
+}
+
+// The check that has told already why the controller cannot be asked; empty when there is none.
+std::string CheckBefore(const ProbedNode& node, const std::string& code) {
+    using enum platform::TroubleCode;
+    if (code == NameOf(PasswordFile)) return SecretFileCheck("password", node.number);
+    if (code == NameOf(KeyFile)) return SecretFileCheck("k_g", node.number);
+    const bool isUnopened =
+        code == NameOf(Permission) || code == NameOf(NoDevice) || code == NameOf(Gone);
+    return isUnopened && ::access(node.controller.device.c_str(), R_OK | W_OK) != 0
+               ? DeviceCheck(node)
+               : "";
+}
+
+bool HasAnswered(const std::string& code) {
+    using enum platform::TroubleCode;
+    return code == NameOf(Busy) || code == NameOf(Refused);
+}
+
+std::string GeneralAdvice(const ProbedNode& node) {
+    return node.controller.transport == platform::TransportKind::Simulated
+               ? "Change its profile if it is to answer."
+               : "Check that the controller works and that its settings are right.";
 }
 
 Check CheckController(const ProbedNode& node) {
@@ -32,32 +69,30 @@ Check CheckController(const ProbedNode& node) {
     const std::string subject = "Controller " + std::to_string(node.number) + ", " + node.way + ",";
     const platform::ProbeResult result =
         platform::ProbeController(node.controller, node.number, node.limit);
-    if (result.answered)
+    if (result.id)
         return Good(name, subject + " answers: manufacturer " +
-                              std::to_string(result.id.manufacturer) + ", product " +
-                              std::to_string(result.id.product) + ", firmware " +
-                              result.id.firmware + ".");
-    return BadFrom(name, subject + " is not reached: " + result.trouble,
-                   "Check that the controller works and that its settings are right.");
-}
-
-Check NoController(const platform::Settings& settings, const std::string& deviceFolder) {
-    if (settings.controllers.value)
-        return Bad(kDevices,
-                   "The settings name no controller, says " + settings.controllers.place + ".",
-                   "Name one there, or leave the controllers out for every IPMI device.");
-    return BadFrom(kDevices, platform::NoDeviceText(deviceFolder), kLoadDriver);
+                              std::to_string(result.id->manufacturer) + ", product " +
+                              std::to_string(result.id->product) + ", firmware " +
+                              result.id->firmware + ".");
+    const platform::Trouble& trouble = result.trouble;
+    if (const std::string before = CheckBefore(node, trouble.code); !before.empty())
+        return NotExamined(name, subject + " was not asked.", before);
+    const char* const state = HasAnswered(trouble.code) ? " answers, but does not identify itself: "
+                                                        : " is not reached: ";
+    return Bad(name, subject + state + trouble.text,
+               trouble.advice.empty() ? GeneralAdvice(node) : trouble.advice);
 }
 
 }  // namespace
 
 Checks CheckControllers(const platform::Settings& settings, const std::string& deviceFolder) {
     const std::vector<ProbedNode> nodes = platform::NodesToProbe(settings, deviceFolder);
-    if (nodes.empty()) return {NoController(settings, deviceFolder)};
+    if (nodes.empty())
+        return {BadFrom(kDevices, platform::NoControllerTrouble(settings, deviceFolder), "")};
     Checks checks;
     for (const ProbedNode& node : nodes) {
         if (node.controller.transport == platform::TransportKind::InBand)
-            checks.push_back(CheckDevice(node.controller.device));
+            checks.push_back(CheckDevice(node, deviceFolder));
     }
     for (const ProbedNode& node : nodes) checks.push_back(CheckController(node));
     return checks;

@@ -37,11 +37,6 @@ Checks CheckRoot(const platform::Settings& settings) {
                                          roots.back() + ", the configured folder.")};
 }
 
-Check NotLookedAt(const std::string& name) {
-    return Bad(name, "This depends on the settings, which cannot be read.",
-               "Fix the settings first.");
-}
-
 }  // namespace
 
 Checks Examine(const Session& session) {
@@ -59,7 +54,8 @@ Checks Examine(const Session& session) {
     } else {
         for (const char* const name :
              {"machine type", "BIOS identifier", "catalog", "machine in the catalog", "devices"})
-            checks.push_back(NotLookedAt(name));
+            checks.push_back(NotExamined(
+                name, "This depends on the settings, which cannot be read.", "settings"));
     }
     return checks;
 }

@@ -71,15 +71,13 @@ template <class Read>
 void CheckSecretFile(const std::string& kind, int controller, const std::string& file, Read read,
                      Checks& checks) {
     if (file.empty()) return;
-    const std::string name = kind + " file of controller " + std::to_string(controller);
+    const std::string name = SecretFileCheck(kind, controller);
     try {
         read();
         checks.push_back(
             Good(name, "The " + kind + " file " + file + " can be read, by its owner only."));
     } catch (const platform::TransportError& error) {
-        checks.push_back(
-            BadFrom(name, error.what(),
-                    "Name a file that holds the " + kind + " with the key " + kind + "_file."));
+        checks.push_back(Bad(name, error.AsTrouble().text, error.AsTrouble().advice));
     }
 }
 
@@ -98,10 +96,13 @@ void CheckSecretFiles(const Settings& settings, Checks& checks) {
 
 }  // namespace
 
+std::string SecretFileCheck(const std::string& kind, int controller) {
+    return kind + " file of controller " + std::to_string(controller);
+}
+
 Checks CheckSettings(const Settings& settings) {
     if (!settings.problem.empty())
-        return {BadFrom("settings", settings.problem,
-                        "Give an allowed value; docs/platform-settings.md explains every key.")};
+        return {Bad("settings", settings.problem, settings.problemAdvice)};
     Checks checks = {CheckSettingsFile(settings)};
     if (const std::string& profile = settings.profileFile.value; !profile.empty())
         checks.push_back(

@@ -4,10 +4,15 @@
 #include <cli/doctor/Check.h>
 #include <platform/settings/Settings.h>
 
+#include <string>
+
 namespace cli {
 
 // The settings file (or that there is none), the profile, the log's file, and the password and k_g
 // files of each controller that has one. Of settings that cannot be read: only why.
 Checks CheckSettings(const platform::Settings& settings);
+
+// The name of the check of a controller's "password" or "k_g" file.
+std::string SecretFileCheck(const std::string& kind, int controller);
 
 }  // namespace cli

@@ -74,10 +74,7 @@ bool ControllerNode::Deliver(const MakeRequest& makeRequest, const UseAnswer& us
         throw;
     } catch (const std::exception& error) {
         stopClock();
-        Report(exchange,
-               TransportError(TroubleCode::Other,
-                              "The request could not be sent: " + std::string(error.what()) + ".",
-                              ""));
+        Report(exchange, CannotBeSent(error));
     }
     return false;
 }

@@ -37,13 +37,12 @@ ProbeResult ProbeController(const ControllerSettings& controller, int node,
     ProbeResult result;
     try {
         result.id = AskDeviceId(controller, node, limit);
-        result.answered = true;
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const TransportError& error) {
-        result.trouble = error.what();
+        result.trouble = error.AsTrouble();
     } catch (const std::exception& error) {
-        result.trouble = "The request could not be sent: " + std::string(error.what()) + ".";
+        result.trouble = CannotBeSent(error).AsTrouble();
     }
     return result;
 }

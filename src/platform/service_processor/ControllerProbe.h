@@ -3,7 +3,7 @@
 //
 //     for (const ProbedNode& node : NodesToProbe(settings)) {
 //         const ProbeResult result = ProbeController(node.controller, node.number, node.limit);
-//         std::cout << node.way << ": " << (result.answered ? result.id.firmware : result.trouble);
+//         std::cout << node.way << ": " << (result.id ? result.id->firmware : result.trouble.text);
 //     }
 #pragma once
 
@@ -12,6 +12,7 @@
 #include <platform/settings/Settings.h>
 
 #include <chrono>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,9 +26,8 @@ struct ProbedNode {
 };
 
 struct ProbeResult {
-    bool answered = false;
-    DeviceId id;          // when it answered
-    std::string trouble;  // when it did not: what is wrong and what to do; never a password
+    std::optional<DeviceId> id;  // when the controller told it
+    Trouble trouble;             // why it did not
 };
 
 // The controllers that the test would ask, in node order.

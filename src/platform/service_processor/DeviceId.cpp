@@ -23,12 +23,14 @@ std::string FirmwareText(std::uint8_t major, std::uint8_t minor) {
 }
 
 TransportError Refusal(std::uint8_t completionCode) {
-    return {completionCode == kNodeBusy || completionCode == kControllerBusy ? TroubleCode::Busy
-                                                                             : TroubleCode::Refused,
+    const bool isBusy = completionCode == kNodeBusy || completionCode == kControllerBusy;
+    return {isBusy ? TroubleCode::Busy : TroubleCode::Refused,
             "The controller answered Get Device ID with completion code " +
                 Hexadecimal(completionCode) + Meaning(completionCode) + ".",
-            "Every controller knows this command: try again, and restart the controller if that "
-            "does not help."};
+            isBusy
+                ? "Wait a while, then try again."
+                : "Every controller knows this command: try again, and restart the controller if "
+                  "that does not help."};
 }
 
 }  // namespace

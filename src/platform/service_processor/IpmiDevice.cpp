@@ -36,7 +36,8 @@ TransportError OpenTrouble(const std::string& path, DevicePresence presence, int
             return {TroubleCode::DeviceBusy, refused,
                     "Too many programs use it: end one of them, or try again."};
         default:
-            return {TroubleCode::NoDevice, refused, "Is the kernel module ipmi_devintf loaded?"};
+            return {TroubleCode::NoDevice, refused,
+                    "Check the setting device, and that the kernel module ipmi_devintf is loaded."};
     }
 }
 
@@ -57,7 +58,7 @@ TransportError UseTrouble(const std::string& path, int error) {
                 "Check that it belongs to the kernel module ipmi_devintf."};
         default:
             return {TroubleCode::Other,
-                    "The request to " + path + " failed: " + Reason(error) + ".", ""};
+                    "The request to " + path + " failed: " + Reason(error) + ".", kRetryAdvice};
     }
 }
 

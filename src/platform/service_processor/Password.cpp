@@ -22,7 +22,14 @@ struct Refusal {
 
     [[noreturn]] void operator()(const std::string& why, const std::string& advice = "") const {
         throw TransportError(kind.trouble,
-                             std::string("The ") + kind.name + " file " + file + " " + why, advice);
+                             std::string("The ") + kind.name + " file " + file + " " + why,
+                             advice.empty() ? Advice() : advice);
+    }
+
+    std::string Advice() const {
+        return std::string("Set ") + kind.name +
+               "_file to a file that only its owner may read, with the " + kind.content +
+               " in its first line.";
     }
 };
 
@@ -82,10 +89,10 @@ Password::Password(const std::string& file, std::size_t longest, SecretKind kind
         std::find_first_of(text.begin(), text.end(), kLineEnds.begin(), kLineEnds.end());
     const auto length = static_cast<std::size_t>(end - text.begin());
     std::fill(end, text.end(), '\0');
-    if (length == 0) refuse(std::string("has no ") + kind.name + " in its first line.");
+    if (length == 0) refuse(std::string("has no ") + kind.content + " in its first line.");
     if (length > longest) {
         refuse("has more than " + std::to_string(longest) +
-               " bytes in its first line, which is longer than a " + kind.name + " can be.");
+               " bytes in its first line, which is longer than a " + kind.content + " can be.");
     }
 }
 

@@ -12,12 +12,14 @@ namespace platform {
 
 // What a file holds, as its errors say.
 struct SecretKind {
-    const char* name;
+    const char* name;     // of the setting, without its "_file"
+    const char* content;  // in the file
     TroubleCode trouble;
 };
 
-constexpr SecretKind kPasswordFile{.name = "password", .trouble = TroubleCode::PasswordFile};
-constexpr SecretKind kKeyFile{.name = "k_g", .trouble = TroubleCode::KeyFile};
+constexpr SecretKind kPasswordFile{
+    .name = "password", .content = "password", .trouble = TroubleCode::PasswordFile};
+constexpr SecretKind kKeyFile{.name = "k_g", .content = "key", .trouble = TroubleCode::KeyFile};
 
 // The first line of the file, without its line end. The text is wiped when the object ends.
 class Password {

@@ -54,6 +54,11 @@ std::string NameOf(TroubleCode code) {
     return "other";
 }
 
+TransportError CannotBeSent(const std::exception& reason) {
+    return {TroubleCode::Other,
+            "The request could not be sent: " + std::string(reason.what()) + ".", kRetryAdvice};
+}
+
 TransportError Interrupted(int attempts) {
     return {TroubleCode::Interrupted,
             "The program was told to stop before the controller answered.", "Run the test again.",

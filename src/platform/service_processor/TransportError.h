@@ -63,6 +63,9 @@ private:
     int attempts;
 };
 
+// Something that is no trouble of the way to the controller kept the request from being sent.
+TransportError CannotBeSent(const std::exception& reason);
+
 // The program was told to stop while a controller was asked.
 TransportError Interrupted(int attempts = 1);
 

@@ -56,6 +56,7 @@ Settings ReadSettingsOrProblem(const Variables& chosen) {
         ApplyValidEnvironment(chosen, settings);
         settings.controllers.value.emplace();
         settings.problem = error.what();
+        settings.problemAdvice = error.Advice();
         return settings;
     }
 }

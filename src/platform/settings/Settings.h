@@ -94,6 +94,7 @@ struct Settings {
     Setting<std::string> log{"syslog"};  // as in LogTarget.h
     Setting<int> logLevel{2};            // messages of this severity or higher are written
     std::string problem;                 // why the settings could not be read; else empty
+    std::string problemAdvice;           // what to do about it
 };
 
 // Variables by name, instead of those of the process.

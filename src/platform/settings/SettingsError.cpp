@@ -4,6 +4,7 @@ namespace platform {
 
 SettingsError::SettingsError(const std::string& where, const std::string& found,
                              const std::string& allowed)
-    : std::runtime_error(where + ": found " + found + ", allowed " + allowed + ".") {}
+    : SettingsError(where + ": found " + found + ", allowed " + allowed + ".",
+                    "Correct it; docs/platform-settings.md explains every key.") {}
 
 }  // namespace platform

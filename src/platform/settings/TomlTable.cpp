@@ -147,12 +147,14 @@ TomlTable TomlTable::Read(const std::string& path) {
     try {
         document->root = toml::parse(ReadFileText(path), path);
     } catch (const std::system_error& error) {
-        throw SettingsError(path +
-                            ": The file cannot be read: " + ReasonText(error.code().value()) +
-                            ". Give an existing, readable file.");
+        throw SettingsError(
+            path + ": The file cannot be read: " + ReasonText(error.code().value()) + ".",
+            "Give an existing, readable file.");
     } catch (const toml::parse_error& error) {
-        throw SettingsError(PlaceText(*document, error.source()) + "The file is not valid TOML: " +
-                            std::string(error.description()) + ".");
+        throw SettingsError(
+            PlaceText(*document, error.source()) +
+                "The file is not valid TOML: " + std::string(error.description()) + ".",
+            "Fix the file at this line and column; texts stand between quotation marks.");
     }
     const toml::table* root = &document->root;
     return TomlTable(std::make_shared<Content>(Content{std::move(document), root, "", {}}));

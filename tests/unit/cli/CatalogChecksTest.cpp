@@ -132,6 +132,24 @@ TEST_F(CatalogChecks, GenericEntryOfTheFamily_MustBeThere) {
     EXPECT_EQ(OfMachine(oxc, {"7000", "", false}), NoGenericEntry("GENERIC_QUV"));
 }
 
+TEST_F(CatalogChecks, BrokenCatalog_IsNotSearchedForTheMachine) {
+    const std::string path = folder.Write(
+        "bmci2c.msg.xml", "<bmci2cmsg version=\"1.0\">\n" + Entry("7000") + "<machine\n");
+    const Checks checks = CheckCatalog(path, CatalogMachine{"7000", "", false});
+    ASSERT_EQ(checks.size(), 2u);
+    EXPECT_EQ(checks[0].grade, Grade::Fail);
+    EXPECT_EQ(checks[1],
+              Bad(kMachine, "The catalog has errors, so it is not known which machines it lists.",
+                  "Fix what the check \"catalog\" tells first."));
+}
+
+TEST_F(CatalogChecks, BrokenCatalogWithThisMachineBeforeTheError_KnowsIt) {
+    const std::string path =
+        folder.Write("bmci2c.msg.xml", "<bmci2cmsg version=\"1.0\">\n" + Entry("GENERIC_QUV") +
+                                           Entry("7000") + "<machine\n");
+    EXPECT_EQ(CheckCatalog(path, CatalogMachine{"7000", "", false}).at(1).grade, Grade::Ok);
+}
+
 TEST_F(CatalogChecks, FamilyByProducts_NeedsBothGenericEntries) {
     const CatalogMachine machine{"7000", "", std::vector<platform::ControllerProduct>{}};
     const std::string entries = Entry("GENERIC_QUV") + Entry("7000");

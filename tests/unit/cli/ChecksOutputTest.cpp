@@ -15,6 +15,17 @@ TEST(ChecksText, EveryCheck_HasItsGrade) {
     EXPECT_EQ(ChecksText({}, {}), "");
 }
 
+TEST(ChecksText, ChecksThatFailForOneCause_ShareAParagraph) {
+    const Check first = Bad("one", "It fails.", "Fix it.");
+    const Check again = Bad("three", "It fails.", "Fix it.");
+    const Check other = Bad("four", "It fails.", "Fix something else.");
+    EXPECT_EQ(ChecksText({first, Good("two", "It works."), again, other}, {}),
+              "FAIL  one, three: It fails. Fix it.\n"
+              "OK    two: It works.\n"
+              "FAIL  four: It fails. Fix something else.\n");
+    EXPECT_EQ(ChecksJson({first, again})["checks"].size(), 2u);
+}
+
 TEST(ChecksText, LongLines_AreIndented) {
     EXPECT_EQ(ChecksText({Bad("three", "It fails.", "Fix it.")}, {.width = 24}),
               "FAIL  three: It fails.\n"

@@ -34,8 +34,7 @@ TEST(ControllerChecks, SimulatedControllerThatIsSilent_IsBad) {
                 ElementsAre(Bad("controller 0",
                                 "Controller 0, simulated, is not reached: The simulated controller "
                                 "does not answer.",
-                                "Check that the controller works and that its settings are "
-                                "right.")));
+                                "Change its profile if it is to answer.")));
 }
 
 TEST(ControllerChecks, NoControllerInTheSettings_IsBadAndNamesTheLine) {
@@ -43,9 +42,31 @@ TEST(ControllerChecks, NoControllerInTheSettings_IsBadAndNamesTheLine) {
     settings.controllers.value.emplace();
     settings.controllers.place = "f.toml:3";
     EXPECT_THAT(CheckControllers(settings),
-                ElementsAre(Bad("devices", "The settings name no controller, says f.toml:3.",
-                                "Name one there, or leave the controllers out for every IPMI "
-                                "device.")));
+                ElementsAre(Bad("devices", "The settings list no controller (f.toml:3).",
+                                "Add a [[controller]], or remove the key to use this machine's "
+                                "IPMI devices.")));
+}
+
+TEST(ControllerChecks, NoControllerInTheProfile_IsBadAndNamesTheProfile) {
+    Settings settings;
+    settings.controllers = {.value = std::vector<platform::ControllerSettings>{},
+                            .origin = platform::Origin::Profile,
+                            .place = "p.toml"};
+    EXPECT_THAT(CheckControllers(settings),
+                ElementsAre(Bad("devices", "The profile p.toml lists no controller.",
+                                "Add a [[node]], or run the test without a profile to use this "
+                                "machine's IPMI devices.")));
+}
+
+TEST(ControllerChecks, BusyController_HasAnswered) {
+    platform::SimulatedNode node;
+    node.busy = 1;
+    EXPECT_THAT(CheckControllers(With(node)),
+                ElementsAre(Bad("controller 0",
+                                "Controller 0, simulated, answers, but does not identify itself: "
+                                "The controller answered Get Device ID with completion code 0xff "
+                                "(the controller is busy).",
+                                "Wait a while, then try again.")));
 }
 
 TEST(ControllerChecks, NoDevice_IsBadWithEveryPathThatWasTried) {
@@ -56,19 +77,37 @@ TEST(ControllerChecks, NoDevice_IsBadWithEveryPathThatWasTried) {
                                 "There is no IPMI device: " + folder.File("dev/ipmi0") + absent +
                                     "; " + folder.File("dev/ipmi/0") + absent + "; " +
                                     folder.File("dev/ipmidev/0") + absent + ".",
-                                "Is the kernel module ipmi_devintf loaded?")));
+                                "Load the kernel's IPMI driver (modprobe -a ipmi_si ipmi_devintf), "
+                                "or list the controllers in the settings file, then run the test "
+                                "again.")));
 }
 
-TEST(ControllerChecks, DeviceThatIsMissing_IsBadTwice) {
+Settings WithDevice(const std::string& device) {
     Settings settings;
-    settings.controllers.value.emplace(1).front().device = "/absent/ipmi0";
-    const Checks checks = CheckControllers(settings);
-    ASSERT_EQ(checks.size(), 2u);
-    EXPECT_EQ(checks[0],
-              Bad("device /absent/ipmi0",
-                  "The device /absent/ipmi0 cannot be read and written: No such file or directory.",
-                  kLoadDriver));
-    EXPECT_EQ(checks[1].grade, Grade::Fail);
+    settings.controllers.value.emplace(1).front().device = device;
+    return settings;
+}
+
+TEST(ControllerChecks, DeviceThatIsMissing_HasItsReasonOnce) {
+    const TemporaryFolder noDevices;
+    EXPECT_THAT(
+        CheckControllers(WithDevice("/absent/ipmi0"), noDevices.Path()),
+        ElementsAre(
+            Bad("device /absent/ipmi0",
+                "The device /absent/ipmi0 cannot be read and written: No such file or directory.",
+                kLoadDriver),
+            Bad("controller 0", "Controller 0, inband /absent/ipmi0, was not asked.",
+                "Fix what the check \"device /absent/ipmi0\" tells first.")));
+}
+
+TEST(ControllerChecks, DeviceThatIsMissingBesideOthers_IsWrongInTheSettings) {
+    const TemporaryFolder devices;
+    devices.Write("ipmi0", "");
+    devices.Write("ipmi2", "");
+    const Checks checks = CheckControllers(WithDevice(devices.File("ipmi1")), devices.Path());
+    EXPECT_EQ(checks.at(0).advice, "Correct the key device; this machine has " +
+                                       devices.File("ipmi0") + " and " + devices.File("ipmi2") +
+                                       ".");
 }
 
 TEST(ControllerChecks, FileInThePlaceOfADevice_MayBeReadButDoesNotAnswer) {

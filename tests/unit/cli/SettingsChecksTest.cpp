@@ -84,10 +84,9 @@ TEST_F(SettingsChecks, Problem_IsAllThatIsSaid) {
     Settings settings;
     settings.profileFile.value = "/p.toml";
     settings.problem = "f.toml:1:2: key 'x': found 1, allowed is 2.";
+    settings.problemAdvice = "Correct it.";
     EXPECT_THAT(CheckSettings(settings),
-                ElementsAre(Bad("settings", settings.problem,
-                                "Give an allowed value; docs/platform-settings.md explains every "
-                                "key.")));
+                ElementsAre(Bad("settings", settings.problem, "Correct it.")));
 }
 
 TEST_F(SettingsChecks, Profile_IsNamed) {
@@ -141,8 +140,8 @@ TEST_F(SettingsChecks, PasswordFileThatIsGone_IsBad) {
                 ElementsAre(Bad(kPasswordFile,
                                 "The password file /absent/secret cannot be read: No such file or "
                                 "directory.",
-                                "Name a file that holds the password with the key "
-                                "password_file.")));
+                                "Set password_file to a file that only its owner may read, with "
+                                "the password in its first line.")));
 }
 
 TEST_F(SettingsChecks, KeyFile_IsLookedAtAsAPasswordFileIs) {
@@ -154,7 +153,8 @@ TEST_F(SettingsChecks, KeyFile_IsLookedAtAsAPasswordFileIs) {
                 ElementsAre(Bad("k_g file of controller 1",
                                 "The k_g file /absent/key cannot be read: No such file or "
                                 "directory.",
-                                "Name a file that holds the k_g with the key k_g_file.")));
+                                "Set k_g_file to a file that only its owner may read, with the key "
+                                "in its first line.")));
 }
 
 TEST_F(SettingsChecks, PasswordLongerThanItsProtocolTakes_IsBadWithoutShowingIt) {

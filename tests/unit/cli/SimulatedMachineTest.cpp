@@ -21,8 +21,7 @@ TEST(SimulatedMachine, WhileItIsThere_IsWhatTheSettingsSay) {
     }
     EXPECT_FALSE(std::filesystem::exists(folder));
     EXPECT_EQ(platform::ReadSettingsOrProblem().problem,
-              "/absent/platform.toml: The file cannot be read: No such file or directory. Give an "
-              "existing, readable file.");
+              "/absent/platform.toml: The file cannot be read: No such file or directory.");
 }
 
 TEST(SimulatedMachine, WithoutAPlaceForItsFolder_IsAnError) {

@@ -63,8 +63,11 @@ TEST(BmcKey, OtherLines_AreRefusedWithoutShowingThem) {
             << digits;
     }
     EXPECT_EQ(WhyRefused("0x" + std::string(42, '1')),
-              "has more than 42 bytes in its first line, which is longer than a k_g can be.");
-    EXPECT_EQ(WhyRefused(""), "has no k_g in its first line.");
+              "has more than 42 bytes in its first line, which is longer than a key can be. Set "
+              "k_g_file to a file that only its owner may read, with the key in its first line.");
+    EXPECT_EQ(WhyRefused(""),
+              "has no key in its first line. Set k_g_file to a file that only its owner may read, "
+              "with the key in its first line.");
 }
 
 }  // namespace

@@ -248,8 +248,9 @@ TEST_F(ControllerNodeTest, OtherException_IsLoggedAndNotDelivered) {
     EXPECT_EQ(length, 250);
     EXPECT_THAT(FakeDiagnostics::Lines(),
                 ElementsAre(Line(NQUVZDX20::kLogError,
-                                 ".*: The request could not be sent: a lock is broken. \\(no "
-                                 "completion code, 1 attempt, [0-9]+ ms\\)")));
+                                 ".*: The request could not be sent: a lock is broken. Try again; "
+                                 "if that does not help, restart the controller. \\(no completion "
+                                 "code, 1 attempt, [0-9]+ ms\\)")));
 }
 
 TEST_F(ControllerNodeTest, LackOfMemory_ReachesTheCaller) {

@@ -24,40 +24,42 @@ ProbeResult Probe(const SimulatedNode& node, int number = kNode) {
 
 TEST(ControllerProbe, ControllerThatAnswers_NamesItself) {
     const ProbeResult result = Probe({});
-    EXPECT_TRUE(result.answered);
-    EXPECT_EQ(result.trouble, "");
+    EXPECT_EQ(result.trouble, Trouble());
     EXPECT_EQ(result.id,
               (DeviceId{.manufacturer = 0, .product = 0, .firmware = "1.00", .device = 0x20}));
 }
 
 TEST(ControllerProbe, ControllerThatIsSilent_SaysSo) {
     const ProbeResult result = Probe(NodeWith([](auto& it) { it.answers = false; }));
-    EXPECT_FALSE(result.answered);
-    EXPECT_EQ(result.trouble, "The simulated controller does not answer.");
+    EXPECT_FALSE(result.id);
+    EXPECT_EQ(result.trouble.code, "no_answer");
+    EXPECT_EQ(result.trouble.text, "The simulated controller does not answer.");
 }
 
 TEST(ControllerProbe, ControllerThatIsNotPresent_SaysSo) {
     const ProbeResult result = Probe(NodeWith([](auto& it) { it.present = false; }));
-    EXPECT_FALSE(result.answered);
-    EXPECT_EQ(result.trouble, "The profile says that this controller is not present.");
+    EXPECT_FALSE(result.id);
+    EXPECT_EQ(result.trouble.code, "not_present");
+    EXPECT_EQ(result.trouble.text, "The profile says that this controller is not present.");
 }
 
 TEST(ControllerProbe, BusyController_SaysSo) {
     const ProbeResult result = Probe(NodeWith([](auto& it) { it.busy = 1; }), kNode + 1);
-    EXPECT_FALSE(result.answered);
-    EXPECT_EQ(result.trouble,
-              "The controller answered Get Device ID with completion code 0xff (the controller is "
-              "busy). Every controller knows this command: try again, and restart the controller "
-              "if that does not help.");
+    EXPECT_FALSE(result.id);
+    EXPECT_EQ(
+        result.trouble,
+        (Trouble{.code = "busy",
+                 .text = "The controller answered Get Device ID with completion code 0xff (the "
+                         "controller is busy).",
+                 .advice = "Wait a while, then try again."}));
 }
 
 TEST(ControllerProbe, AnyTrouble_WritesNoLogLine) {
     FakeDiagnostics::Reset();
     ControllerSettings controller;
     controller.device = "/nonexistent/ipmi0";
-    EXPECT_EQ(ProbeController(controller, 0, kProbeLimit).trouble,
-              "The device /nonexistent/ipmi0 cannot be opened: No such file or directory. Is the "
-              "kernel module ipmi_devintf loaded?");
+    EXPECT_EQ(ProbeController(controller, 0, kProbeLimit).trouble.text,
+              "The device /nonexistent/ipmi0 cannot be opened: No such file or directory.");
     EXPECT_THAT(FakeDiagnostics::Lines(), IsEmpty());
 }
 

@@ -41,9 +41,13 @@ TEST(DeviceId, CompletionCode_IsToldWithItsMeaning) {
     EXPECT_EQ(TroubleWith({.completionCode = 0xFF, .data = kWholeAnswer}),
               (ThrownTrouble{TroubleCode::Busy,
                              "The controller answered Get Device ID with completion code 0xff "
-                             "(the controller is busy). Every controller knows this command: try "
-                             "again, and restart the controller if that does not help."}));
-    EXPECT_EQ(TroubleWith({.completionCode = 0xC1})->kind, TroubleCode::Refused);
+                             "(the controller is busy). Wait a while, then try again."}));
+    EXPECT_EQ(TroubleWith({.completionCode = 0xC1}),
+              (ThrownTrouble{TroubleCode::Refused,
+                             "The controller answered Get Device ID with completion code 0xc1 (the "
+                             "controller does not know the command). Every controller knows this "
+                             "command: try again, and restart the controller if that does not "
+                             "help."}));
 }
 
 }  // namespace

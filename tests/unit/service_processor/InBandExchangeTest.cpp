@@ -221,13 +221,14 @@ INSTANTIATE_TEST_SUITE_P(
         Failure{"open",
                 ENOENT,
                 {TroubleCode::NoDevice,
-                 "The device /dev/ipmi0 cannot be opened: No such file or directory. Is the kernel "
-                 "module ipmi_devintf loaded?"}},
+                 "The device /dev/ipmi0 cannot be opened: No such file or directory. Check the "
+                 "setting device, and that the kernel module ipmi_devintf is loaded."}},
         Failure{"open",
                 ENODEV,
                 {TroubleCode::NoDevice,
-                 "The device /dev/ipmi0 cannot be opened: No such device. Is the kernel module "
-                 "ipmi_devintf loaded?"}},
+                 "The device /dev/ipmi0 cannot be opened: No such device. Check the setting "
+                 "device, and "
+                 "that the kernel module ipmi_devintf is loaded."}},
         Failure{"open",
                 EACCES,
                 {TroubleCode::Permission,
@@ -255,7 +256,9 @@ INSTANTIATE_TEST_SUITE_P(
                  "device. Check that it belongs to the kernel module ipmi_devintf."}},
         Failure{"send",
                 ENOMEM,
-                {TroubleCode::Other, "The request to /dev/ipmi0 failed: Cannot allocate memory."}},
+                {TroubleCode::Other,
+                 "The request to /dev/ipmi0 failed: Cannot allocate memory. Try again; if that "
+                 "does not help, restart the controller."}},
         Failure{"receive",
                 ENODEV,
                 {TroubleCode::Gone,
@@ -263,7 +266,9 @@ INSTANTIATE_TEST_SUITE_P(
                  "ipmi_si) loaded?"}},
         Failure{"poll",
                 ENOMEM,
-                {TroubleCode::Other, "The request to /dev/ipmi0 failed: Cannot allocate memory."}}),
+                {TroubleCode::Other,
+                 "The request to /dev/ipmi0 failed: Cannot allocate memory. Try again; if that "
+                 "does not help, restart the controller."}}),
     [](const auto& failure) {
         return std::string(failure.param.call) + std::to_string(failure.param.error);
     });

@@ -45,8 +45,8 @@ TEST(InBandTransport, MissingDevice_IsNamedWithItsReason) {
     EXPECT_EQ(TroubleWith(device),
               (ThrownTrouble{TroubleCode::NoDevice,
                              "The device " + device +
-                                 " cannot be opened: No such file or directory. Is the kernel "
-                                 "module ipmi_devintf loaded?"}));
+                                 " cannot be opened: No such file or directory. Check the setting "
+                                 "device, and that the kernel module ipmi_devintf is loaded."}));
 }
 
 TEST(InBandTransport, DeviceWithoutPermission_IsNamedWithItsReason) {

@@ -53,7 +53,8 @@ TEST(LanTransport, PasswordOfTwentyBytes_IsTooLongForProtocol15) {
               (ThrownTrouble{TroubleCode::PasswordFile,
                              "The password file " + controller.passwordFile +
                                  " has more than 16 bytes in its first line, which is longer than "
-                                 "a password can be."}));
+                                 "a password can be. Set password_file to a file that only its "
+                                 "owner may read, with the password in its first line."}));
 }
 
 TEST(LanTransport, MissingPasswordFile_SendsNothing) {
@@ -63,7 +64,8 @@ TEST(LanTransport, MissingPasswordFile_SendsNothing) {
     EXPECT_EQ(TroubleWith(controller),
               (ThrownTrouble{TroubleCode::PasswordFile,
                              "The password file /nonexistent/password cannot be read: No such file "
-                             "or directory."}));
+                             "or directory. Set password_file to a file that only its owner may "
+                             "read, with the password in its first line."}));
 }
 
 TEST(LanTransport, HostNameWithoutAddress_IsNamed) {

@@ -20,6 +20,10 @@ ThrownTrouble Refused(const std::string& file, const std::string& why) {
     return {TroubleCode::PasswordFile, "The password file " + file + " " + why};
 }
 
+constexpr char kReplaceIt[] =
+    " Set password_file to a file that only its owner may read, with the password in its first "
+    "line.";
+
 TEST(Password, NoFile_IsEmpty) { EXPECT_STREQ(Password().Text(), ""); }
 
 TEST(Password, FileOfTwoLines_GivesTheFirst) {
@@ -52,10 +56,12 @@ TEST(Password, LineThatIsTooLong_IsRefusedWithoutShowingIt) {
     const TemporaryFolder folder;
     for (const std::size_t length : {21U, 255U, 256U, 4000U}) {
         const std::string file = folder.Write("p", std::string(length, 'x') + "\n");
-        EXPECT_EQ(TroubleWith(file),
-                  Refused(file,
-                          "has more than 20 bytes in its first line, which is longer than a "
-                          "password can be."));
+        EXPECT_EQ(
+            TroubleWith(file),
+            Refused(file,
+                    std::string("has more than 20 bytes in its first line, which is longer than a "
+                                "password can be.") +
+                        kReplaceIt));
     }
 }
 
@@ -63,26 +69,30 @@ TEST(Password, EmptyFirstLine_IsRefused) {
     const TemporaryFolder folder;
     for (const char* text : {"", "\n", "\nsecret\n", "\r\n"}) {
         const std::string file = folder.Write("p", text);
-        EXPECT_EQ(TroubleWith(file), Refused(file, "has no password in its first line."));
+        EXPECT_EQ(TroubleWith(file),
+                  Refused(file, std::string("has no password in its first line.") + kReplaceIt));
     }
 }
 
 TEST(Password, MissingFile_IsRefusedWithTheReason) {
     const TemporaryFolder folder;
     const std::string file = folder.File("missing");
-    EXPECT_EQ(TroubleWith(file), Refused(file, "cannot be read: No such file or directory."));
+    EXPECT_EQ(
+        TroubleWith(file),
+        Refused(file, std::string("cannot be read: No such file or directory.") + kReplaceIt));
 }
 
 TEST(Password, Folder_IsRefused) {
     const TemporaryFolder folder;
-    EXPECT_EQ(TroubleWith(folder.Path()), Refused(folder.Path(), "is not a regular file."));
+    EXPECT_EQ(TroubleWith(folder.Path()),
+              Refused(folder.Path(), std::string("is not a regular file.") + kReplaceIt));
 }
 
 TEST(Password, PipeWithoutWriter_IsRefusedWithoutWaiting) {
     const TemporaryFolder folder;
     const std::string file = folder.File("pipe");
     ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
-    EXPECT_EQ(TroubleWith(file), Refused(file, "is not a regular file."));
+    EXPECT_EQ(TroubleWith(file), Refused(file, std::string("is not a regular file.") + kReplaceIt));
 }
 
 class PasswordFileMode : public testing::TestWithParam<std::pair<mode_t, std::string>> {};

@@ -342,19 +342,36 @@ TEST_F(UnreadableSettings, FileThatIsNotThere_IsAnError) {
     for (const char* variable : {"BMCI2C_SIMULATE", "BMCI2C_CONFIG"}) {
         environment.Set(variable, path);
         EXPECT_EQ(ErrorOf([] { platform::ReadSettings(); }),
-                  path +
-                      ": The file cannot be read: No such file or directory. Give an existing, "
-                      "readable file.");
+                  path + ": The file cannot be read: No such file or directory.");
         environment.Set(variable, "");
     }
+}
+
+std::string AdviceFor(const std::function<void()>& read) {
+    try {
+        read();
+    } catch (const platform::SettingsError& error) {
+        return error.Advice();
+    }
+    return "no error";
+}
+
+TEST_F(UnreadableSettings, Advice_IsAboutWhatIsWrong) {
+    const auto read = [] { platform::ReadSettings(); };
+    environment.Set("BMCI2C_CONFIG", folder.File("absent.toml"));
+    EXPECT_EQ(AdviceFor(read), "Give an existing, readable file.");
+    environment.Set("BMCI2C_CONFIG", folder.Write("syntax.toml", "[machine\n"));
+    EXPECT_EQ(AdviceFor(read),
+              "Fix the file at this line and column; texts stand between quotation marks.");
+    environment.Set("BMCI2C_CONFIG", folder.Write("value.toml", "[log]\nlevel = 9\n"));
+    EXPECT_EQ(AdviceFor(read), "Correct it; docs/platform-settings.md explains every key.");
+    EXPECT_EQ(platform::ReadSettingsOrProblem().problemAdvice, AdviceFor(read));
 }
 
 TEST_F(UnreadableSettings, Folder_IsAnError) {
     environment.Set("BMCI2C_CONFIG", folder.File(""));
     EXPECT_EQ(ErrorOf([] { platform::ReadSettings(); }),
-              folder.File("") +
-                  ": The file cannot be read: Is a directory. Give an existing, "
-                  "readable file.");
+              folder.File("") + ": The file cannot be read: Is a directory.");
 }
 
 TEST_F(UnreadableSettings, BadProfileOfAController_IsNamedByItsOwnFileAndLine) {

@@ -12,7 +12,7 @@ from pathlib import Path
 
 import initramfs
 import pytest
-from machine import running_machine
+from machine import ISA_KCS, running_machine
 
 PROGRAMS = {"qemu-system-x86_64": "qemu-system-x86", "busybox": "busybox-static", "cpio": "cpio"}
 
@@ -53,15 +53,15 @@ def folder(request):
 
 @pytest.fixture(scope="module")
 def boot(folder):
-    """Starts the machine with these SMBIOS texts and controllers, as a context."""
+    """Starts the machine with these SMBIOS texts, and controllers at these interfaces, as a context."""
     kernel = Path(os.environ["BMCI2C_KERNEL"])
     missing = what_is_missing(kernel)
     if missing:
         pytest.skip(f"No machine for the test: {missing}")
 
-    def start(controllers=(), **smbios):
+    def start(controllers=(), interfaces=ISA_KCS, **smbios):
         archive = initramfs.build(folder, kernel)
-        return running_machine(folder, kernel, archive, smbios, controllers)
+        return running_machine(folder, kernel, archive, smbios, controllers, interfaces)
 
     return start
 

@@ -21,8 +21,12 @@ LONGEST_COMMAND = 300  # seconds: longer means that the machine hangs, however b
 # and without care for what a processor may leak.
 KERNEL_OPTIONS = "console=ttyS0 quiet panic=-1 no_timer_check mitigations=off"
 
-# Where the two interfaces are, and their interrupts.
-KCS = ("ioport=0xca2,irq=5", "ioport=0xcb0,irq=10")
+# KCS interfaces at fixed addresses. The kernel numbers them in the opposite order of the command line.
+ISA_KCS = ("isa-ipmi-kcs,ioport=0xca2,irq=5", "isa-ipmi-kcs,ioport=0xcb0,irq=10")
+
+# KCS interfaces that can be unbound, by their PCI addresses.
+PCI_ADDRESSES = ("0000:00:04.0", "0000:00:05.0", "0000:00:06.0")
+PCI_KCS = tuple(f"pci-ipmi-kcs,addr={address[-4:]}" for address in PCI_ADDRESSES)
 
 
 @dataclass
@@ -88,7 +92,7 @@ class Machine:
         )
 
 
-def qemu_command(folder, kernel, initramfs, smbios, controllers):
+def qemu_command(folder, kernel, initramfs, smbios, controllers, interfaces):
     command = [
         "qemu-system-x86_64",
         *("-machine", "pc,accel=tcg", "-smp", "2", "-m", "512"),
@@ -99,19 +103,19 @@ def qemu_command(folder, kernel, initramfs, smbios, controllers):
         *("-smbios", f"type=0,version={smbios['bios_version']}"),
         *("-smbios", f"type=1,product={smbios['product_name']}"),
     ]
-    # The kernel meets them in the opposite order, and numbers them as it meets them.
-    for number, (controller, kcs) in reversed(list(enumerate(zip(controllers, KCS)))):
+    places = list(enumerate(zip(controllers, interfaces)))
+    for number, (controller, kcs) in places[::-1] if interfaces is ISA_KCS else places:
         command += [
             "-chardev",
             f"socket,id=c{number},host=127.0.0.1,port={controller.port},reconnect=1",
             *("-device", f"ipmi-bmc-extern,id=b{number},chardev=c{number}"),
-            *("-device", f"isa-ipmi-kcs,bmc=b{number},{kcs}"),
+            *("-device", f"{kcs},bmc=b{number}"),
         ]
     return command
 
 
 @contextmanager
-def running_machine(folder, kernel, initramfs, smbios, controllers=()):
+def running_machine(folder, kernel, initramfs, smbios, controllers=(), interfaces=()):
     """Starts controllers and machine, yields the machine when it takes commands, stops them all."""
     (folder / "console").touch()
     with ExitStack() as everything, open(folder / "qemu.log", "wb") as log:
@@ -120,7 +124,7 @@ def running_machine(folder, kernel, initramfs, smbios, controllers=()):
             controller.start()
         process = everything.enter_context(
             child(
-                qemu_command(folder, kernel, initramfs, smbios, controllers),
+                qemu_command(folder, kernel, initramfs, smbios, controllers, interfaces),
                 stdin=subprocess.PIPE,
                 stdout=subprocess.PIPE,
                 stderr=log,

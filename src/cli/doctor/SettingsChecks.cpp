@@ -4,6 +4,7 @@
 #include <platform/service_processor/lan/BmcKey.h>
 #include <platform/settings/DefaultPaths.h>
 #include <platform/settings/FileText.h>
+#include <platform/settings/LanSupport.h>
 #include <platform/settings/LogTarget.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -63,9 +64,6 @@ void CheckLog(const Settings& settings, Checks& checks) {
                   "Name another one with the key sink under [log] or with BMCI2C_LOG."));
 }
 
-// As the protocols have it, in bytes.
-std::size_t LongestPassword(const std::string& protocol) { return protocol == "1.5" ? 16 : 20; }
-
 // `kind` is "password" or "k_g"; `read` throws when the file cannot be used.
 template <class Read>
 void CheckSecretFile(const std::string& kind, int controller, const std::string& file, Read read,
@@ -87,7 +85,8 @@ void CheckSecretFiles(const Settings& settings, Checks& checks) {
     for (const ControllerSettings& one : *settings.controllers.value) {
         CheckSecretFile(
             "password", number, one.passwordFile,
-            [&] { platform::Password(one.passwordFile, LongestPassword(one.protocol)); }, checks);
+            [&] { platform::Password(one.passwordFile, platform::LongestPassword(one.protocol)); },
+            checks);
         CheckSecretFile(
             "k_g", number, one.keyFile, [&] { platform::lan::BmcKey{one.keyFile}; }, checks);
         ++number;

@@ -1,7 +1,6 @@
 #include <platform/service_processor/HostAddress.h>
 #include <platform/service_processor/LanTransport.h>
 #include <platform/service_processor/lan/LanSession.h>
-#include <platform/service_processor/lan/RandomBytes.h>
 
 #include <algorithm>
 #include <optional>

@@ -1,9 +1,8 @@
 #include <platform/settings/ControllerTable.h>
 #include <platform/settings/FileText.h>
+#include <platform/settings/LanSupport.h>
 #include <platform/settings/NameList.h>
 
-#include <algorithm>
-#include <array>
 #include <system_error>
 #include <utility>
 
@@ -11,21 +10,7 @@ namespace platform {
 
 namespace {
 
-constexpr int kLastCipherSuite = 17;
-constexpr std::array kUnsupportedCipherSuites = {4, 5, 9, 10, 13, 14};  // by FreeIPMI
-constexpr std::size_t kLongestUserName = 16;                            // bytes
-constexpr int kLongestTimeLimit = 60;                                   // seconds
-
-// FreeIPMI's names of its workarounds, by protocol.
-const std::vector<std::string>& WorkaroundNames(const std::string& protocol) {
-    static const std::vector<std::string> k15 = {
-        "authcap",         "endianseq",       "forcepermsg",   "idzero",
-        "noauthcodecheck", "nochecksumcheck", "unexpectedauth"};
-    static const std::vector<std::string> k20 = {
-        "authcap", "integritycheckvalue", "intel20", "nochecksumcheck", "opensesspriv",
-        "sun20",   "supermicro20"};
-    return protocol == "1.5" ? k15 : k20;
-}
+constexpr int kLongestTimeLimit = 60;  // seconds
 
 std::string RequiredText(TomlTable& table, std::string_view key, const std::string& allowed) {
     return table.Required(key, table.NonEmptyText(key), allowed);
@@ -41,10 +26,9 @@ std::optional<std::string> ReadUser(TomlTable& table) {
 
 std::optional<int> ReadCipherSuite(TomlTable& table) {
     const std::optional<int> suite = table.Integer("cipher_suite", 0, kLastCipherSuite);
-    if (suite &&
-        std::ranges::find(kUnsupportedCipherSuites, *suite) != kUnsupportedCipherSuites.end())
+    if (suite && !IsSupportedCipherSuite(*suite))
         table.Reject("cipher_suite", std::to_string(*suite),
-                     "are 0 to 3, 6 to 8, 11, 12 and 15 to 17, which FreeIPMI supports");
+                     std::string("are ") + kCipherSuitesInWords + ", which FreeIPMI supports");
     return suite;
 }
 
@@ -65,8 +49,8 @@ void ReadLan(TomlTable& table, const std::filesystem::path& folder, ControllerSe
     lan.cipherSuite = ReadCipherSuite(table).value_or(lan.cipherSuite);
     lan.workarounds =
         table.Choices("workarounds", WorkaroundNames(lan.protocol)).value_or(lan.workarounds);
-    lan.privilegeLevel = table.Choice("privilege_level", {"user", "operator", "administrator"})
-                             .value_or(lan.privilegeLevel);
+    lan.privilegeLevel =
+        table.Choice("privilege_level", PrivilegeLevelNames()).value_or(lan.privilegeLevel);
 }
 
 SimulatedProfile ReadProfile(TomlTable& table, const std::filesystem::path& folder,

@@ -33,16 +33,6 @@ TEST(LanTransport, Describe_NamesHostAndPort) {
     EXPECT_EQ(DescriptionOf("[2001:db8::1]"), "lan [2001:db8::1]:623");
 }
 
-TEST(LanTransport, UserNameThatIsTooLong_IsRefused) {
-    ControllerSettings controller;
-    controller.host = "127.0.0.1";
-    controller.user = "seventeen-letters";
-    EXPECT_EQ(TroubleWith(controller),
-              (ThrownTrouble{TroubleCode::Settings,
-                             "The user name 'seventeen-letters' is longer than the 16 bytes that "
-                             "IPMI takes."}));
-}
-
 TEST(LanTransport, PasswordOfTwentyBytes_IsTooLongForProtocol15) {
     const TemporaryFolder folder;
     ControllerSettings controller;
@@ -99,16 +89,6 @@ TEST(LanTransport, Request_LeavesTheSequenceOfRand) {
                      TransportError);
     };
     EXPECT_EQ(RandomNumbers(request), RandomNumbers([] {}));
-}
-
-TEST(LanTransport, CipherSuiteThatFreeIpmiLacks_IsRefused) {
-    ControllerSettings controller;
-    controller.host = "127.0.0.1";
-    controller.cipherSuite = 4;
-    EXPECT_EQ(TroubleWith(controller),
-              (ThrownTrouble{TroubleCode::Settings,
-                             "FreeIPMI does not support cipher suite 4. Most controllers offer "
-                             "cipher suite 3 or 17."}));
 }
 
 }  // namespace

@@ -3,8 +3,6 @@
 
 #include <cerrno>
 
-#include "TemporaryFolder.h"
-
 namespace platform::lan {
 
 std::ostream& operator<<(std::ostream& output, const LanFailure& failure) {
@@ -153,35 +151,35 @@ INSTANTIATE_TEST_SUITE_P(
              kRestart}}));
 
 TEST(CompletionCodeOfTheOpening, IsPutIntoWords) {
-    ExpectFailure(CapabilitiesRefused(Account20(), 0xCC),
+    ExpectFailure(Refused(Account20(), Step::Capabilities, 0xCC),
                   {TroubleCode::Refused,
                    "does not tell how it can be logged in to: completion code 0xcc (the "
                    "controller could not carry out the command).",
                    "Check that IPMI over LAN is switched on for the privilege_level."});
-    ExpectFailure(ChallengeRefused(Account15(), 0x81),
+    ExpectFailure(Refused(Account15(), Step::Challenge, 0x81),
                   {TroubleCode::RefusedUser,
                    std::string(kUnknownUser) + "completion code 0x81 (invalid user name).",
                    "Correct the setting user."});
     ExpectFailure(
-        ChallengeRefused(Account15(), 0x82),
+        Refused(Account15(), Step::Challenge, 0x82),
         {TroubleCode::RefusedUser,
          std::string(kUnknownUser) + "completion code 0x82 (no log-in without a user name).",
          "Correct the setting user."});
     ExpectFailure(
-        ActivationRefused(Account15(), 0x81),
+        Refused(Account15(), Step::Activation, 0x81),
         {TroubleCode::NoSession, "has no session free: completion code 0x81 (no session slot).",
          kCloseOne, Retry::Later});
-    ExpectFailure(ActivationRefused(Account15(), 0x86),
+    ExpectFailure(Refused(Account15(), Step::Activation, 0x86),
                   {TroubleCode::RefusedPrivilege,
                    std::string(kLevelRefused) +
                        "completion code 0x86 (above the limit of the user or channel).",
                    kLowerLevel});
     ExpectFailure(
-        PrivilegeRefused(Account20(), 0x80),
+        Refused(Account20(), Step::Privilege, 0x80),
         {TroubleCode::RefusedPrivilege,
          std::string(kLevelRefused) + "completion code 0x80 (not available for this user).",
          kLowerLevel});
-    ExpectFailure(PrivilegeRefused(Account20(), 0x81),
+    ExpectFailure(Refused(Account20(), Step::Privilege, 0x81),
                   {TroubleCode::RefusedPrivilege,
                    std::string(kLevelRefused) +
                        "completion code 0x81 (above the limit of the user or channel).",
@@ -192,36 +190,38 @@ TEST(CompletionCodeOfTheOpening, BusyController_IsAskedLater) {
     const Expected busy{TroubleCode::NoSession,
                         "has no session free: completion code 0xc0 (the controller is busy).",
                         kCloseOne, Retry::Later};
-    ExpectFailure(CapabilitiesRefused(Account20(), 0xC0), busy);
-    ExpectFailure(ChallengeRefused(Account15(), 0xC0), busy);
-    ExpectFailure(ActivationRefused(Account15(), 0xC0), busy);
-    ExpectFailure(PrivilegeRefused(Account20(), 0xC0), busy);
+    ExpectFailure(Refused(Account20(), Step::Capabilities, 0xC0), busy);
+    ExpectFailure(Refused(Account15(), Step::Challenge, 0xC0), busy);
+    ExpectFailure(Refused(Account15(), Step::Activation, 0xC0), busy);
+    ExpectFailure(Refused(Account20(), Step::Privilege, 0xC0), busy);
 }
 
-TEST(ProtocolNotOffered, NamesTheOtherProtocol) {
-    ExpectFailure(ProtocolNotOffered(Account20()),
+TEST(Failure, OfTheProtocol_NamesTheOtherOne) {
+    ExpectFailure(Failure(Account20(), kNo20),
                   {TroubleCode::RefusedAuthentication, "does not offer IPMI 2.0.",
                    "Set protocol = \"1.5\"."});
-    ExpectFailure(ProtocolNotOffered(Account15()),
+    ExpectFailure(Failure(Account15(), kNo15),
                   {TroubleCode::RefusedAuthentication, "does not offer IPMI 1.5 with MD5.",
                    "Set protocol = \"2.0\"."});
 }
 
-TEST(OtherKey, NoKeySet_AsksForOne) {
+TEST(Failure, OfTheKey_AsksForItOrDoubtsIt) {
     ExpectFailure(
-        OtherKey(Account20()),
+        Failure(Account20(), kKeyNotSet),
         {TroubleCode::RefusedPassword, "has a key K_G, or another password for the user 'tester'.",
          "Give its key by the setting k_g_file, or correct the password file."});
-}
-
-TEST(OtherKey, KeySet_IsDoubted) {
-    const TemporaryFolder folder;
-    ControllerSettings controller = ControllerOf("2.0");
-    controller.keyFile = folder.Write("key", "a key\n");
-    ExpectFailure(OtherKey(LanAccount(controller)),
+    ExpectFailure(Failure(Account20(), kOtherKey),
                   {TroubleCode::RefusedPassword,
                    "has another key K_G, or another password for the user 'tester'.",
                    "Correct the file that k_g_file names, or the password file."});
+}
+
+TEST(Failure, UserWithTheNameOfAPlace_IsLeftAsItIs) {
+    ControllerSettings controller = ControllerOf("2.0");
+    controller.user = "<level>";
+    ExpectFailure(Failure(LanAccount(controller), kOtherPassword),
+                  {TroubleCode::RefusedPassword, "has another password for the user '<level>'.",
+                   "Correct the password file."});
 }
 
 TEST(FellSilent, NothingAtAll_IsNotRetried) {

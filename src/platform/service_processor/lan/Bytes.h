@@ -28,4 +28,11 @@ inline void AppendNumber(Bytes& bytes, std::uint32_t number) {
     }
 }
 
+// Bytes that nobody can guess, from the system; rand() of the process is left alone. Throws
+// std::system_error.
+Bytes RandomBytes(std::size_t count);
+
+// Other than 0.
+std::uint32_t RandomId();
+
 }  // namespace platform::lan

@@ -16,13 +16,16 @@ public:
     // As LanChannel::Exchange().
     IpmiAnswer Ask(LanFormat& format, const IpmiRequest& request);
 
-    // Sends once, and waits for a moment when `waits`.
-    void Tell(LanFormat& format, const IpmiRequest& request, bool waits);
+    // As LanChannel::Finish().
+    void End(LanFormat& format, const IpmiRequest& request);
+
+    // Sends once, and waits for nothing.
+    void Abandon(LanFormat& format, const IpmiRequest& request);
 
 private:
-    LanMessage Next(const IpmiRequest& request);
-    std::variant<IpmiAnswer, Flaw> Read(const LanFormat& format, ByteView packet,
-                                        const LanMessage& message) const;
+    LanMessage Next(const IpmiRequest& request) { return {request, ++sequence}; }
+    LanChannel::Read Reader(const LanFormat& format, const LanMessage& message,
+                            IpmiAnswer& answer) const;
 
     const LanAccount& account;
     LanChannel& channel;

@@ -38,6 +38,20 @@ public:
         return data;
     }
 
+    Bytes All() const {
+        Bytes data(kLongestPacket);
+        const int length =
+            fiid_obj_get_all(Get(), data.data(), static_cast<unsigned int>(data.size()));
+        data.resize(length < 0 ? 0 : static_cast<std::size_t>(length));
+        return data;
+    }
+
+    // False when the packet is none of the template's.
+    bool SetAll(ByteView data) {
+        fiid_obj_clear(Get());
+        return fiid_obj_set_all(Get(), data.data(), static_cast<unsigned int>(data.size())) >= 0;
+    }
+
     // `data` must fit the field.
     void SetData(const char* field, ByteView data) {
         fiid_obj_clear_field(Get(), field);

@@ -1,20 +1,9 @@
 #include <platform/service_processor/lan/Format20.h>
+#include <platform/service_processor/lan/Packet20.h>
 
 #include <utility>
 
 namespace platform::lan {
-
-namespace {
-
-constexpr std::size_t kPayloadTypePlace = 5;
-constexpr std::size_t kSessionPlace20 = 6;
-constexpr std::size_t kLengthPlace20 = 14;
-constexpr std::size_t kHeaderSize20 = 16;
-constexpr std::uint8_t kPayloadTypeMask = 0x3F;
-constexpr std::uint8_t kAuthenticatedBit = 0x40;
-constexpr std::uint8_t kEncryptedBit = 0x80;
-
-}  // namespace
 
 Format20::Format20(const LanAccount& lanAccount, Session20 session20)
     : account(lanAccount), session(std::move(session20)) {}
@@ -28,8 +17,7 @@ Bytes Format20::Pack(const LanMessage& message) {
     const FiidObject body = MessageBody(message);
     if (++sequence == 0) sequence = 1;
     fill_rmcp_hdr_ipmi(rmcp.Get());
-    fill_rmcpplus_session_hdr(IPMI_PAYLOAD_TYPE_IPMI, by.integrity != IPMI_INTEGRITY_ALGORITHM_NONE,
-                              by.confidentiality != IPMI_CONFIDENTIALITY_ALGORITHM_NONE, 0, 0,
+    fill_rmcpplus_session_hdr(IPMI_PAYLOAD_TYPE_IPMI, IsAuthenticated(), IsEncrypted(), 0, 0,
                               session.controllerId, sequence, header.Get());
     fill_rmcpplus_session_trlr(trailer.Get());
     Bytes packet(kLongestPacket);
@@ -43,26 +31,15 @@ Bytes Format20::Pack(const LanMessage& message) {
 }
 
 std::optional<Flaw> Format20::FlawOfHeader(ByteView packet) const {
-    if (ipmi_is_ipmi_2_0_packet(packet.data(), static_cast<unsigned int>(packet.size())) != 1) {
-        return Flaw::Unreadable;
+    const auto read = ReadPacket20(packet);
+    if (const Flaw* flaw = std::get_if<Flaw>(&read)) return *flaw;
+    const Packet20& header = std::get<Packet20>(read);
+    if (header.type != IPMI_PAYLOAD_TYPE_IPMI) {
+        return IPMI_PAYLOAD_TYPE_SESSION_SETUP(header.type) ? Flaw::Late : Flaw::Unreadable;
     }
-    if (packet.size() < kHeaderSize20) return Flaw::TooShort;
-    const std::size_t length = packet[kLengthPlace20] + 0x100U * packet[kLengthPlace20 + 1];
-    if (packet.size() < kHeaderSize20 + length) return Flaw::TooShort;
-    const std::uint8_t type = packet[kPayloadTypePlace];
-    if ((type & kPayloadTypeMask) != IPMI_PAYLOAD_TYPE_IPMI) {
-        return IPMI_PAYLOAD_TYPE_SESSION_SETUP(type) ? Flaw::Late : Flaw::Unreadable;
-    }
-    if (ReadNumber(packet, kSessionPlace20) != session.ownId) return Flaw::Session;
-    const bool isAuthenticated = (type & kAuthenticatedBit) != 0;
-    const bool isEncrypted = (type & kEncryptedBit) != 0;
-    if (isAuthenticated != (session.algorithms.integrity != IPMI_INTEGRITY_ALGORITHM_NONE)) {
-        return Flaw::Authentication;
-    }
-    if (isEncrypted !=
-        (session.algorithms.confidentiality != IPMI_CONFIDENTIALITY_ALGORITHM_NONE)) {
-        return Flaw::Encryption;
-    }
+    if (header.sessionId != session.ownId) return Flaw::Session;
+    if (header.isAuthenticated != IsAuthenticated()) return Flaw::Authentication;
+    if (header.isEncrypted != IsEncrypted()) return Flaw::Encryption;
     return std::nullopt;
 }
 
@@ -88,11 +65,10 @@ std::variant<Bytes, Flaw> Format20::Unpack(ByteView packet) const {
     // FreeIPMI does not read what follows a message that is too short.
     Bytes message = payload.Data("payload_data");
     if (message.size() < kShortestAnswer) return Flaw::TooShort;
-    if (by.integrity != IPMI_INTEGRITY_ALGORITHM_NONE &&
-        ipmi_rmcpplus_check_packet_session_authentication_code(
-            by.integrity, packet.data(), size, session.integrityKey.Data(),
-            session.integrityKey.Length(), account.password.Text(), account.password.Length(),
-            trailer.Get()) != 1) {
+    if (IsAuthenticated() && ipmi_rmcpplus_check_packet_session_authentication_code(
+                                 by.integrity, packet.data(), size, session.integrityKey.Data(),
+                                 session.integrityKey.Length(), account.password.Text(),
+                                 account.password.Length(), trailer.Get()) != 1) {
         return Flaw::Authentication;
     }
     return message;

@@ -34,6 +34,12 @@ public:
 
 private:
     std::optional<Flaw> FlawOfHeader(ByteView packet) const;
+    bool IsAuthenticated() const {
+        return session.algorithms.integrity != IPMI_INTEGRITY_ALGORITHM_NONE;
+    }
+    bool IsEncrypted() const {
+        return session.algorithms.confidentiality != IPMI_CONFIDENTIALITY_ALGORITHM_NONE;
+    }
 
     const LanAccount& account;
     const Session20 session;

@@ -3,6 +3,7 @@
 
 #include <platform/service_processor/Password.h>
 #include <platform/service_processor/lan/BmcKey.h>
+#include <platform/settings/LanSupport.h>
 #include <platform/settings/Settings.h>
 
 #include <cstdint>
@@ -15,14 +16,14 @@ namespace platform::lan {
 std::string LanPlace(const ControllerSettings& controller);
 
 struct LanAccount {
-    // `controllerSettings` must outlive the object. Throws TransportError when they cannot be used,
-    // or the password or the key cannot be read.
+    // `controllerSettings` must outlive the object. Throws TransportError when the password or the
+    // key cannot be read.
     explicit LanAccount(const ControllerSettings& controllerSettings);
 
     bool IsProtocol15() const { return controller.protocol == "1.5"; }
 
-    // FreeIPMI's number.
-    std::uint8_t PrivilegeLevel() const;
+    // IPMI's number.
+    std::uint8_t PrivilegeLevel() const { return PrivilegeLevelOf(controller.privilegeLevel); }
 
     // By its name in the settings.
     bool Has(std::string_view workaround) const;

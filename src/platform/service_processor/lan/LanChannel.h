@@ -2,8 +2,8 @@
 #pragma once
 
 #include <platform/service_processor/TimeAllowance.h>
-#include <platform/service_processor/lan/UdpSocket.h>
 #include <platform/service_processor/UnusableAnswers.h>
+#include <platform/service_processor/lan/UdpSocket.h>
 
 #include <functional>
 #include <string>

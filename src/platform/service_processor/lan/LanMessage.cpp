@@ -1,5 +1,5 @@
-#include <platform/service_processor/lan/LanFailure.h>
 #include <platform/service_processor/lan/LanMessage.h>
+#include <platform/service_processor/lan/LanTrouble.h>
 
 #include <numeric>
 
@@ -65,8 +65,8 @@ FiidObject AnswerHeader() { return FiidObject(tmpl_lan_msg_hdr_rs); }
 FiidObject AnswerBody() { return FiidObject(rawMessage); }
 FiidObject AnswerTrailer() { return FiidObject(tmpl_lan_msg_trlr); }
 
-std::variant<IpmiAnswer, Flaw> ReadAnswer(ByteView payload, const LanMessage& message,
-                                          bool checksChecksums) {
+std::optional<Flaw> ReadAnswer(ByteView payload, const LanMessage& message, bool checksChecksums,
+                               IpmiAnswer& answer) {
     if (payload.size() < kShortestAnswer) return Flaw::TooShort;
     if (checksChecksums && !(HasGoodChecksum(payload.first(kHeaderSize)) &&
                              HasGoodChecksum(payload.subspan(kHeaderSize)))) {
@@ -80,10 +80,9 @@ std::variant<IpmiAnswer, Flaw> ReadAnswer(ByteView payload, const LanMessage& me
         return Flaw::NetworkFunction;
     }
     if (payload[kCommandPlace] != message.request.command) return Flaw::Command;
-    IpmiAnswer answer;
     answer.completionCode = payload[kCodePlace];
     answer.data.assign(payload.begin() + kDataPlace, payload.end() - kTrailerSize);
-    return answer;
+    return std::nullopt;
 }
 
 }  // namespace platform::lan

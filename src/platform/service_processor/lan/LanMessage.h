@@ -2,9 +2,10 @@
 #pragma once
 
 #include <platform/service_processor/IpmiMessage.h>
-#include <platform/service_processor/lan/FiidObject.h>
 #include <platform/service_processor/UnusableAnswers.h>
+#include <platform/service_processor/lan/FiidObject.h>
 
+#include <optional>
 #include <variant>
 
 namespace platform::lan {
@@ -24,9 +25,9 @@ Bytes Assembled(Bytes packet, int length);
 // With a completion code, and no data.
 constexpr std::size_t kShortestAnswer = 8;
 
-// The answer in the payload of a packet, or why it is no answer to the message.
-std::variant<IpmiAnswer, Flaw> ReadAnswer(ByteView payload, const LanMessage& message,
-                                          bool checksChecksums);
+// Reads the answer to the message from the payload of a packet, or says why it is none.
+std::optional<Flaw> ReadAnswer(ByteView payload, const LanMessage& message, bool checksChecksums,
+                               IpmiAnswer& answer);
 
 // Parts of an answer, into which FreeIPMI reads a packet.
 FiidObject AnswerHeader();

@@ -1,7 +1,6 @@
 #include <platform/service_processor/lan/Format15.h>
 #include <platform/service_processor/lan/LanSession.h>
-#include <platform/service_processor/lan/LogIn15.h>
-#include <platform/service_processor/lan/LogIn20.h>
+#include <platform/service_processor/lan/LogIn.h>
 
 namespace platform::lan {
 
@@ -38,13 +37,13 @@ LanSession::LanSession(const LanAccount& lanAccount, const std::string& address,
       conversation(account, channel) {}
 
 LanSession::~LanSession() {
-    if (format) conversation.Tell(*format, CloseRequest(), false);
+    if (format) conversation.Abandon(*format, CloseRequest());
 }
 
 IpmiAnswer LanSession::Send(const IpmiRequest& request) {
     try {
         IpmiAnswer answer = OpenAndSend(request);
-        conversation.Tell(*format, CloseRequest(), true);
+        conversation.End(*format, CloseRequest());
         format.reset();
         return answer;
     } catch (const Silence& silence) {
@@ -70,11 +69,12 @@ void LanSession::AskCapabilities() {
                                    .command = kGetCapabilities,
                                    .data = {channelNumber, account.PrivilegeLevel()}});
     if (answer.completionCode != kCompleted) {
-        throw CapabilitiesRefused(account, answer.completionCode);
+        throw Refused(account, Step::Capabilities, answer.completionCode);
     }
-    if (answer.data.size() < kCapabilitiesSize) throw CutShort(account);
-    const bool isOffered = account.IsProtocol15() ? Offers15(answer.data) : Offers20(answer.data);
-    if (!isOffered && !account.Has("authcap")) throw ProtocolNotOffered(account);
+    if (answer.data.size() < kCapabilitiesSize) throw Failure(account, kCutShort);
+    const bool is15 = account.IsProtocol15();
+    const bool isOffered = is15 ? Offers15(answer.data) : Offers20(answer.data);
+    if (!isOffered && !account.Has("authcap")) throw Failure(account, is15 ? kNo15 : kNo20);
 }
 
 void LanSession::SetPrivilegeLevel() {
@@ -82,7 +82,7 @@ void LanSession::SetPrivilegeLevel() {
         *format,
         {.netFn = kAppNetFn, .command = kSetPrivilegeLevel, .data = {account.PrivilegeLevel()}});
     if (answer.completionCode != kCompleted) {
-        throw PrivilegeRefused(account, answer.completionCode);
+        throw Refused(account, Step::Privilege, answer.completionCode);
     }
 }
 

@@ -1,4 +1,3 @@
-#include <freeipmi/freeipmi.h>
 #include <platform/service_processor/CompletionCode.h>
 #include <platform/service_processor/Hexadecimal.h>
 #include <platform/service_processor/IpmiMessage.h>
@@ -6,314 +5,210 @@
 #include <platform/service_processor/lan/LanTrouble.h>
 
 #include <algorithm>
-#include <iterator>
-#include <string_view>
+#include <span>
 #include <system_error>
 
 namespace platform::lan {
 
 namespace {
 
-constexpr char kUserAdvice[] = "Correct the setting user.";
-constexpr char kPasswordAdvice[] = "Correct the password file.";
-constexpr char kPrivilegeAdvice[] = "Raise it in the controller, or set a lower privilege_level.";
-constexpr char kSuiteAdvice[] = "Try another cipher_suite.";
-constexpr char kSessionAdvice[] = "Close one, or try again.";
-
-std::string ControllerAt(const LanAccount& account) {
-    return "The controller at " + LanPlace(account.controller);
+// Refusals; <reason> is the code in words.
+constexpr Fault kNoSession{TroubleCode::NoSession,
+                           "The controller at <host> has no session free: <reason>.",
+                           "Close one, or try again.", Retry::Later};
+constexpr Fault kUnknownUser{TroubleCode::RefusedUser,
+                             "The controller at <host> does not know the user '<user>': <reason>.",
+                             "Correct the setting user."};
+constexpr Fault kWrongPassword{
+    TroubleCode::RefusedPassword,
+    "The controller at <host> has another password for the user '<user>': <reason>.",
+    kPasswordAdvice};
+constexpr Fault kLevelRefused{
+    TroubleCode::RefusedPrivilege,
+    "The controller at <host> does not let the user '<user>' work at the privilege level <level>: "
+    "<reason>.",
+    "Raise it in the controller, or set a lower privilege_level."};
+constexpr Fault kSuiteRefused{
+    TroubleCode::RefusedAuthentication,
+    "The controller at <host> opened no session by cipher suite <number>: <reason>.", kSuiteAdvice};
+constexpr Fault kCapabilitiesRefused{
+    TroubleCode::Refused,
+    "The controller at <host> does not tell how it can be logged in to: <reason>.",
+    "Check that IPMI over LAN is switched on for the privilege_level."};
+constexpr Fault LogInRefused(std::string_view advice, Retry retry = Retry::Never) {
+    return {TroubleCode::RefusedLogin,
+            "The controller at <host> refused the log-in of the user '<user>': <reason>.", advice,
+            retry};
 }
+constexpr Fault kLogInRefused = LogInRefused(kRetryAdvice);
+constexpr Fault kSessionLost = LogInRefused(kRetryAdvice, Retry::Once);
+constexpr Fault kPayloadRefused = LogInRefused(kSuiteAdvice);
+constexpr Fault kParameterRefused = LogInRefused("Try another cipher_suite or privilege_level.");
 
-std::string QuotedUser(const LanAccount& account) {
-    return "the user '" + account.controller.user + "'";
+// Silence, by what the session had reached.
+constexpr Fault kNoFirstAnswer{TroubleCode::NoAnswer,
+                               "The controller at <host> did not answer within <time>.",
+                               "Check the address, the port, and that IPMI over LAN is switched "
+                               "on."};
+constexpr Fault LogInStopped(std::string_view advice) {
+    return {TroubleCode::NoAnswer,
+            "The controller at <host> stopped answering while a session was opened.", advice,
+            Retry::Once};
 }
+constexpr Fault kLogInStopped15 = LogInStopped(kRetryAdvice);
+constexpr Fault kLogInStopped20 = LogInStopped(
+    "Try again; if that does not help, set another cipher_suite, or restart the controller.");
+constexpr Fault kCommandUnanswered{
+    TroubleCode::NoAnswer,
+    "The controller at <host> opened a session, but did not answer the command.",
+    "If it is slow, raise its time_limit.", Retry::Once};
+constexpr Fault kUnusable{
+    TroubleCode::UnusableAnswers,
+    "The controller at <host> sent nothing usable within <time and step>, but <answers>.",
+    kRetryAdvice};
+constexpr Fault kUnreachable{
+    TroubleCode::Unreachable, "The controller at <host> cannot be reached: <reason>.",
+    "Check the address, the port, the network, and that IPMI over LAN is switched on."};
 
-std::string SuiteName(const LanAccount& account) {
-    return "cipher suite " + std::to_string(account.controller.cipherSuite);
-}
-
-std::string CodeInWords(std::uint8_t completionCode, std::string_view meaning) {
-    return "completion code " + Hexadecimal(completionCode) +
-           (meaning.empty() ? Meaning(completionCode) : " (" + std::string(meaning) + ")");
-}
-
-// What IPMI 2.0 calls a status code, and what helps.
-struct StatusMeaning {
-    std::string_view words;
-    TroubleCode code;
-    std::string_view advice;
-    Retry retry = Retry::Never;
+// A code by which a controller refuses, and what it stands for.
+struct Refusal {
+    std::uint8_t code;
+    std::string_view meaning;
+    const Fault& fault;
 };
 
-StatusMeaning MeaningOfStatus(std::uint8_t status) {
-    using enum TroubleCode;
-    switch (status) {
-        case RMCPPLUS_STATUS_INSUFFICIENT_RESOURCES_TO_CREATE_A_SESSION:
-            return {"no session free", NoSession, kSessionAdvice, Retry::Later};
-        case RMCPPLUS_STATUS_INVALID_SESSION_ID:
-            return {"invalid session ID", RefusedLogin, kRetryAdvice, Retry::Once};
-        case RMCPPLUS_STATUS_INVALID_PAYLOAD_TYPE:
-            return {"invalid payload type", RefusedLogin, kSuiteAdvice};
-        case RMCPPLUS_STATUS_INVALID_AUTHENTICATION_ALGORITHM:
-            return {"invalid authentication algorithm", RefusedAuthentication, kSuiteAdvice};
-        case RMCPPLUS_STATUS_INVALID_INTEGRITY_ALGORITHM:
-            return {"invalid integrity algorithm", RefusedAuthentication, kSuiteAdvice};
-        case RMCPPLUS_STATUS_NO_MATCHING_AUTHENTICATION_PAYLOAD:
-            return {"no matching authentication payload", RefusedAuthentication, kSuiteAdvice};
-        case RMCPPLUS_STATUS_NO_MATCHING_INTEGRITY_PAYLOAD:
-            return {"no matching integrity payload", RefusedAuthentication, kSuiteAdvice};
-        case RMCPPLUS_STATUS_INACTIVE_SESSION_ID:
-            return {"inactive session ID", RefusedLogin, kRetryAdvice, Retry::Once};
-        case RMCPPLUS_STATUS_INVALID_ROLE:
-            return {"invalid role", RefusedPrivilege, kPrivilegeAdvice};
-        case RMCPPLUS_STATUS_UNAUTHORIZED_ROLE_OR_PRIVILEGE_LEVEL_REQUESTED:
-            return {"privilege level not allowed", RefusedPrivilege, kPrivilegeAdvice};
-        case RMCPPLUS_STATUS_INSUFFICIENT_RESOURCES_TO_CREATE_A_SESSION_AT_THE_REQUESTED_TIME:
-            return {"no session free for this privilege level", NoSession, kSessionAdvice,
-                    Retry::Later};
-        case RMCPPLUS_STATUS_INVALID_NAME_LENGTH:
-            return {"invalid length of the user name", RefusedUser, kUserAdvice};
-        case RMCPPLUS_STATUS_UNAUTHORIZED_NAME:
-            return {"unauthorized user name", RefusedUser, kUserAdvice};
-        case RMCPPLUS_STATUS_UNAUTHORIZED_GUID:
-            return {"unauthorized GUID", RefusedLogin, kRetryAdvice};
-        case RMCPPLUS_STATUS_INVALID_INTEGRITY_CHECK_VALUE:
-            return {"invalid check value", RefusedPassword, kPasswordAdvice};
-        case RMCPPLUS_STATUS_INVALID_CONFIDENTIALITY_ALGORITHM:
-            return {"invalid confidentiality algorithm", RefusedAuthentication, kSuiteAdvice};
-        case RMCPPLUS_STATUS_NO_CIPHER_SUITE_MATCH_WITH_PROPOSED_SECURITY_ALGORITHMS:
-            return {"no cipher suite matches", RefusedAuthentication, kSuiteAdvice};
-        case RMCPPLUS_STATUS_ILLEGAL_OR_UNRECOGNIZED_PARAMETER:
-            return {"illegal or unknown parameter", RefusedLogin,
-                    "Try another cipher_suite or privilege_level."};
-        default:
-            return {"a status that IPMI 2.0 does not define", RefusedLogin, kRetryAdvice};
+constexpr Refusal kStatuses[] = {
+    {0x01, "no session free", kNoSession},
+    {0x02, "invalid session ID", kSessionLost},
+    {0x03, "invalid payload type", kPayloadRefused},
+    {0x04, "invalid authentication algorithm", kSuiteRefused},
+    {0x05, "invalid integrity algorithm", kSuiteRefused},
+    {0x06, "no matching authentication payload", kSuiteRefused},
+    {0x07, "no matching integrity payload", kSuiteRefused},
+    {0x08, "inactive session ID", kSessionLost},
+    {0x09, "invalid role", kLevelRefused},
+    {0x0A, "privilege level not allowed", kLevelRefused},
+    {0x0B, "no session free for this privilege level", kNoSession},
+    {0x0C, "invalid length of the user name", kUnknownUser},
+    {0x0D, "unauthorized user name", kUnknownUser},
+    {0x0E, "unauthorized GUID", kLogInRefused},
+    {0x0F, "invalid check value", kWrongPassword},
+    {0x10, "invalid confidentiality algorithm", kSuiteRefused},
+    {0x11, "no cipher suite matches", kSuiteRefused},
+    {0x12, "illegal or unknown parameter", kParameterRefused},
+};
+
+constexpr Refusal kChallengeCodes[] = {
+    {0x81, "invalid user name", kUnknownUser},
+    {0x82, "no log-in without a user name", kUnknownUser},
+};
+
+constexpr Refusal kActivationCodes[] = {
+    {0x81, "no session slot", kNoSession},
+    {0x82, "no session slot for this user", kNoSession},
+    {0x83, "no session slot for this privilege level", kNoSession},
+    {0x84, "sequence number out of range", kSessionLost},
+    {0x85, "invalid session ID", kSessionLost},
+    {0x86, "above the limit of the user or channel", kLevelRefused},
+};
+
+constexpr Refusal kPrivilegeCodes[] = {
+    {0x80, "not available for this user", kLevelRefused},
+    {0x81, "above the limit of the user or channel", kLevelRefused},
+};
+
+// In the order of Step; `otherwise` is for codes that are not of the step's own.
+constexpr struct {
+    std::span<const Refusal> codes;
+    const Fault& otherwise;
+} kSteps[] = {
+    {{}, kCapabilitiesRefused},
+    {kChallengeCodes, kLogInRefused},
+    {kActivationCodes, kLogInRefused},
+    {kPrivilegeCodes, kLevelRefused},
+};
+
+// Null when the code is not among them.
+const Refusal* Find(std::span<const Refusal> refusals, std::uint8_t code) {
+    const auto found = std::ranges::find(refusals, code, &Refusal::code);
+    return found == refusals.end() ? nullptr : &*found;
+}
+
+// `text` with what stands in its places.
+std::string Filled(std::string_view text, const Places& places) {
+    std::string filled;
+    for (std::size_t begin = text.find('<'); begin != text.npos; begin = text.find('<')) {
+        const std::size_t end = text.find('>', begin);
+        filled += text.substr(0, begin);
+        filled += places.at(text.substr(begin + 1, end - begin - 1));
+        text.remove_prefix(end + 1);
     }
+    return filled.append(text);
 }
 
-// What a refusal of the kind means.
-std::string RefusalInWords(const LanAccount& account, TroubleCode code) {
-    switch (code) {
-        case TroubleCode::NoSession:
-            return " has no session free";
-        case TroubleCode::RefusedUser:
-            return " does not know " + QuotedUser(account);
-        case TroubleCode::RefusedPassword:
-            return " has another password for " + QuotedUser(account);
-        case TroubleCode::RefusedPrivilege:
-            return " does not let " + QuotedUser(account) + " work at the privilege level " +
-                   account.controller.privilegeLevel;
-        case TroubleCode::RefusedAuthentication:
-            return " opened no session by cipher suite " +
-                   std::to_string(account.controller.cipherSuite);
-        default:
-            return " refused the log-in of " + QuotedUser(account);
-    }
+const Fault& FaultOfSilence(const LanAccount& account, Stage stage) {
+    if (stage == Stage::Asking) return kNoFirstAnswer;
+    if (stage == Stage::LoggedIn) return kCommandUnanswered;
+    return account.IsProtocol15() ? kLogInStopped15 : kLogInStopped20;
 }
 
-LanFailure Refused(const LanAccount& account, TroubleCode code, const std::string& reason,
-                   std::string_view advice, Retry retry = Retry::Never) {
-    return {.code = code,
-            .text = ControllerAt(account) + RefusalInWords(account, code) + ": " + reason + ".",
-            .advice = std::string(advice),
-            .retry = retry};
-}
-
-bool IsBusy(std::uint8_t completionCode) {
-    return completionCode == kNodeBusy || completionCode == kStarting;
-}
-
-LanFailure BusyNow(const LanAccount& account, std::uint8_t completionCode) {
-    return Refused(account, TroubleCode::NoSession, CodeInWords(completionCode, ""), kSessionAdvice,
-                   Retry::Later);
-}
-
-LanFailure SilentAtStage(const LanAccount& account, Stage stage, std::chrono::milliseconds limit) {
-    switch (stage) {
-        case Stage::Asking:
-            return {
-                .code = TroubleCode::NoAnswer,
-                .text = ControllerAt(account) + " did not answer within " + InSeconds(limit) + ".",
-                .advice = "Check the address, the port, and that IPMI over LAN is switched on."};
-        case Stage::LoggingIn:
-            return {
-                .code = TroubleCode::NoAnswer,
-                .text = ControllerAt(account) + " stopped answering while a session was opened.",
-                .advice = std::string("Try again; if that does not help, ") +
-                          (account.IsProtocol15() ? "" : "set another cipher_suite, or ") +
-                          "restart the controller.",
-                .retry = Retry::Once};
-        case Stage::LoggedIn:
-            break;
-    }
-    return {.code = TroubleCode::NoAnswer,
-            .text = ControllerAt(account) + " opened a session, but did not answer the command.",
-            .advice = "If it is slow, raise its time_limit.",
-            .retry = Retry::Once};
+std::string_view WordsOf(Stage stage) {
+    if (stage == Stage::Asking) return "";
+    return stage == Stage::LoggedIn ? " in answer to the command" : " while a session was opened";
 }
 
 }  // namespace
 
-LanFailure ProtocolNotOffered(const LanAccount& account) {
-    const bool is15 = account.IsProtocol15();
-    return {.code = TroubleCode::RefusedAuthentication,
-            .text = ControllerAt(account) + " does not offer " +
-                    (is15 ? "IPMI 1.5 with MD5." : "IPMI 2.0."),
-            .advice = is15 ? "Set protocol = \"2.0\"." : "Set protocol = \"1.5\"."};
+LanFailure Failure(const LanAccount& account, const Fault& fault, Places places) {
+    const ControllerSettings& controller = account.controller;
+    places.insert({{"host", LanPlace(controller)},
+                   {"user", controller.user},
+                   {"level", controller.privilegeLevel},
+                   {"number", std::to_string(controller.cipherSuite)}});
+    return {.code = fault.code,
+            .text = Filled(fault.text, places),
+            .advice = std::string(fault.advice),
+            .retry = fault.retry};
 }
 
-LanFailure CapabilitiesRefused(const LanAccount& account, std::uint8_t completionCode) {
-    if (IsBusy(completionCode)) return BusyNow(account, completionCode);
-    return {.code = TroubleCode::Refused,
-            .text = ControllerAt(account) + " does not tell how it can be logged in to: " +
-                    CodeInWords(completionCode, "") + ".",
-            .advice = "Check that IPMI over LAN is switched on for the privilege_level."};
-}
-
-LanFailure ChallengeRefused(const LanAccount& account, std::uint8_t completionCode) {
-    if (IsBusy(completionCode)) return BusyNow(account, completionCode);
-    switch (completionCode) {
-        case 0x81:
-            return Refused(account, TroubleCode::RefusedUser,
-                           CodeInWords(completionCode, "invalid user name"), kUserAdvice);
-        case 0x82:
-            return Refused(account, TroubleCode::RefusedUser,
-                           CodeInWords(completionCode, "no log-in without a user name"),
-                           kUserAdvice);
-        default:
-            return Refused(account, TroubleCode::RefusedLogin, CodeInWords(completionCode, ""),
-                           kRetryAdvice);
-    }
-}
-
-LanFailure ActivationRefused(const LanAccount& account, std::uint8_t completionCode) {
-    if (IsBusy(completionCode)) return BusyNow(account, completionCode);
-    const auto noSession = [&](std::string_view meaning) {
-        return Refused(account, TroubleCode::NoSession, CodeInWords(completionCode, meaning),
-                       kSessionAdvice, Retry::Later);
-    };
-    switch (completionCode) {
-        case 0x81:
-            return noSession("no session slot");
-        case 0x82:
-            return noSession("no session slot for this user");
-        case 0x83:
-            return noSession("no session slot for this privilege level");
-        case 0x84:
-            return Refused(account, TroubleCode::RefusedLogin,
-                           CodeInWords(completionCode, "sequence number out of range"),
-                           kRetryAdvice, Retry::Once);
-        case 0x85:
-            return Refused(account, TroubleCode::RefusedLogin,
-                           CodeInWords(completionCode, "invalid session ID"), kRetryAdvice,
-                           Retry::Once);
-        case 0x86:
-            return Refused(account, TroubleCode::RefusedPrivilege,
-                           CodeInWords(completionCode, "above the limit of the user or channel"),
-                           kPrivilegeAdvice);
-        default:
-            return Refused(account, TroubleCode::RefusedLogin, CodeInWords(completionCode, ""),
-                           kRetryAdvice);
-    }
-}
-
-LanFailure PrivilegeRefused(const LanAccount& account, std::uint8_t completionCode) {
-    if (IsBusy(completionCode)) return BusyNow(account, completionCode);
-    const std::string_view meaning = completionCode == 0x80 ? "not available for this user"
-                                     : completionCode == 0x81
-                                         ? "above the limit of the user or channel"
-                                         : "";
-    return Refused(account, TroubleCode::RefusedPrivilege, CodeInWords(completionCode, meaning),
-                   kPrivilegeAdvice);
+LanFailure Refused(const LanAccount& account, Step step, std::uint8_t completionCode) {
+    const auto& [codes, otherwise] = kSteps[static_cast<std::size_t>(step)];
+    const bool isBusy = completionCode == kNodeBusy || completionCode == kStarting;
+    const Refusal* const known = Find(codes, completionCode);
+    return Failure(account,
+                   isBusy             ? kNoSession
+                   : known != nullptr ? known->fault
+                                      : otherwise,
+                   {{"reason", "completion code " + Hexadecimal(completionCode) +
+                                   (known != nullptr ? " (" + std::string(known->meaning) + ")"
+                                                     : Meaning(completionCode))}});
 }
 
 LanFailure StatusRefused(const LanAccount& account, std::uint8_t status) {
-    const StatusMeaning meaning = MeaningOfStatus(status);
-    return Refused(account, meaning.code,
-                   "status " + Hexadecimal(status) + " (" + std::string(meaning.words) + ")",
-                   meaning.advice, meaning.retry);
-}
-
-LanFailure CipherSuiteIsLimited(const LanAccount& account) {
-    return {.code = TroubleCode::RefusedPrivilege,
-            .text = ControllerAt(account) + " does not offer the privilege level " +
-                    account.controller.privilegeLevel + " by " + SuiteName(account) + ".",
-            .advice =
-                "Raise it in the controller, or set a lower privilege_level or another "
-                "cipher_suite."};
-}
-
-LanFailure OtherAlgorithms(const LanAccount& account) {
-    return {.code = TroubleCode::RefusedAuthentication,
-            .text = ControllerAt(account) + " works by other algorithms than those of " +
-                    SuiteName(account) + ".",
-            .advice = kSuiteAdvice};
-}
-
-LanFailure OtherPassword(const LanAccount& account) {
-    return {
-        .code = TroubleCode::RefusedPassword,
-        .text = ControllerAt(account) + " has another password for " + QuotedUser(account) + ".",
-        .advice = kPasswordAdvice};
-}
-
-LanFailure OtherKey(const LanAccount& account) {
-    const bool hasKey = account.key.Length() > 0;
-    return {.code = TroubleCode::RefusedPassword,
-            .text = ControllerAt(account) + " has " + (hasKey ? "another" : "a") +
-                    " key K_G, or another password for " + QuotedUser(account) + ".",
-            .advice = hasKey ? "Correct the file that k_g_file names, or the password file."
-                             : "Give its key by the setting k_g_file, or correct the password "
-                               "file."};
-}
-
-LanFailure PasswordSuspected(const LanAccount& account) {
-    return {.code = TroubleCode::RefusedPassword,
-            .text = ControllerAt(account) + " did not answer the log-in of " + QuotedUser(account) +
-                    "; the password is probably wrong.",
-            .advice = kPasswordAdvice,
-            .retry = Retry::Once};
+    constexpr Refusal kUnknown{0, "a status that IPMI 2.0 does not define", kLogInRefused};
+    const Refusal* const known = Find(kStatuses, status);
+    const Refusal& refusal = known == nullptr ? kUnknown : *known;
+    return Failure(
+        account, refusal.fault,
+        {{"reason", "status " + Hexadecimal(status) + " (" + std::string(refusal.meaning) + ")"}});
 }
 
 LanFailure FellSilent(const LanAccount& account, Stage stage, const Silence& silence,
                       std::chrono::milliseconds limit) {
-    LanFailure failure = SilentAtStage(account, stage, limit);
-    if (!silence.unusable.IsEmpty()) {
-        failure.code = TroubleCode::UnusableAnswers;
-        failure.text = ControllerAt(account) + " sent nothing usable within " + InSeconds(limit) +
-                       (stage == Stage::Asking      ? ""
-                        : stage == Stage::LoggingIn ? " while a session was opened"
-                                                    : " in answer to the command") +
-                       ", but " + silence.unusable.InWords() + ".";
-        failure.advice = kRetryAdvice;
-    } else if (silence.networkError != 0) {
-        const Retry retry = failure.retry;
-        failure = CannotReach(account, silence.networkError);
-        failure.retry = retry;
-    }
+    const Fault& fault = FaultOfSilence(account, stage);
+    const std::string time = InSeconds(limit);
+    LanFailure failure = !silence.unusable.IsEmpty()
+                             ? Failure(account, kUnusable,
+                                       {{"time and step", time + std::string(WordsOf(stage))},
+                                        {"answers", silence.unusable.InWords()}})
+                         : silence.networkError != 0 ? CannotReach(account, silence.networkError)
+                                                     : Failure(account, fault, {{"time", time}});
+    failure.retry = fault.retry;
     return failure;
 }
 
 LanFailure CannotReach(const LanAccount& account, int reason) {
-    return {.code = TroubleCode::Unreachable,
-            .text = ControllerAt(account) +
-                    " cannot be reached: " + std::generic_category().message(reason) + ".",
-            .advice =
-                "Check the address, the port, the network, and that IPMI over LAN is switched "
-                "on."};
-}
-
-LanFailure CutShort(const LanAccount& account) {
-    return {.code = TroubleCode::UnusableAnswers,
-            .text = ControllerAt(account) + " cut an answer short while a session was opened.",
-            .advice = kRetryAdvice,
-            .retry = Retry::Once};
-}
-
-LanFailure CannotCompute(const LanAccount& account) {
-    return {.code = TroubleCode::Other,
-            .text = "This machine cannot compute the codes of " + SuiteName(account) + ".",
-            .advice = kSuiteAdvice};
+    return Failure(account, kUnreachable, {{"reason", std::generic_category().message(reason)}});
 }
 
 }  // namespace platform::lan

@@ -1,41 +1,56 @@
 // Failures of a session in words for the people who must fix them.
 #pragma once
 
+#include <platform/service_processor/TransportError.h>
 #include <platform/service_processor/lan/LanAccount.h>
 #include <platform/service_processor/lan/LanChannel.h>
-#include <platform/service_processor/lan/LanFailure.h>
 
 #include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
 
 namespace platform::lan {
 
-// What a session had reached when the controller fell silent.
-enum class Stage { Asking, LoggingIn, LoggedIn };
+// Whether another session may do better.
+enum class Retry {
+    Never,
+    Once,   // the controller fell silent, or lost track of the session
+    Later,  // it has no session free now
+};
 
-// Get Channel Authentication Capabilities was answered, but does not offer the protocol.
-LanFailure ProtocolNotOffered(const LanAccount& account);
+// Why a session did not lead to an answer; text and advice as in Trouble. Sessions throw it.
+struct LanFailure {
+    TroubleCode code;
+    std::string text;
+    std::string advice;
+    Retry retry = Retry::Never;
+};
 
-// A step of the opening was answered by a completion code other than 0.
-LanFailure CapabilitiesRefused(const LanAccount& account, std::uint8_t completionCode);
-LanFailure ChallengeRefused(const LanAccount& account, std::uint8_t completionCode);
-LanFailure ActivationRefused(const LanAccount& account, std::uint8_t completionCode);
-LanFailure PrivilegeRefused(const LanAccount& account, std::uint8_t completionCode);
+// A failure as any controller may have it. <host>, <user>, <level> and <number> (of the cipher
+// suite) in the text are the account's; what else stands like this is known where it happens.
+struct Fault {
+    TroubleCode code;
+    std::string_view text;
+    std::string_view advice;
+    Retry retry = Retry::Never;
+};
 
-// A step of the RMCP+ log-in was answered by a status code other than 0.
+// What stands in the other places of a fault's text, by the names there.
+using Places = std::map<std::string_view, std::string>;
+
+LanFailure Failure(const LanAccount& account, const Fault& fault, Places places = {});
+
+// A step of the opening that a controller can refuse by a completion code other than 0.
+enum class Step { Capabilities, Challenge, Activation, Privilege };
+
+LanFailure Refused(const LanAccount& account, Step step, std::uint8_t completionCode);
+
+// A step of the RMCP+ handshake was answered by a status code other than 0.
 LanFailure StatusRefused(const LanAccount& account, std::uint8_t status);
 
-// The controller offers a lower privilege level for the cipher suite than is asked for.
-LanFailure CipherSuiteIsLimited(const LanAccount& account);
-
-// It works by other algorithms than those of the cipher suite.
-LanFailure OtherAlgorithms(const LanAccount& account);
-
-// It cannot prove that it knows the password, or the key K_G.
-LanFailure OtherPassword(const LanAccount& account);
-LanFailure OtherKey(const LanAccount& account);
-
-// Activate Session was not answered, which is how IPMI 1.5 refuses a password.
-LanFailure PasswordSuspected(const LanAccount& account);
+// What a session had reached when the controller fell silent.
+enum class Stage { Asking, LoggingIn, LoggedIn };
 
 LanFailure FellSilent(const LanAccount& account, Stage stage, const Silence& silence,
                       std::chrono::milliseconds limit);
@@ -43,10 +58,47 @@ LanFailure FellSilent(const LanAccount& account, Stage stage, const Silence& sil
 // There is no way to its address; `reason` is of the system (errno).
 LanFailure CannotReach(const LanAccount& account, int reason);
 
-// An answer of the opening is too short for what it must tell.
-LanFailure CutShort(const LanAccount& account);
+// An advice that several faults share.
+inline constexpr std::string_view kPasswordAdvice = "Correct the password file.";
+inline constexpr std::string_view kSuiteAdvice = "Try another cipher_suite.";
 
-// FreeIPMI cannot compute the codes of the cipher suite.
-LanFailure CannotCompute(const LanAccount& account);
+inline constexpr Fault kNo20{TroubleCode::RefusedAuthentication,
+                             "The controller at <host> does not offer IPMI 2.0.",
+                             "Set protocol = \"1.5\"."};
+inline constexpr Fault kNo15{TroubleCode::RefusedAuthentication,
+                             "The controller at <host> does not offer IPMI 1.5 with MD5.",
+                             "Set protocol = \"2.0\"."};
+inline constexpr Fault kSuiteIsLimited{
+    TroubleCode::RefusedPrivilege,
+    "The controller at <host> does not offer the privilege level <level> by cipher suite <number>.",
+    "Raise it in the controller, or set a lower privilege_level or another cipher_suite."};
+inline constexpr Fault kOtherAlgorithms{
+    TroubleCode::RefusedAuthentication,
+    "The controller at <host> works by other algorithms than those of cipher suite <number>.",
+    kSuiteAdvice};
+inline constexpr Fault kOtherPassword{
+    TroubleCode::RefusedPassword,
+    "The controller at <host> has another password for the user '<user>'.", kPasswordAdvice};
+inline constexpr Fault kKeyNotSet{
+    TroubleCode::RefusedPassword,
+    "The controller at <host> has a key K_G, or another password for the user '<user>'.",
+    "Give its key by the setting k_g_file, or correct the password file."};
+inline constexpr Fault kOtherKey{
+    TroubleCode::RefusedPassword,
+    "The controller at <host> has another key K_G, or another password for the user '<user>'.",
+    "Correct the file that k_g_file names, or the password file."};
+// Activate Session was not answered, which is how IPMI 1.5 refuses a password.
+inline constexpr Fault kPasswordSuspected{
+    TroubleCode::RefusedPassword,
+    "The controller at <host> did not answer the log-in of the user '<user>'; the password is "
+    "probably wrong.",
+    kPasswordAdvice, Retry::Once};
+inline constexpr Fault kCutShort{
+    TroubleCode::UnusableAnswers,
+    "The controller at <host> cut an answer short while a session was opened.", kRetryAdvice,
+    Retry::Once};
+inline constexpr Fault kCannotCompute{
+    TroubleCode::Other, "This machine cannot compute the codes of cipher suite <number>.",
+    kSuiteAdvice};
 
 }  // namespace platform::lan

@@ -1,7 +1,6 @@
 #include <platform/service_processor/lan/Format15.h>
 #include <platform/service_processor/lan/LanTrouble.h>
-#include <platform/service_processor/lan/LogIn15.h>
-#include <platform/service_processor/lan/RandomBytes.h>
+#include <platform/service_processor/lan/LogIn.h>
 
 namespace platform::lan {
 
@@ -26,9 +25,9 @@ Challenge AskChallenge(const LanAccount& account, Conversation& conversation) {
     const IpmiAnswer answer = conversation.Ask(
         outside, {.netFn = kAppNetFn, .command = kGetSessionChallenge, .data = data});
     if (answer.completionCode != kCompleted) {
-        throw ChallengeRefused(account, answer.completionCode);
+        throw Refused(account, Step::Challenge, answer.completionCode);
     }
-    if (answer.data.size() < kIdSize + kChallengeSize) throw CutShort(account);
+    if (answer.data.size() < kIdSize + kChallengeSize) throw Failure(account, kCutShort);
     const auto text = answer.data.begin() + kIdSize;
     return {.id = ReadNumber(answer.data, 0), .text = Bytes(text, text + kChallengeSize)};
 }
@@ -39,9 +38,9 @@ IpmiAnswer Activate(const LanAccount& account, Conversation& conversation, Forma
         const IpmiAnswer answer = conversation.Ask(
             format, {.netFn = kAppNetFn, .command = kActivateSession, .data = data});
         if (answer.completionCode == kCompleted) return answer;
-        throw ActivationRefused(account, answer.completionCode);
+        throw Refused(account, Step::Activation, answer.completionCode);
     } catch (const Silence& silence) {
-        if (silence.IsComplete()) throw PasswordSuspected(account);
+        if (silence.IsComplete()) throw Failure(account, kPasswordSuspected);
         throw;
     }
 }
@@ -57,7 +56,7 @@ std::unique_ptr<LanFormat> LogIn15(const LanAccount& account, Conversation& conv
     const IpmiAnswer answer = Activate(account, conversation, activating, data);
     constexpr std::size_t kIdPlace = 1;
     constexpr std::size_t kSequencePlace15 = kIdPlace + kIdSize;
-    if (answer.data.size() < kSequencePlace15 + kIdSize) throw CutShort(account);
+    if (answer.data.size() < kSequencePlace15 + kIdSize) throw Failure(account, kCutShort);
     const bool isAuthenticated = answer.data.front() != IPMI_AUTHENTICATION_TYPE_NONE;
     return std::make_unique<Format15>(
         account, Session15{.isAuthenticated = isAuthenticated || account.Has("forcepermsg"),

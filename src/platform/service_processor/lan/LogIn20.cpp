@@ -1,8 +1,8 @@
 #include <platform/service_processor/lan/Format20.h>
+#include <platform/service_processor/lan/HandshakeStep.h>
 #include <platform/service_processor/lan/LanTrouble.h>
-#include <platform/service_processor/lan/LogIn20.h>
-#include <platform/service_processor/lan/RandomBytes.h>
-#include <platform/service_processor/lan/SetupStep.h>
+#include <platform/service_processor/lan/LogIn.h>
+#include <platform/service_processor/lan/Packet20.h>
 
 #include <algorithm>
 #include <string>
@@ -58,8 +58,10 @@ public:
     std::unique_ptr<LanFormat> Run();
 
 private:
-    LanFailure Refusal(std::uint8_t status) const;
-    FiidObject Ask(const FiidObject& message, const SetupStep& step);
+    FiidObject Ask(const HandshakeStep& step, const FiidObject& message);
+    std::uint8_t Tag(const HandshakeStep& step) const {
+        return static_cast<std::uint8_t>(firstTag + step.number);
+    }
     void OpenSession();
     void SwapRandomNumbers();
     void CheckController(FiidObject& answer);
@@ -99,7 +101,7 @@ RmcpPlusLogIn::RmcpPlusLogIn(const LanAccount& lanAccount, LanChannel& lanChanne
     if (!CanCompute() || ipmi_cipher_suite_id_to_algorithms(
                              static_cast<std::uint8_t>(account.controller.cipherSuite),
                              &by.authentication, &by.integrity, &by.confidentiality) < 0) {
-        throw CannotCompute(account);
+        throw Failure(account, kCannotCompute);
     }
 }
 
@@ -112,27 +114,25 @@ unsigned int RmcpPlusLogIn::PasswordLength() const {
                      : account.password.Length();
 }
 
-// A controller that got a step twice may have begun anew with the second one.
-LanFailure RmcpPlusLogIn::Refusal(std::uint8_t status) const {
-    LanFailure failure = StatusRefused(account, status);
-    if (failure.retry == Retry::Never && wasRepeated) failure.retry = Retry::Once;
-    return failure;
-}
-
-// Throws when the controller refuses.
-FiidObject RmcpPlusLogIn::Ask(const FiidObject& message, const SetupStep& step) {
+// Throws when the controller refuses. One that got the step before twice may have begun anew with
+// the second one, so another session may do better.
+FiidObject RmcpPlusLogIn::Ask(const HandshakeStep& step, const FiidObject& message) {
     FiidObject answer(step.answerLayout);
-    const Bytes packet = SetupPacket(step.requestType, message);
+    const Bytes packet = HandshakePacket(step.requestType, message.All());
     const LanChannel::Write write = [&] { return packet; };
     const LanChannel::Read read = [&](ByteView received) {
-        return ReadSetup(received, step, session.ownId, answer);
+        return ReadHandshake(received, step, {.tag = Tag(step), .session = session.ownId}, answer);
     };
     // A repeated Open Session may take a second slot, a repeated RAKP 1 another random number.
-    const bool isLast = step.requestType == IPMI_PAYLOAD_TYPE_RAKP_MESSAGE_3;
+    const bool isLast = step.number == kRakp3.number;
     const int sent =
         isLast ? channel.Exchange(write, read) : channel.ExchangePatiently(write, read);
     const auto status = static_cast<std::uint8_t>(answer.Number("rmcpplus_status_code"));
-    if (status != RMCPPLUS_STATUS_NO_ERRORS) throw Refusal(status);
+    if (status != RMCPPLUS_STATUS_NO_ERRORS) {
+        LanFailure refusal = StatusRefused(account, status);
+        if (refusal.retry == Retry::Never && wasRepeated) refusal.retry = Retry::Once;
+        throw refusal;
+    }
     wasRepeated = sent > 1;
     return answer;
 }
@@ -140,35 +140,27 @@ FiidObject RmcpPlusLogIn::Ask(const FiidObject& message, const SetupStep& step) 
 void RmcpPlusLogIn::OpenSession() {
     const CipherAlgorithms& by = session.algorithms;
     const std::uint8_t asked = account.Has("opensesspriv") ? privilege : kHighestPrivilege;
-    const FiidObject message(tmpl_rmcpplus_open_session_request);
-    fill_rmcpplus_open_session(firstTag, asked, session.ownId, by.authentication, by.integrity,
-                               by.confidentiality, message.Get());
-    const FiidObject answer =
-        Ask(message, {.requestType = IPMI_PAYLOAD_TYPE_RMCPPLUS_OPEN_SESSION_REQUEST,
-                      .answerType = IPMI_PAYLOAD_TYPE_RMCPPLUS_OPEN_SESSION_RESPONSE,
-                      .answerLayout = tmpl_rmcpplus_open_session_response,
-                      .tag = firstTag});
+    const FiidObject message(kOpenSession.requestLayout);
+    fill_rmcpplus_open_session(Tag(kOpenSession), asked, session.ownId, by.authentication,
+                               by.integrity, by.confidentiality, message.Get());
+    const FiidObject answer = Ask(kOpenSession, message);
     session.controllerId = static_cast<std::uint32_t>(answer.Number("managed_system_session_id"));
     if (answer.Number("authentication_payload.authentication_algorithm") != by.authentication ||
         answer.Number("integrity_payload.integrity_algorithm") != by.integrity ||
         answer.Number("confidentiality_payload.confidentiality_algorithm") != by.confidentiality) {
-        throw OtherAlgorithms(account);
+        throw Failure(account, kOtherAlgorithms);
     }
     // Some controllers name no level.
     const std::uint64_t offered = answer.Number("maximum_privilege_level");
-    if (offered != 0 && offered < privilege) throw CipherSuiteIsLimited(account);
+    if (offered != 0 && offered < privilege) throw Failure(account, kSuiteIsLimited);
 }
 
 void RmcpPlusLogIn::SwapRandomNumbers() {
-    const auto tag = static_cast<std::uint8_t>(firstTag + 1);
-    const FiidObject message(tmpl_rmcpplus_rakp_message_1);
-    fill_rmcpplus_rakp_message_1(tag, session.controllerId, ownRandom.data(), Size(ownRandom),
-                                 privilege, IPMI_NAME_ONLY_LOOKUP, User(), UserLength(),
-                                 message.Get());
-    FiidObject answer = Ask(message, {.requestType = IPMI_PAYLOAD_TYPE_RAKP_MESSAGE_1,
-                                      .answerType = IPMI_PAYLOAD_TYPE_RAKP_MESSAGE_2,
-                                      .answerLayout = tmpl_rmcpplus_rakp_message_2,
-                                      .tag = tag});
+    const FiidObject message(kRakp1.requestLayout);
+    fill_rmcpplus_rakp_message_1(Tag(kRakp1), session.controllerId, ownRandom.data(),
+                                 Size(ownRandom), privilege, IPMI_NAME_ONLY_LOOKUP, User(),
+                                 UserLength(), message.Get());
+    FiidObject answer = Ask(kRakp1, message);
     random = answer.Data("managed_system_random_number");
     guid = answer.Data("managed_system_guid");
     CheckController(answer);
@@ -189,15 +181,15 @@ void RmcpPlusLogIn::CheckController(FiidObject& answer) {
         answer.Get());
     if (check == 1) return;
     // Frees the session in the controller.
-    channel.Send(SetupPacket(IPMI_PAYLOAD_TYPE_RAKP_MESSAGE_3,
-                             Proof(RMCPPLUS_STATUS_INVALID_INTEGRITY_CHECK_VALUE, {})));
-    throw check == 0 ? OtherPassword(account) : CannotCompute(account);
+    channel.Send(HandshakePacket(kRakp3.requestType,
+                                 Proof(RMCPPLUS_STATUS_INVALID_INTEGRITY_CHECK_VALUE, {}).All()));
+    throw Failure(account, check == 0 ? kOtherPassword : kCannotCompute);
 }
 
 FiidObject RmcpPlusLogIn::Proof(std::uint8_t status, const SecretBytes& code) const {
-    FiidObject message(tmpl_rmcpplus_rakp_message_3);
-    fill_rmcpplus_rakp_message_3(static_cast<std::uint8_t>(firstTag + 2), status,
-                                 session.controllerId, code.Data(), code.Length(), message.Get());
+    FiidObject message(kRakp3.requestLayout);
+    fill_rmcpplus_rakp_message_3(Tag(kRakp3), status, session.controllerId, code.Data(),
+                                 code.Length(), message.Get());
     return message;
 }
 
@@ -207,14 +199,10 @@ void RmcpPlusLogIn::ProveOneself() {
         session.algorithms.authentication, account.password.Text(), PasswordLength(), random.data(),
         Size(random), session.ownId, IPMI_NAME_ONLY_LOOKUP, privilege, User(), UserLength(),
         code.Room(), code.RoomSize());
-    if (length < 0) throw CannotCompute(account);
+    if (length < 0) throw Failure(account, kCannotCompute);
     code.SetLength(static_cast<unsigned int>(length));
     ComputeKeys();
-    CheckKey(Ask(Proof(RMCPPLUS_STATUS_NO_ERRORS, code),
-                 {.requestType = IPMI_PAYLOAD_TYPE_RAKP_MESSAGE_3,
-                  .answerType = IPMI_PAYLOAD_TYPE_RAKP_MESSAGE_4,
-                  .answerLayout = tmpl_rmcpplus_rakp_message_4,
-                  .tag = static_cast<std::uint8_t>(firstTag + 2)}));
+    CheckKey(Ask(kRakp3, Proof(RMCPPLUS_STATUS_NO_ERRORS, code)));
 }
 
 void RmcpPlusLogIn::ComputeKeys() {
@@ -228,7 +216,7 @@ void RmcpPlusLogIn::ComputeKeys() {
             Size(ownRandom), random.data(), Size(random), IPMI_NAME_ONLY_LOOKUP, privilege, User(),
             UserLength(), &sessionRoom.start, &sessionRoom.length, &integrityRoom.start,
             &integrityRoom.length, &confidentialityRoom.start, &confidentialityRoom.length) < 0) {
-        throw CannotCompute(account);
+        throw Failure(account, kCannotCompute);
     }
 }
 
@@ -257,7 +245,9 @@ void RmcpPlusLogIn::CheckKey(const FiidObject& answer) const {
     const int check = ipmi_rmcpplus_check_rakp_4_integrity_check_value(
         algorithm, sessionKey.Data(), sessionKey.Length(), ownRandom.data(), Size(ownRandom),
         session.controllerId, guid.data(), Size(guid), answer.Get());
-    if (check != 1) throw check == 0 ? OtherKey(account) : CannotCompute(account);
+    if (check == 1) return;
+    const Fault& otherKey = account.key.Length() > 0 ? kOtherKey : kKeyNotSet;
+    throw Failure(account, check == 0 ? otherKey : kCannotCompute);
 }
 
 std::unique_ptr<LanFormat> RmcpPlusLogIn::Run() {

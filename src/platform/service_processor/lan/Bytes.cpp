@@ -1,4 +1,4 @@
-#include <platform/service_processor/lan/RandomBytes.h>
+#include <platform/service_processor/lan/Bytes.h>
 #include <sys/random.h>
 
 #include <cerrno>

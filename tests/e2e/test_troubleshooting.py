@@ -18,7 +18,9 @@ def words_of(path):
 
 @pytest.fixture(scope="module")
 def texts():
-    files = [*(SOURCE / "src").rglob("*.cpp"), SOURCE / "data/bmci2c/bmci2c.msg.xml"]
+    sources = (SOURCE / "src").rglob("*.[ch]*")
+    files = [path for path in sources if path.suffix in (".cpp", ".h")]
+    files.append(SOURCE / "data/bmci2c/bmci2c.msg.xml")
     return "\n".join(words_of(path) for path in files)
 
 

@@ -1,5 +1,6 @@
 """Runs the command against peers, each of which is a controller of its settings."""
 
+import importlib
 import importlib.util
 import os
 import pathlib
@@ -23,6 +24,7 @@ def _load_e2e_conftest():
 
 
 e2e = _load_e2e_conftest()
+trouble_table = importlib.import_module("trouble_table")  # of the same folder
 
 
 @dataclass(frozen=True)
@@ -80,7 +82,9 @@ def run(folder, peers, password="sesame-open", k_g=None, **keys):
     config = write_settings(command, peers, password, k_g, **keys)
     result = command("--config", config, "run", "--json")
     assert result.out.startswith("{"), result.err
-    return Run(result.code, result.json(), list(peers))
+    outcome = result.json()
+    trouble_table.rows_of(outcome)  # every trouble is one of docs/troubleshooting.md
+    return Run(result.code, outcome, list(peers))
 
 
 def write_settings(command, peers, password="sesame-open", k_g=None, **keys):

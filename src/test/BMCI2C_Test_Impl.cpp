@@ -3,7 +3,6 @@
 #include <platform/service_processor/TimeAllowance.h>
 #include <test/BMCI2C_Test_Impl.h>
 #include <test/CoreLog.h>
-#include <test/MessageNumbers.h>
 #include <test/RunJudgement.h>
 #include <test/RunLog.h>
 #include <test/RunTroubles.h>
@@ -31,15 +30,6 @@ int CountControllers(const SPMachine& described) {
 
 bool IsBusy(const IpmiExchange& exchange) {
     return exchange.Response().CompletionCode() == platform::kControllerBusy;
-}
-
-// A message without a text says nothing: the catalog lacks an entry.
-std::optional<ResultMessage> Told(ResultMessage message) {
-    return message.line.empty() ? std::nullopt : std::optional(std::move(message));
-}
-
-std::string TextOf(const std::optional<ResultMessage>& message) {
-    return message ? ::TextOf(*message) : "";
 }
 
 }  // namespace
@@ -234,120 +224,4 @@ BMCI2C_Test_Impl::Answer BMCI2C_Test_Impl::AskBusStatus(IpmiExchange& exchange,
 void BMCI2C_Test_Impl::CurrentRun::Interrupt(ControllerResult& controller) {
     controller.trouble = run_trouble::Interrupted();
     result.interrupted = true;
-}
-
-BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::JudgeSilence(const IpmiExchange& exchange, CurrentRun& run,
-                                                      ControllerResult& controller) {
-    controller.outcome = Outcome::NotDelivered;
-    if (run.IsStopped()) {
-        run.Interrupt(controller);
-    }
-    controller.trouble = exchange.Facts().trouble.value_or(run_trouble::NotPresent());
-    controller.message = Told(BuildMessage(kNotCompletedMessage, kSendFailed));
-    run.record.SetResult(run.record.Text() + TextOf(controller.message), kCompletionCriticalError);
-    return run.result.interrupted ? Next::EndOfRun : Next::Controller;
-}
-
-// Writes down what came, and judges it.
-BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::JudgeResponse(const platform::IpmiResponse& response,
-                                                       CurrentRun& run,
-                                                       ControllerResult& controller) {
-    const std::string dump = Dump(response);
-    run.record->CommandSent = true;
-    run.record->ResponseLog.append(dump);
-    WriteCoreLog(kLogTrace, dump);
-    controller.length = response.Length();
-    if (response.IsTooShort()) {
-        WriteCoreLog(kLogError, std::string(kIncorrectRespLength));
-        controller.outcome = Outcome::UnusableAnswer;
-        controller.trouble = run_trouble::TooShort(response.Length());
-        controller.message = Told(BuildMessage(kNotCompletedMessage, kBadResponseLength));
-        return EndRecord(run, controller);
-    }
-    run.record->ResponseReceived = true;
-    const std::uint8_t code = response.CompletionCode();
-    const std::span<const std::uint8_t> data = response.ControllerData();
-    controller.completionCode = code;
-    controller.data.assign(data.begin(), data.end());
-    if (code != platform::kCompleted) {
-        WriteCoreLog(kLogError, std::string(kIncorrectCompletion));
-        run.record->ResponseLog.append(std::string(kIncorrectCompletion));
-        controller.outcome = Outcome::Refused;
-        controller.trouble = run_trouble::Refused(code);
-        controller.message = Told(CompletionCodeMessage(code));
-        return EndRecord(run, controller);
-    }
-    run.record->CompletionCodeOk = true;
-    controller.outcome = Outcome::Examined;
-    return JudgeBusses(response, run, controller);
-}
-
-// A CIM client's run ends at an answer that cannot be used.
-BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::EndRecord(CurrentRun& run,
-                                                   const ControllerResult& controller) {
-    run.record.SetResult(run.record.Text() + TextOf(controller.message), kCompletionCriticalError);
-    run.record.Keep();
-    if (!run.result.endOfRecord) {
-        run.result.endOfRecord = controller.node;
-    }
-    if (!run.options.askAll) {
-        return Next::EndOfRun;
-    }
-    run.record.Close();
-    return Next::Controller;
-}
-
-BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::JudgeBusses(const platform::IpmiResponse& response,
-                                                     CurrentRun& run,
-                                                     ControllerResult& controller) {
-    WriteOutput(kLogTrace, "Received data from BMC:" + std::to_string(response.DataByte(0)) + " " +
-                               std::to_string(response.DataByte(1)) + " " +
-                               std::to_string(response.DataByte(2)));
-    const GenerationAnswer oxc = DetectGeneration(run);
-    controller.generation = oxc.generation;
-    if (oxc.generation == Generation::Unknown && run.IsStopped()) {
-        run.Interrupt(controller);
-        return Next::EndOfRun;
-    }
-    RecordBusses(ScanBusses(response, controller), run, controller);
-    if (DependsOnGeneration(controller)) {
-        controller.trouble = run_trouble::GenerationUnknown(oxc.reason);
-    } else if (response.IsCut()) {
-        controller.trouble = run_trouble::AnswerCut(response.Length());
-    }
-    return Next::Controller;
-}
-
-// The query goes to node 0, whose time it takes.
-BMCI2C_Test_Impl::GenerationAnswer BMCI2C_Test_Impl::DetectGeneration(const CurrentRun& run) {
-    if (!isOxcMachine) {
-        return {.generation = Generation::None, .reason = ""};
-    }
-    const GenerationAnswer answer =
-        AskGeneration(run.described, {.begin = platform::Now(), .stop = run.options.stop});
-    const bool isV2 = answer.generation == Generation::Second;
-    WriteOutput(kLogTrace, isV2 ? "OXC V2 detected" : "OXC V1 detected");
-    return answer;
-}
-
-// A pass makes good what an earlier controller's silence did to the state, but not a failed bus.
-void BMCI2C_Test_Impl::RecordBusses(const std::string& failures, CurrentRun& run,
-                                    ControllerResult& controller) {
-    std::string text = failures;
-    std::int32_t state = run.record->CompletionState;
-    if (!controller.failedBusses.empty()) {
-        run.busFailed = true;
-        state = kCompletionMajorError;
-    }
-    if (failures.empty()) {
-        const ResultMessage pass = BuildMessage(kPassMessage, kPassed);
-        text = TextOf(pass);
-        state = run.busFailed ? state : kCompletionOk;
-        if (controller.failedBusses.empty()) {
-            controller.message = Told(pass);
-        }
-    }
-    const std::string before = run.record.Text();
-    run.record.SetResult(before.empty() ? text : before + '\n' + text, state);
-    run.record.KeepAlone();
 }

@@ -44,3 +44,15 @@ BMCI2C_Test_Impl::GenerationAnswer BMCI2C_Test_Impl::AskGeneration(const SPMachi
     const bool isSecond = (response.DataByte(kGenerationByte) & kSecondGeneration) != 0;
     return {.generation = isSecond ? Generation::Second : Generation::First, .reason = ""};
 }
+
+// The query goes to node 0, whose time it takes.
+BMCI2C_Test_Impl::GenerationAnswer BMCI2C_Test_Impl::DetectGeneration(const CurrentRun& run) {
+    if (!isOxcMachine) {
+        return {.generation = Generation::None, .reason = ""};
+    }
+    const GenerationAnswer answer =
+        AskGeneration(run.described, {.begin = platform::Now(), .stop = run.options.stop});
+    const bool isV2 = answer.generation == Generation::Second;
+    WriteOutput(kLogTrace, isV2 ? "OXC V2 detected" : "OXC V1 detected");
+    return answer;
+}

@@ -1,5 +1,4 @@
-#include <platform/service_processor/CompletionCode.h>
-#include <platform/service_processor/Hexadecimal.h>
+#include <platform/service_processor/InWords.h>
 #include <platform/service_processor/IpmiMessage.h>
 #include <platform/service_processor/TransportError.h>
 #include <test/RunTroubles.h>

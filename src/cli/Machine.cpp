@@ -1,7 +1,6 @@
 #include <cli/Machine.h>
 #include <platform/diagnostics/SmbiosText.h>
-#include <platform/service_processor/NodeList.h>
-#include <platform/service_processor/TransportFactory.h>
+#include <platform/service_processor/Nodes.h>
 
 namespace cli {
 

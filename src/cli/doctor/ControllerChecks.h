@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cli/doctor/Check.h>
-#include <platform/service_processor/NodeList.h>
+#include <platform/service_processor/Nodes.h>
 #include <platform/settings/Settings.h>
 
 #include <string>

@@ -1,7 +1,7 @@
 #include <cli/doctor/SettingsChecks.h>
-#include <platform/service_processor/Password.h>
 #include <platform/service_processor/TransportError.h>
 #include <platform/service_processor/lan/BmcKey.h>
+#include <platform/service_processor/lan/Password.h>
 #include <platform/settings/DefaultPaths.h>
 #include <platform/settings/FileText.h>
 #include <platform/settings/LanSupport.h>

@@ -1,5 +1,5 @@
 #include <platform/service_processor/ControllerProbe.h>
-#include <platform/service_processor/TransportFactory.h>
+#include <platform/service_processor/Nodes.h>
 
 #include <exception>
 #include <new>

@@ -8,7 +8,7 @@
 #pragma once
 
 #include <platform/service_processor/DeviceId.h>
-#include <platform/service_processor/NodeList.h>
+#include <platform/service_processor/Nodes.h>
 #include <platform/settings/Settings.h>
 
 #include <chrono>

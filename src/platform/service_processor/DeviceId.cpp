@@ -1,6 +1,5 @@
-#include <platform/service_processor/CompletionCode.h>
 #include <platform/service_processor/DeviceId.h>
-#include <platform/service_processor/Hexadecimal.h>
+#include <platform/service_processor/InWords.h>
 #include <platform/service_processor/TransportError.h>
 
 namespace platform {

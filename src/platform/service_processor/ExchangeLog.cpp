@@ -1,7 +1,6 @@
 #include <platform/diagnostics/TRootObject.h>
-#include <platform/service_processor/CompletionCode.h>
 #include <platform/service_processor/ExchangeLog.h>
-#include <platform/service_processor/Hexadecimal.h>
+#include <platform/service_processor/InWords.h>
 
 namespace platform {
 

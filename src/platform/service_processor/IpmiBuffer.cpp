@@ -1,4 +1,4 @@
-#include <platform/service_processor/Hexadecimal.h>
+#include <platform/service_processor/InWords.h>
 #include <platform/service_processor/IpmiBuffer.h>
 #include <platform/service_processor/TransportError.h>
 

@@ -1,9 +1,8 @@
 #include <base/NoDestructor.h>
 #include <platform/service_processor/ControllerNode.h>
-#include <platform/service_processor/NodeList.h>
+#include <platform/service_processor/Nodes.h>
 #include <platform/service_processor/OxcMachine.h>
 #include <platform/service_processor/TransportError.h>
-#include <platform/service_processor/TransportFactory.h>
 
 #include <algorithm>
 #include <map>

@@ -1,5 +1,6 @@
 #include <platform/diagnostics/SettingsInForce.h>
-#include <platform/service_processor/NodeFactory.h>
+#include <platform/service_processor/ControllerNode.h>
+#include <platform/service_processor/Nodes.h>
 #include <platform/service_processor/SPLibrary.h>
 
 SPLibrary* SPLibrary::GetSplibraryInstance(int node) {

@@ -44,21 +44,21 @@ std::string NameOf(TroubleCode code);
 // what() is text and advice, in full sentences; never a password.
 class TransportError : public std::runtime_error {
 public:
-    TransportError(TroubleCode troubleCode, const std::string& text, const std::string& advice,
+    TransportError(TroubleCode code, const std::string& text, const std::string& advice,
                    int attemptCount = 1)
-        : std::runtime_error(advice.empty() ? text : text + " " + advice),
-          code(troubleCode),
-          trouble{NameOf(troubleCode), text, advice},
+        : TransportError({NameOf(code), text, advice}, attemptCount) {}
+    TransportError(const Trouble& itsTrouble, int attemptCount)
+        : std::runtime_error(itsTrouble.advice.empty() ? itsTrouble.text
+                                                       : itsTrouble.text + " " + itsTrouble.advice),
+          trouble(itsTrouble),
           attempts(attemptCount) {}
 
-    TroubleCode Code() const { return code; }
     const Trouble& AsTrouble() const { return trouble; }
 
     // How often the transport had to begin.
     int Attempts() const { return attempts; }
 
 private:
-    TroubleCode code;
     Trouble trouble;
     int attempts;
 };

@@ -118,7 +118,7 @@ TEST_F(Channel, StopFlag_EndsTheWaiting) {
             [](ByteView) { return std::nullopt; });
         FAIL() << "an answer was taken";
     } catch (const TransportError& error) {
-        EXPECT_EQ(error.Code(), TroubleCode::Interrupted);
+        EXPECT_EQ(error.AsTrouble().code, "interrupted");
     }
 }
 

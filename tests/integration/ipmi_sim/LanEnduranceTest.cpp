@@ -1,7 +1,7 @@
 // What many sessions leave behind: nothing.
 #include <gmock/gmock.h>
 #include <integration/ipmi_sim/IpmiSimulator.h>
-#include <platform/service_processor/LanTransport.h>
+#include <platform/service_processor/lan/LanTransport.h>
 
 #include "ProcessSize.h"
 
@@ -39,7 +39,7 @@ TEST(LanEndurance, ManySilentCommands_LeaveNoSession) {
                       platform::ShareFrom(platform::Now(), std::chrono::milliseconds(100)));
             FAIL() << "the command was answered";
         } catch (const platform::TransportError& error) {
-            ASSERT_EQ(error.Code(), platform::TroubleCode::NoAnswer) << error.what();
+            ASSERT_EQ(error.AsTrouble().code, "no_answer") << error.what();
             ASSERT_THAT(error.what(), testing::HasSubstr("did not answer the command"));
         }
     }

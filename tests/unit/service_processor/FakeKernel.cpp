@@ -1,7 +1,7 @@
 #include "FakeKernel.h"
 
 #include <linux/ipmi.h>
-#include <platform/service_processor/DeviceCalls.h>
+#include <platform/service_processor/inband/DeviceCalls.h>
 #include <sys/ioctl.h>
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "FakeResolver.h"
 
-#include <platform/service_processor/ResolverCalls.h>
+#include <platform/service_processor/lan/ResolverCalls.h>
 
 #include <map>
 

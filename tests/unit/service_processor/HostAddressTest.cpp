@@ -1,5 +1,5 @@
 #include <gmock/gmock.h>
-#include <platform/service_processor/HostAddress.h>
+#include <platform/service_processor/lan/HostAddress.h>
 
 #include "FakeClock.h"
 #include "FakeResolver.h"

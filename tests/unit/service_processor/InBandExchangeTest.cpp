@@ -2,7 +2,7 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <linux/ipmi.h>
-#include <platform/service_processor/InBandTransport.h>
+#include <platform/service_processor/inband/InBandTransport.h>
 
 #include <cerrno>
 

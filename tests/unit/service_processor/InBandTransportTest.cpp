@@ -1,5 +1,5 @@
 #include <gtest/gtest.h>
-#include <platform/service_processor/InBandTransport.h>
+#include <platform/service_processor/inband/InBandTransport.h>
 #include <sys/stat.h>
 #include <unistd.h>
 

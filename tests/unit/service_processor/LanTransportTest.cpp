@@ -1,5 +1,5 @@
 #include <gtest/gtest.h>
-#include <platform/service_processor/LanTransport.h>
+#include <platform/service_processor/lan/LanTransport.h>
 #include <stdlib.h>
 
 #include <vector>

@@ -1,6 +1,7 @@
 #include <fakes/FakeDiagnostics.h>
 #include <gmock/gmock.h>
-#include <platform/service_processor/NodeFactory.h>
+#include <platform/service_processor/ControllerNode.h>
+#include <platform/service_processor/Nodes.h>
 
 #include <limits>
 

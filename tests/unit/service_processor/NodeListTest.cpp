@@ -1,5 +1,5 @@
 #include <gmock/gmock.h>
-#include <platform/service_processor/NodeList.h>
+#include <platform/service_processor/Nodes.h>
 
 #include "TemporaryFolder.h"
 

@@ -1,5 +1,5 @@
 #include <gtest/gtest.h>
-#include <platform/service_processor/Password.h>
+#include <platform/service_processor/lan/Password.h>
 #include <sys/stat.h>
 
 #include <new>

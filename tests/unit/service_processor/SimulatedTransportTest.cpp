@@ -1,5 +1,5 @@
 #include <gmock/gmock.h>
-#include <platform/service_processor/SimulatedTransport.h>
+#include <platform/service_processor/simulated/SimulatedTransport.h>
 
 #include "NodeWith.h"
 #include "Requests.h"

@@ -1,5 +1,5 @@
 #include <fcntl.h>
-#include <platform/service_processor/DeviceCalls.h>
+#include <platform/service_processor/inband/DeviceCalls.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 

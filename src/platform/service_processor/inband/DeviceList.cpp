@@ -1,12 +1,10 @@
-#include <platform/service_processor/NodeList.h>
+#include <platform/service_processor/inband/DeviceList.h>
 #include <sys/stat.h>
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <charconv>
 #include <filesystem>
-#include <map>
 #include <optional>
 #include <string_view>
 #include <system_error>
@@ -41,15 +39,17 @@ void AddDevices(const std::string& deviceFolder, std::string_view prefix,
     }
 }
 
+std::string ReasonOf(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 ? "exists" : std::generic_category().message(errno);
+}
+
+}  // namespace
+
 std::map<unsigned, std::string> Devices(const std::string& deviceFolder) {
     std::map<unsigned, std::string> devices;
     for (const std::string_view prefix : kDevicePrefixes) AddDevices(deviceFolder, prefix, devices);
     return devices;
-}
-
-std::string ReasonOf(const std::string& path) {
-    struct stat status {};
-    return stat(path.c_str(), &status) == 0 ? "exists" : std::generic_category().message(errno);
 }
 
 std::string MissingDevices(const std::string& deviceFolder) {
@@ -60,68 +60,6 @@ std::string MissingDevices(const std::string& deviceFolder) {
     }
     text.back() = '.';
     return text;
-}
-
-}  // namespace
-
-std::vector<ControllerSettings> NodeList(const Settings& settings,
-                                         const std::string& deviceFolder) {
-    if (settings.controllers.value) return *settings.controllers.value;
-    std::vector<ControllerSettings> nodes;
-    for (const auto& [number, path] : Devices(deviceFolder)) {
-        ControllerSettings& node = nodes.emplace_back();
-        node.transport = TransportKind::InBand;
-        node.device = path;
-        node.isFound = true;
-    }
-    return nodes;
-}
-
-std::chrono::milliseconds TimeLimit(const Settings& settings,
-                                    const ControllerSettings& controller) {
-    return std::chrono::seconds(controller.timeLimit.value_or(settings.timeLimit.value));
-}
-
-bool IsAbsent(const ControllerSettings& controller) {
-    return controller.transport == TransportKind::Simulated && !controller.simulated->present;
-}
-
-bool IsSimulated(const Settings& settings) {
-    const auto& controllers = settings.controllers.value;
-    return !settings.profileFile.value.empty() ||
-           (controllers &&
-            std::ranges::any_of(*controllers, [](const ControllerSettings& controller) {
-                return controller.transport == TransportKind::Simulated;
-            }));
-}
-
-Trouble NoControllerTrouble(const Settings& settings, const std::string& deviceFolder) {
-    const auto& controllers = settings.controllers;
-    if (!settings.problem.empty())
-        return {.code = "settings",
-                .text = "The settings cannot be read: " + settings.problem,
-                .advice = "Fix them, then run the test again."};
-    if (controllers.origin == Origin::Profile)
-        return {.code = "no_controller",
-                .text = "The profile " + controllers.place + " lists no controller.",
-                .advice =
-                    "Add a [[node]], or run the test without a profile to use this machine's "
-                    "IPMI devices."};
-    if (controllers.value)
-        return {.code = "no_controller",
-                .text = "The settings list no controller (" + controllers.place + ").",
-                .advice =
-                    "Add a [[controller]], or remove the key to use this machine's IPMI "
-                    "devices."};
-    return {.code = "no_device",
-            .text = MissingDevices(deviceFolder),
-            .advice =
-                "Load the kernel's IPMI driver (modprobe -a ipmi_si ipmi_devintf), or list "
-                "the controllers in the settings file, then run the test again."};
-}
-
-std::string NoDeviceText(const std::string& deviceFolder) {
-    return MissingDevices(deviceFolder) + " Is the kernel module ipmi_devintf loaded?";
 }
 
 }  // namespace platform

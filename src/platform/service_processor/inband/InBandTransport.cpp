@@ -1,7 +1,7 @@
-#include <platform/service_processor/InBandTransport.h>
-#include <platform/service_processor/IpmiDevice.h>
-#include <platform/service_processor/Seconds.h>
+#include <platform/service_processor/InWords.h>
 #include <platform/service_processor/UnusableAnswers.h>
+#include <platform/service_processor/inband/InBandTransport.h>
+#include <platform/service_processor/inband/IpmiDevice.h>
 
 #include <algorithm>
 #include <atomic>

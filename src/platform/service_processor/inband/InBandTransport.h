@@ -1,8 +1,8 @@
 // A controller behind a device of the kernel's IPMI driver.
 #pragma once
 
-#include <platform/service_processor/IpmiDevice.h>
 #include <platform/service_processor/Transport.h>
+#include <platform/service_processor/inband/IpmiDevice.h>
 
 namespace platform {
 

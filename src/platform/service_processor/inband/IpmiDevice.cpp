@@ -1,8 +1,8 @@
 #include <fcntl.h>
 #include <linux/ipmi.h>
-#include <platform/service_processor/DeviceCalls.h>
-#include <platform/service_processor/IpmiDevice.h>
 #include <platform/service_processor/TransportError.h>
+#include <platform/service_processor/inband/DeviceCalls.h>
+#include <platform/service_processor/inband/IpmiDevice.h>
 #include <sys/ioctl.h>
 
 #include <algorithm>

@@ -1,6 +1,6 @@
-#include <platform/service_processor/Password.h>
 #include <platform/service_processor/TransportError.h>
 #include <platform/service_processor/lan/BmcKey.h>
+#include <platform/service_processor/lan/Password.h>
 
 #include <algorithm>
 #include <charconv>

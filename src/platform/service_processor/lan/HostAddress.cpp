@@ -1,9 +1,9 @@
 #include <base/NoDestructor.h>
 #include <platform/service_processor/Clock.h>
-#include <platform/service_processor/HostAddress.h>
-#include <platform/service_processor/ResolverCalls.h>
-#include <platform/service_processor/Seconds.h>
+#include <platform/service_processor/InWords.h>
 #include <platform/service_processor/TransportError.h>
+#include <platform/service_processor/lan/HostAddress.h>
+#include <platform/service_processor/lan/ResolverCalls.h>
 #include <sys/socket.h>
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // As whom a session is opened, and how.
 #pragma once
 
-#include <platform/service_processor/Password.h>
 #include <platform/service_processor/lan/BmcKey.h>
+#include <platform/service_processor/lan/Password.h>
 #include <platform/settings/LanSupport.h>
 #include <platform/settings/Settings.h>
 

@@ -1,6 +1,6 @@
-#include <platform/service_processor/HostAddress.h>
-#include <platform/service_processor/LanTransport.h>
+#include <platform/service_processor/lan/HostAddress.h>
 #include <platform/service_processor/lan/LanSession.h>
+#include <platform/service_processor/lan/LanTransport.h>
 
 #include <algorithm>
 #include <optional>
@@ -53,8 +53,7 @@ private:
         } catch (const std::system_error& error) {
             throw CannotReach(account, error.code().value());
         } catch (const TransportError& stopped) {
-            throw TransportError(stopped.Code(), stopped.AsTrouble().text,
-                                 stopped.AsTrouble().advice, attempts);
+            throw TransportError(stopped.AsTrouble(), attempts);
         }
     }
 

@@ -1,7 +1,5 @@
-#include <platform/service_processor/CompletionCode.h>
-#include <platform/service_processor/Hexadecimal.h>
+#include <platform/service_processor/InWords.h>
 #include <platform/service_processor/IpmiMessage.h>
-#include <platform/service_processor/Seconds.h>
 #include <platform/service_processor/lan/LanTrouble.h>
 
 #include <algorithm>

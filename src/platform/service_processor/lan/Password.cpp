@@ -1,6 +1,6 @@
 #include <fcntl.h>
-#include <platform/service_processor/Password.h>
 #include <platform/service_processor/TransportError.h>
+#include <platform/service_processor/lan/Password.h>
 #include <sys/stat.h>
 #include <unistd.h>
 

@@ -1,4 +1,4 @@
-#include <platform/service_processor/ResolverCalls.h>
+#include <platform/service_processor/lan/ResolverCalls.h>
 
 namespace platform::resolver_calls {
 

@@ -1,5 +1,5 @@
 #include <base/NoDestructor.h>
-#include <platform/service_processor/SimulatedTransport.h>
+#include <platform/service_processor/simulated/SimulatedTransport.h>
 
 #include <utility>
 

@@ -3,9 +3,11 @@
 import os
 import re
 from collections import Counter
+from concurrent.futures import ThreadPoolExecutor
+from functools import partial
 
 import pytest
-from conftest import catalog_text, node
+from conftest import Command, catalog_text, node
 from test_docs import trouble_codes
 from test_troubleshooting import MESSAGES, parts, texts
 from trouble_table import PAGE, ROWS, rows_of
@@ -44,8 +46,9 @@ SETTINGS = {
     + '[[controller]]\ntransport = "simulated"\nprofile = "profile.toml"\n',
 }
 
-# Lines of a password file and of a k_g file; None: a folder in its place.
-SECRETS = ["", "x" * 60, None]
+# Lines of a password file or a k_g file, and its mode; None: a folder in its place.
+SECRETS = [("", 0o600), ("x" * 60, 0o600), ("x", 0o644), (None, 0o700)]
+KEYS = ["0x1", "x" * 21]
 
 CATALOGS = {
     "catalog_syntax": catalog_text().replace("</bmci2cmsg>", "<"),
@@ -53,82 +56,88 @@ CATALOGS = {
 }
 
 
-def sources_say(texts, row):
-    return all(part in texts for part in row.parts)
-
-
-@pytest.fixture(scope="module")
-def produced():
-    """The rows that the runs of this file have given so far."""
-    return set()
-
-
-def run_with(bmci2c, settings):
-    config = bmci2c.write("platform.toml", settings)
-    return bmci2c("--config", config, "run", "--json").json()
-
-
-def assert_told(result, code, produced):
-    rows = rows_of(result)
-    assert code in {row.code for row in rows}
-    produced |= rows
-
-
-@pytest.mark.parametrize("name", PROFILES)
-def test_trouble_of_a_profile_is_listed(bmci2c, produced, name):
+def with_profile(command, name):
     nodes, keys = PROFILES[name]
-    assert_told(bmci2c.run_json(*nodes, **keys)[1], name.split()[0], produced)
+    return command.run_json(*nodes, **keys)[1]
 
 
-@pytest.mark.parametrize("name", SETTINGS)
-def test_trouble_of_settings_is_listed(bmci2c, produced, name):
-    bmci2c.profile(node(data=[0], answers_device_id=False))
-    assert_told(run_with(bmci2c, SETTINGS[name]), name, produced)
+def with_settings(command, settings):
+    command.profile(node(data=[0], answers_device_id=False))
+    config = command.write("platform.toml", settings)
+    return command("--config", config, "run", "--json").json()
 
 
-@pytest.mark.parametrize("line", SECRETS)
-@pytest.mark.parametrize("key", ["password_file", "k_g_file"])
-def test_trouble_of_a_secret_file_is_listed(bmci2c, produced, key, line):
-    path = bmci2c.folder / "secret"
+def with_secret(command, key, line, mode):
+    path = command.folder / "secret"
     if line is None:
         path.mkdir()
     else:
         path.write_text(line + "\n")
-        os.chmod(path, 0o600)
-    assert_told(run_with(bmci2c, f'{RIGHT}{LAN}{key} = "secret"\n'), key, produced)
-    if line is not None:
-        os.chmod(path, 0o644)
-        assert_told(run_with(bmci2c, f'{RIGHT}{LAN}{key} = "secret"\n'), key, produced)
-    path.rename(bmci2c.folder / "elsewhere")
-    assert_told(run_with(bmci2c, f'{RIGHT}{LAN}{key} = "secret"\n'), key, produced)
+    os.chmod(path, mode)
+    return with_settings(command, f'{RIGHT}{LAN}{key} = "secret"\n')
 
 
-@pytest.mark.parametrize("line", ["0x1", "x" * 21])
-def test_trouble_of_a_key_is_listed(bmci2c, produced, line):
-    os.chmod(bmci2c.write("secret", line), 0o600)
-    assert_told(run_with(bmci2c, f'{RIGHT}{LAN}k_g_file = "secret"\n'), "k_g_file", produced)
+def with_catalog(command, text):
+    command.write_catalog(text)
+    return command.run_json(PASSES)[1]
 
 
-@pytest.mark.parametrize("code", CATALOGS)
-def test_trouble_of_a_catalog_is_listed(bmci2c, produced, code):
-    bmci2c.write_catalog(CATALOGS[code])
-    result = bmci2c.simulate(bmci2c.profile(PASSES), "run", "--json")
-    assert_told(result.json(), code, produced)
-
-
-def test_trouble_of_a_missing_or_unreadable_catalog_is_listed(bmci2c, produced):
-    path = bmci2c.root / "bmci2c" / "bmci2c.msg.xml"
+def without_catalog(command, is_folder):
+    path = command.root / "bmci2c" / "bmci2c.msg.xml"
     path.unlink()
-    assert_told(bmci2c.run_json(PASSES)[1], "catalog_missing", produced)
-    path.mkdir()
-    assert_told(bmci2c.run_json(PASSES)[1], "catalog_unreadable", produced)
+    if is_folder:
+        path.mkdir()
+    return command.run_json(PASSES)[1]
 
 
-# Comes last: what the runs above gave needs no look into the sources.
-def test_every_row_is_what_a_run_or_the_sources_say(texts, produced):
-    unknown = [row.text for row in ROWS if row not in produced and not sources_say(texts, row)]
+# Each gives a run's JSON object; its name begins with the code of a trouble in it.
+RUNS = (
+    {f"{name} (profile)": partial(with_profile, name=name) for name in PROFILES}
+    | {f"{name} (settings)": partial(with_settings, settings=SETTINGS[name]) for name in SETTINGS}
+    | {f"{name} (catalog)": partial(with_catalog, text=CATALOGS[name]) for name in CATALOGS}
+    | {
+        f"{key} {number}": partial(with_secret, key=key, line=line, mode=mode)
+        for key in ("password_file", "k_g_file")
+        for number, (line, mode) in enumerate(SECRETS)
+    }
+    | {
+        f"k_g_file with {line}": partial(with_secret, key="k_g_file", line=line, mode=0o600)
+        for line in KEYS
+    }
+    | {
+        f"{key} (none)": partial(with_settings, settings=f'{RIGHT}{LAN}{key} = "absent"\n')
+        for key in ("password_file", "k_g_file")
+    }
+    | {
+        "catalog_missing": partial(without_catalog, is_folder=False),
+        "catalog_unreadable": partial(without_catalog, is_folder=True),
+    }
+)
+
+
+@pytest.fixture(scope="module")
+def results(tmp_path_factory):
+    """The runs' objects by their names."""
+    with ThreadPoolExecutor() as pool:
+        futures = {
+            name: pool.submit(run, Command(tmp_path_factory.mktemp("run")))
+            for name, run in RUNS.items()
+        }
+    return {name: future.result() for name, future in futures.items()}
+
+
+@pytest.mark.parametrize("name", RUNS)
+def test_trouble_of_a_run_is_listed(results, name):
+    assert name.split()[0] in {row.code for row in rows_of(results[name])}
+
+
+def test_every_row_is_what_a_run_or_the_sources_say(texts, results):
+    told = set().union(*(rows_of(result) for result in results.values()))
+    assert len(told) > 30
+    unknown = [
+        row for row in ROWS if row not in told and not all(part in texts for part in row.parts)
+    ]
     assert unknown == []
-    assert len(produced) > 25
 
 
 def test_codes_are_those_of_the_sources():

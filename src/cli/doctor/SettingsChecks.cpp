@@ -88,7 +88,7 @@ void CheckSecretFiles(const Settings& settings, Checks& checks) {
             [&] { platform::Password(one.passwordFile, platform::LongestPassword(one.protocol)); },
             checks);
         CheckSecretFile(
-            "k_g", number, one.keyFile, [&] { platform::lan::BmcKey{one.keyFile}; }, checks);
+            "k_g", number, one.keyFile, [&] { platform::lan::ReadBmcKey(one.keyFile); }, checks);
         ++number;
     }
 }

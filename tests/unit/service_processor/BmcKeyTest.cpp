@@ -12,21 +12,21 @@ namespace {
 
 using testing::ElementsAre;
 
-std::vector<int> BytesOf(const BmcKey& key) {
+std::vector<int> BytesOf(const SecretBytes& key) {
     const auto* const bytes = static_cast<const unsigned char*>(key.Data());
     return {bytes, bytes + key.Length()};
 }
 
 std::vector<int> KeyOf(const std::string& line) {
     const TemporaryFolder folder;
-    return BytesOf(BmcKey(folder.Write("key", line + "\n")));
+    return BytesOf(ReadBmcKey(folder.Write("key", line + "\n")));
 }
 
 // What follows the file's name.
 std::string WhyRefused(const std::string& line) {
     const TemporaryFolder folder;
     const std::string file = folder.Write("key", line + "\n");
-    const auto thrown = TroubleOf([&] { BmcKey{file}; });
+    const auto thrown = TroubleOf([&] { ReadBmcKey(file); });
     if (!thrown) return "not refused";
     EXPECT_EQ(thrown->kind, TroubleCode::KeyFile);
     const std::string beginning = "The k_g file " + file + " ";
@@ -39,8 +39,8 @@ constexpr char kForms[] =
     "to 20 bytes.";
 
 TEST(BmcKey, NoFile_IsNoKey) {
-    EXPECT_EQ(BmcKey("").Data(), nullptr);
-    EXPECT_EQ(BmcKey("").Length(), 0U);
+    EXPECT_EQ(ReadBmcKey("").Data(), nullptr);
+    EXPECT_EQ(ReadBmcKey("").Length(), 0U);
 }
 
 TEST(BmcKey, Text_IsTheKey) { EXPECT_THAT(KeyOf("abC"), ElementsAre('a', 'b', 'C')); }

@@ -33,19 +33,21 @@ bool ReadDigits(std::string_view digits, SecretBytes& bytes) {
 
 }  // namespace
 
-BmcKey::BmcKey(const std::string& file) {
-    if (file.empty()) return;
+SecretBytes ReadBmcKey(const std::string& file) {
+    SecretBytes bytes;
+    if (file.empty()) return bytes;
     const Password line(file, kLongestLine, kKeyFile);
     const std::string_view text(line.Text(), line.Length());
     if (text.starts_with(kPrefix)) {
         const std::string_view digits = text.substr(kPrefix.size());
         if (!ReadDigits(digits, bytes)) RefuseKey(file, "has other than pairs of digits after 0x.");
         bytes.SetLength(static_cast<unsigned int>(digits.size() / 2));
-        return;
+        return bytes;
     }
     if (text.size() > kLongestKey) RefuseKey(file, "has a text of more than 20 bytes.");
     std::ranges::copy(text, static_cast<char*>(bytes.Room()));
     bytes.SetLength(static_cast<unsigned int>(text.size()));
+    return bytes;
 }
 
 }  // namespace platform::lan

@@ -7,18 +7,8 @@
 
 namespace platform::lan {
 
-class BmcKey {
-public:
-    // `file` holds it in its first line: "0x" and up to 40 hexadecimal digits, or a text of up to
-    // 20 bytes. An empty name: no key. Throws TransportError, as Password does.
-    explicit BmcKey(const std::string& file);
-
-    // Null and 0 when there is none.
-    const void* Data() const { return bytes.Data(); }
-    unsigned int Length() const { return bytes.Length(); }
-
-private:
-    SecretBytes bytes;
-};
+// `file` holds it in its first line: "0x" and up to 40 hexadecimal digits, or a text of up to 20
+// bytes. An empty name: no key, and no bytes. Throws TransportError, as Password does.
+SecretBytes ReadBmcKey(const std::string& file);
 
 }  // namespace platform::lan

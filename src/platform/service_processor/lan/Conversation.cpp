@@ -1,5 +1,7 @@
 #include <platform/service_processor/lan/Conversation.h>
 
+#include <utility>
+
 namespace platform::lan {
 
 // Reads an answer to the message into `answer`; all must outlive the reader.
@@ -18,6 +20,14 @@ IpmiAnswer Conversation::Ask(LanFormat& format, const IpmiRequest& request) {
     IpmiAnswer answer;
     channel.Exchange([&] { return format.Pack(message); }, Reader(format, message, answer));
     return answer;
+}
+
+Bytes Conversation::AskStep(LanFormat& format, Step step, const IpmiRequest& request,
+                            std::size_t least) {
+    IpmiAnswer answer = Ask(format, request);
+    if (answer.completionCode != kCompleted) throw Refused(account, step, answer.completionCode);
+    if (answer.data.size() < least) throw Failure(account, kCutShort);
+    return std::move(answer.data);
 }
 
 void Conversation::End(LanFormat& format, const IpmiRequest& request) {

@@ -1,9 +1,8 @@
 // IPMI messages of one session, one after the other.
 #pragma once
 
-#include <platform/service_processor/lan/LanAccount.h>
-#include <platform/service_processor/lan/LanChannel.h>
 #include <platform/service_processor/lan/LanFormat.h>
+#include <platform/service_processor/lan/LanTrouble.h>
 
 namespace platform::lan {
 
@@ -15,6 +14,10 @@ public:
 
     // As LanChannel::Exchange().
     IpmiAnswer Ask(LanFormat& format, const IpmiRequest& request);
+
+    // The data of the answer to a step of the opening. Throws LanFailure when the controller
+    // refuses the step, or has fewer bytes than `least` in its answer.
+    Bytes AskStep(LanFormat& format, Step step, const IpmiRequest& request, std::size_t least = 0);
 
     // As LanChannel::Finish().
     void End(LanFormat& format, const IpmiRequest& request);

@@ -51,9 +51,9 @@ std::variant<Bytes, Flaw> Format20::Unpack(ByteView packet) const {
     const FiidObject header(tmpl_rmcpplus_session_hdr);
     const FiidObject payload(tmpl_rmcpplus_payload);
     const FiidObject trailer(tmpl_rmcpplus_session_trlr);
-    const FiidObject messageHeader = AnswerHeader();
+    const FiidObject messageHeader(tmpl_lan_msg_hdr_rs);
     const FiidObject body = AnswerBody();
-    const FiidObject messageTrailer = AnswerTrailer();
+    const FiidObject messageTrailer(tmpl_lan_msg_trlr);
     if (unassemble_ipmi_rmcpplus_pkt(
             by.authentication, by.integrity, by.confidentiality, session.integrityKey.Data(),
             session.integrityKey.Length(), session.confidentialityKey.Data(),

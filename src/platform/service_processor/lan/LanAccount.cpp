@@ -13,7 +13,7 @@ std::string LanPlace(const ControllerSettings& controller) {
 LanAccount::LanAccount(const ControllerSettings& controllerSettings)
     : controller(controllerSettings),
       password(controller.passwordFile, LongestPassword(controller.protocol)),
-      key(controller.keyFile) {}
+      key(ReadBmcKey(controller.keyFile)) {}
 
 bool LanAccount::Has(std::string_view workaround) const {
     return std::ranges::find(controller.workarounds, workaround) != controller.workarounds.end();

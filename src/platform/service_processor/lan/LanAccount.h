@@ -30,7 +30,7 @@ struct LanAccount {
 
     const ControllerSettings& controller;
     const Password password;
-    const BmcKey key;
+    const SecretBytes key;  // K_G
 };
 
 }  // namespace platform::lan

@@ -61,10 +61,7 @@ int LanChannel::Repeat(const Write& write, const Read& read, Pace pace) {
         const std::optional<Bytes> packet = socket.Receive(std::min({end, next, now + kSlice}));
         if (!packet) continue;
         const std::optional<Flaw> flaw = read(*packet);
-        if (!flaw) {
-            hasAnswered = true;
-            return sent;
-        }
+        if (!flaw) return sent;
         silence.unusable.Add(*flaw);
     }
 }

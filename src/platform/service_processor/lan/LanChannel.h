@@ -45,9 +45,6 @@ public:
     // Sends once.
     void Send(ByteView packet) { socket.Send(packet); }
 
-    // True when the controller has answered anything.
-    bool HasAnswered() const { return hasAnswered; }
-
 private:
     struct Pace {
         std::chrono::milliseconds first;  // before the first retransmission
@@ -59,7 +56,6 @@ private:
     UdpSocket socket;
     const TimeAllowance allowance;
     const Time deadline;
-    bool hasAnswered = false;
 };
 
 }  // namespace platform::lan

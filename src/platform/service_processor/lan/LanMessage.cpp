@@ -61,9 +61,7 @@ Bytes Assembled(Bytes packet, int length) {
     return packet;
 }
 
-FiidObject AnswerHeader() { return FiidObject(tmpl_lan_msg_hdr_rs); }
 FiidObject AnswerBody() { return FiidObject(rawMessage); }
-FiidObject AnswerTrailer() { return FiidObject(tmpl_lan_msg_trlr); }
 
 std::optional<Flaw> ReadAnswer(ByteView payload, const LanMessage& message, bool checksChecksums,
                                IpmiAnswer& answer) {

@@ -29,9 +29,7 @@ constexpr std::size_t kShortestAnswer = 8;
 std::optional<Flaw> ReadAnswer(ByteView payload, const LanMessage& message, bool checksChecksums,
                                IpmiAnswer& answer);
 
-// Parts of an answer, into which FreeIPMI reads a packet.
-FiidObject AnswerHeader();
+// Into which FreeIPMI reads the message of an answer.
 FiidObject AnswerBody();
-FiidObject AnswerTrailer();
 
 }  // namespace platform::lan

@@ -64,26 +64,20 @@ void LanSession::AskCapabilities() {
     Format15 outside(account, {});
     const auto channelNumber = static_cast<std::uint8_t>(
         account.IsProtocol15() ? kThisChannel : kThisChannel | kExtendedBit);
-    const IpmiAnswer answer =
-        conversation.Ask(outside, {.netFn = kAppNetFn,
-                                   .command = kGetCapabilities,
-                                   .data = {channelNumber, account.PrivilegeLevel()}});
-    if (answer.completionCode != kCompleted) {
-        throw Refused(account, Step::Capabilities, answer.completionCode);
-    }
-    if (answer.data.size() < kCapabilitiesSize) throw Failure(account, kCutShort);
+    const Bytes answer = conversation.AskStep(outside, Step::Capabilities,
+                                              {.netFn = kAppNetFn,
+                                               .command = kGetCapabilities,
+                                               .data = {channelNumber, account.PrivilegeLevel()}},
+                                              kCapabilitiesSize);
     const bool is15 = account.IsProtocol15();
-    const bool isOffered = is15 ? Offers15(answer.data) : Offers20(answer.data);
+    const bool isOffered = is15 ? Offers15(answer) : Offers20(answer);
     if (!isOffered && !account.Has("authcap")) throw Failure(account, is15 ? kNo15 : kNo20);
 }
 
 void LanSession::SetPrivilegeLevel() {
-    const IpmiAnswer answer = conversation.Ask(
-        *format,
+    conversation.AskStep(
+        *format, Step::Privilege,
         {.netFn = kAppNetFn, .command = kSetPrivilegeLevel, .data = {account.PrivilegeLevel()}});
-    if (answer.completionCode != kCompleted) {
-        throw Refused(account, Step::Privilege, answer.completionCode);
-    }
 }
 
 IpmiRequest LanSession::CloseRequest() const {

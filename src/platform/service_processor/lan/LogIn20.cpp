@@ -51,9 +51,9 @@ struct KeyRoom {
     unsigned int length;
 };
 
-class RmcpPlusLogIn {
+class RmcpPlusHandshake {
 public:
-    RmcpPlusLogIn(const LanAccount& lanAccount, LanChannel& lanChannel);
+    RmcpPlusHandshake(const LanAccount& lanAccount, LanChannel& lanChannel);
 
     std::unique_ptr<LanFormat> Run();
 
@@ -88,7 +88,7 @@ private:
     Session20 session;
 };
 
-RmcpPlusLogIn::RmcpPlusLogIn(const LanAccount& lanAccount, LanChannel& lanChannel)
+RmcpPlusHandshake::RmcpPlusHandshake(const LanAccount& lanAccount, LanChannel& lanChannel)
     : account(lanAccount),
       channel(lanChannel),
       user(account.controller.user),
@@ -106,7 +106,7 @@ RmcpPlusLogIn::RmcpPlusLogIn(const LanAccount& lanAccount, LanChannel& lanChanne
 }
 
 // Some controllers hash no more of the password.
-unsigned int RmcpPlusLogIn::PasswordLength() const {
+unsigned int RmcpPlusHandshake::PasswordLength() const {
     const bool isShorter =
         account.Has("intel20") &&
         session.algorithms.authentication == IPMI_AUTHENTICATION_ALGORITHM_RAKP_HMAC_MD5;
@@ -116,7 +116,7 @@ unsigned int RmcpPlusLogIn::PasswordLength() const {
 
 // Throws when the controller refuses. One that got the step before twice may have begun anew with
 // the second one, so another session may do better.
-FiidObject RmcpPlusLogIn::Ask(const HandshakeStep& step, const FiidObject& message) {
+FiidObject RmcpPlusHandshake::Ask(const HandshakeStep& step, const FiidObject& message) {
     FiidObject answer(step.answerLayout);
     const Bytes packet = HandshakePacket(step.requestType, message.All());
     const LanChannel::Write write = [&] { return packet; };
@@ -137,7 +137,7 @@ FiidObject RmcpPlusLogIn::Ask(const HandshakeStep& step, const FiidObject& messa
     return answer;
 }
 
-void RmcpPlusLogIn::OpenSession() {
+void RmcpPlusHandshake::OpenSession() {
     const CipherAlgorithms& by = session.algorithms;
     const std::uint8_t asked = account.Has("opensesspriv") ? privilege : kHighestPrivilege;
     const FiidObject message(kOpenSession.requestLayout);
@@ -155,7 +155,7 @@ void RmcpPlusLogIn::OpenSession() {
     if (offered != 0 && offered < privilege) throw Failure(account, kSuiteIsLimited);
 }
 
-void RmcpPlusLogIn::SwapRandomNumbers() {
+void RmcpPlusHandshake::SwapRandomNumbers() {
     const FiidObject message(kRakp1.requestLayout);
     fill_rmcpplus_rakp_message_1(Tag(kRakp1), session.controllerId, ownRandom.data(),
                                  Size(ownRandom), privilege, IPMI_NAME_ONLY_LOOKUP, User(),
@@ -167,7 +167,7 @@ void RmcpPlusLogIn::SwapRandomNumbers() {
 }
 
 // Throws when the controller does not know the password.
-void RmcpPlusLogIn::CheckController(FiidObject& answer) {
+void RmcpPlusHandshake::CheckController(FiidObject& answer) {
     constexpr char kCode[] = "key_exchange_authentication_code";
     if (account.Has("supermicro20") || account.Has("sun20")) {
         Bytes code = answer.Data(kCode);
@@ -186,14 +186,14 @@ void RmcpPlusLogIn::CheckController(FiidObject& answer) {
     throw Failure(account, check == 0 ? kOtherPassword : kCannotCompute);
 }
 
-FiidObject RmcpPlusLogIn::Proof(std::uint8_t status, const SecretBytes& code) const {
+FiidObject RmcpPlusHandshake::Proof(std::uint8_t status, const SecretBytes& code) const {
     FiidObject message(kRakp3.requestLayout);
     fill_rmcpplus_rakp_message_3(Tag(kRakp3), status, session.controllerId, code.Data(),
                                  code.Length(), message.Get());
     return message;
 }
 
-void RmcpPlusLogIn::ProveOneself() {
+void RmcpPlusHandshake::ProveOneself() {
     SecretBytes code;
     const int length = ipmi_calculate_rakp_3_key_exchange_authentication_code(
         session.algorithms.authentication, account.password.Text(), PasswordLength(), random.data(),
@@ -205,7 +205,7 @@ void RmcpPlusLogIn::ProveOneself() {
     CheckKey(Ask(kRakp3, Proof(RMCPPLUS_STATUS_NO_ERRORS, code)));
 }
 
-void RmcpPlusLogIn::ComputeKeys() {
+void RmcpPlusHandshake::ComputeKeys() {
     const CipherAlgorithms& by = session.algorithms;
     KeyRoom sessionRoom(sessionKey);
     KeyRoom integrityRoom(session.integrityKey);
@@ -221,7 +221,7 @@ void RmcpPlusLogIn::ComputeKeys() {
 }
 
 // Some controllers take the suite's other algorithm.
-std::uint8_t RmcpPlusLogIn::AlgorithmOfCheckValue() const {
+std::uint8_t RmcpPlusHandshake::AlgorithmOfCheckValue() const {
     if (!account.Has("intel20")) return session.algorithms.authentication;
     switch (session.algorithms.integrity) {
         case IPMI_INTEGRITY_ALGORITHM_HMAC_SHA1_96:
@@ -236,7 +236,7 @@ std::uint8_t RmcpPlusLogIn::AlgorithmOfCheckValue() const {
 }
 
 // Throws when the controller has other keys.
-void RmcpPlusLogIn::CheckKey(const FiidObject& answer) const {
+void RmcpPlusHandshake::CheckKey(const FiidObject& answer) const {
     const std::uint8_t algorithm = AlgorithmOfCheckValue();
     if (algorithm == IPMI_AUTHENTICATION_ALGORITHM_RAKP_NONE &&
         account.Has("integritycheckvalue")) {
@@ -250,7 +250,7 @@ void RmcpPlusLogIn::CheckKey(const FiidObject& answer) const {
     throw Failure(account, check == 0 ? otherKey : kCannotCompute);
 }
 
-std::unique_ptr<LanFormat> RmcpPlusLogIn::Run() {
+std::unique_ptr<LanFormat> RmcpPlusHandshake::Run() {
     OpenSession();
     SwapRandomNumbers();
     ProveOneself();
@@ -260,7 +260,7 @@ std::unique_ptr<LanFormat> RmcpPlusLogIn::Run() {
 }  // namespace
 
 std::unique_ptr<LanFormat> LogIn20(const LanAccount& account, LanChannel& channel) {
-    return RmcpPlusLogIn(account, channel).Run();
+    return RmcpPlusHandshake(account, channel).Run();
 }
 
 }  // namespace platform::lan

@@ -1,22 +1,41 @@
 #!/usr/bin/env python3
-"""Draws the module's classes and associations from the MOF: schema/picture.py > docs/classes.svg
+"""Draws docs/classes.svg with Graphviz: the module's classes and, between them, its associations.
 
-Left the classes with their keys, right the associations with their two roles. A line runs from a
-role to every class that its reference admits, but for references to the CIM roots, which admit all.
+The MOF says which classes there are, their keys, and what each association's roles are called and may
+refer to. Which classes an association ties, and whether it has instances, say the tables in
+docs/classes.md: most roles admit every class.
+
+    schema/picture.py        writes the picture; needs Graphviz's program `dot`
 """
+
 import pathlib
 import re
-import sys
-from xml.sax.saxutils import escape
+import subprocess
+from typing import NamedTuple
 
+PROJECT = pathlib.Path(__file__).resolve().parent.parent
+PICTURE = PROJECT / "docs" / "classes.svg"
 PREFIX = "QUVSG_BMCI2C_"
-ROOTS = {"CIM_ManagedElement", "CIM_ManagedSystemElement"}
 CLASS = re.compile(r"(\[[^\]]*\]\s*)?class\s+(\w+)(?:\s*:\s*(\w+))?\s*\{(.*?)\n\};", re.S)
 FEATURE = re.compile(r"^\s*(\[[^\]]*\]\s*)?(\w+)(\s+REF)?\s+(\w+)(\[\])?;", re.M)
-BOX_WIDTH, LINE_HEIGHT, GAP, LEFT, RIGHT, TOP = 330, 18, 14, 20, 560, 50
+ENDPOINT = re.compile(r"(\w+) \(`(\w+)`\)")
+# The file's own comment names the version of Graphviz.
+COMMENT = re.compile(r"<!--.*?-->\n?", re.S)
 
 
-def read_classes(folder):
+class Box(NamedTuple):
+    name: str
+    superclass: str
+    keys: tuple
+
+
+class Edge(NamedTuple):
+    name: str
+    ends: tuple  # (class, role) twice
+    has_instances: bool
+
+
+def read_classes(folder=PROJECT / "schema"):
     """{name: (superclass, {role: referenced class}, [keys])} of what each class itself declares."""
     classes = {}
     for file in sorted(folder.glob("*.mof")):
@@ -47,49 +66,67 @@ def inherited(classes, name, part):
     return result
 
 
-def box(x, y, title, subtitle, lines, colour):
-    height = (len(lines) + 2) * LINE_HEIGHT + 8
-    texts = [(title, "bold"), (subtitle, "italic")] + [(line, "") for line in lines]
-    style = {"bold": ' font-weight="bold"', "italic": ' font-style="italic" fill="#555"', "": ""}
-    parts = [f'<rect x="{x}" y="{y}" width="{BOX_WIDTH}" height="{height}" rx="4" '
-             f'fill="{colour}" stroke="#333"/>']
-    for index, (text, kind) in enumerate(texts):
-        parts.append(f'<text x="{x + 10}" y="{y + (index + 1) * LINE_HEIGHT}"{style[kind]}>'
-                     f'{escape(text)}</text>')
-    return "\n".join(parts), height
+def table(text, heading):
+    """The rows below the table row that begins with this heading, each a list of cells."""
+    rows = []
+    for line in text[text.index(f"| {heading} |") :].splitlines()[2:]:
+        if not line.startswith("|"):
+            break
+        rows.append([cell.strip() for cell in line.strip("|").split("|")])
+    return rows
 
 
-def draw(classes):
+def boxes(classes):
     own = [name for name in classes if name.startswith(PREFIX)]
-    associations = [name for name in own if inherited(classes, name, 1)]
-    shapes, middle, y = [], {}, TOP
-    for name in sorted(set(own) - set(associations)):
-        keys = [f"key {key}" for key in inherited(classes, name, 2)]
-        shape, height = box(LEFT, y, name[len(PREFIX):], classes[name][0], keys, "#eef4fb")
-        shapes.append(shape)
-        middle[name] = y + height / 2
-        y += height + GAP
-    bottom, y, lines = y, TOP, []
-    for name in sorted(associations):
-        roles = inherited(classes, name, 1)
-        texts = [f"{role}: {target}" for role, target in roles.items()]
-        shape, height = box(RIGHT, y, name[len(PREFIX):], classes[name][0], texts, "#fdf5e6")
-        shapes.append(shape)
-        for index, target in enumerate(roles.values()):
-            role_y = y + (index + 3) * LINE_HEIGHT - 5
-            for end in middle:
-                if target not in ROOTS and target in ancestors(classes, end):
-                    lines.append(f'<line x1="{LEFT + BOX_WIDTH}" y1="{middle[end]}" x2="{RIGHT}" '
-                                 f'y2="{role_y}" stroke="#888"/>')
-        y += height + GAP
-    width, height = RIGHT + BOX_WIDTH + LEFT, max(bottom, y)
-    heading = (f'<text x="{LEFT}" y="30" font-weight="bold">Classes</text>'
-               f'<text x="{RIGHT}" y="30" font-weight="bold">Associations</text>')
-    return "\n".join([f'<svg xmlns="http://www.w3.org/2000/svg" width="{width}" height="{height}" '
-                      f'font-family="sans-serif" font-size="13">',
-                      f'<rect width="{width}" height="{height}" fill="white"/>', heading]
-                     + lines + shapes + ["</svg>"])
+    return [
+        Box(name[len(PREFIX) :], classes[name][0], tuple(inherited(classes, name, 2)))
+        for name in sorted(own)
+        if not inherited(classes, name, 1)
+    ]
+
+
+def edges(text):
+    return [
+        Edge(name, tuple(ENDPOINT.findall(ties)), instances != "never")
+        for name, ties, instances in table(text, "association")
+    ]
+
+
+def box_line(box):
+    rows = [f"<b>{box.name}</b>", f"<i>{box.superclass}</i>", *(f"key {key}" for key in box.keys)]
+    cells = "".join(f'<tr><td align="left">{row}</td></tr>' for row in rows)
+    return (
+        f'{box.name} [label=<<table border="0" cellborder="0" cellspacing="0" '
+        f'cellpadding="1">{cells}</table>>]'
+    )
+
+
+def edge_line(edge):
+    (tail, tail_role), (head, head_role) = edge.ends
+    style = "solid" if edge.has_instances else "dashed"
+    text = f"<b>{edge.name}</b><br/>{tail_role} – {head_role}"
+    return f"{tail} -- {head} [label=<{text}>, style={style}]"
+
+
+def dot_text(box_list, edge_list):
+    lines = [
+        "graph classes {",
+        'graph [rankdir=LR, nodesep=0.6, ranksep=0.4, size="10.6,7.2", bgcolor=white]',  # A4
+        'node [shape=box, style="filled", fillcolor="#eef4fb", fontname="Helvetica", fontsize=12]',
+        'edge [fontname="Helvetica", fontsize=11]',
+        *map(box_line, box_list),
+        *map(edge_line, edge_list),
+        "}",
+    ]
+    return "\n".join(lines)
+
+
+def main():
+    text = (PROJECT / "docs" / "classes.md").read_text(encoding="utf-8")
+    graph = dot_text(boxes(read_classes()), edges(text))
+    svg = subprocess.run(["dot", "-Tsvg"], input=graph, text=True, stdout=subprocess.PIPE, check=True)
+    PICTURE.write_text(COMMENT.sub("", svg.stdout), encoding="utf-8")
 
 
 if __name__ == "__main__":
-    print(draw(read_classes(pathlib.Path(sys.argv[0]).resolve().parent)))
+    main()

@@ -150,11 +150,34 @@ def test_removed_package_leaves_its_settings_only(system):
     assert system.read(SETTINGS) == '[log]\nsink = "none"\n'
 
 
+def users_of(system):
+    return "bmci2c" in system.read("/etc/passwd"), "bmci2c" in system.read("/etc/group")
+
+
 def test_purged_package_leaves_nothing(system):
     system.run("dpkg", "--purge", "bmci2c")
     assert system.files() == system.before
-    assert "bmci2c" not in system.read("/etc/passwd")
-    assert "bmci2c" not in system.read("/etc/group")
+    assert users_of(system) == (False, False)
+
+
+def test_purge_removes_and_names_the_password_files_beside_the_settings(system):
+    system.write("/etc/bmci2c/bmc.password", "secret\n")
+    system.run("chown", "bmci2c:bmci2c", "/etc/bmci2c/bmc.password")
+    done = system.run("dpkg", "--purge", "bmci2c")
+    assert "bmci2c: removing /etc/bmci2c/bmc.password\n" in done.stdout
+    assert system.files() == system.before
+    assert users_of(system) == (False, False)
+
+
+def test_user_stays_while_a_file_elsewhere_belongs_to_it(system):
+    system.write("/srv/bmc.password", "secret\n")
+    system.run("chown", "bmci2c:bmci2c", "/srv/bmc.password")
+    done = system.run("dpkg", "--purge", "bmci2c")
+    assert "\n/srv/bmc.password\n" in done.stdout
+    assert users_of(system) == (True, True)
+    system.run("rm", "/srv/bmc.password")
+    system.run("userdel", "bmci2c")
+    assert system.files() == system.before
 
 
 def test_removed_package_is_unregistered_from_its_server(system):

@@ -153,6 +153,29 @@ def test_qualifiers_and_elements_of_the_catalog_guide_are_known(bmci2c):
     assert "Unrecognized identifier" not in result.err
 
 
+def installed_pages():
+    """The pages that the installation brings, by name."""
+    rules = (PROJECT / "packaging" / "CMakeLists.txt").read_text()
+    names = re.findall(r"/docs/([\w-]+\.md)\"", rules)
+    assert names
+    return {name: (PROJECT / "docs" / name).read_text(encoding="utf-8") for name in names}
+
+
+def test_every_page_that_messages_manual_and_installed_pages_name_is_installed():
+    texts = list(installed_pages().values())
+    for pattern in ("src/cli/**/*.cpp", "docs/man/*", "data/*.toml", "packaging/systemd/*"):
+        texts += [path.read_text(encoding="utf-8") for path in PROJECT.glob(pattern)]
+    page = r"\b(?:docs/|doc/bmci2c/)([\w-]+\.md)|\]\(([\w-]+\.md)\)"
+    named = {first or second for text in texts for first, second in re.findall(page, text)}
+    assert {"json.md", "classes.md", "catalog-guide.md"} <= named <= set(installed_pages())
+
+
+# serve.md shows a call in the source folder.
+@pytest.mark.parametrize("name", sorted(set(installed_pages()) - {"serve.md"}))
+def test_installed_page_names_samples_where_they_are_installed(name):
+    assert not re.search(r"(?<![\w/])(?:data|schema|packaging)/\w", installed_pages()[name])
+
+
 def trouble_codes():
     """The codes that the sources give to troubles."""
     source = PROJECT / "src"

@@ -6,6 +6,8 @@
 # dependencies does not build.
 function(bmci2c_library target)
   cmake_parse_arguments(ARG "" "FOLDER" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})
+  cmake_path(GET ARG_FOLDER FILENAME name)
+  set_property(GLOBAL APPEND PROPERTY BMCI2C_LIBRARIES "${target}=${name}")
   set(include_root "${CMAKE_BINARY_DIR}/include/${target}")
   cmake_path(GET ARG_FOLDER PARENT_PATH parent)
   file(MAKE_DIRECTORY "${include_root}/${parent}")

@@ -8,7 +8,7 @@ namespace cli {
 
 namespace {
 
-constexpr std::size_t kIndent = 2;
+constexpr std::size_t kHelpIndent = 2;
 constexpr std::size_t kWidestNames = 26;
 // Descriptions get the greater part of a narrow terminal.
 constexpr std::size_t kNamesShare = 3;
@@ -26,7 +26,7 @@ std::string HelpFormatter::make_description(const CLI::App* app) const {
 }
 
 std::string HelpFormatter::make_usage(const CLI::App* app, std::string name) const {
-    return Wrap(Formatter::make_usage(app, std::move(name)), width, 0, kIndent);
+    return Wrap(Formatter::make_usage(app, std::move(name)), width, 0, kHelpIndent);
 }
 
 std::string HelpFormatter::make_footer(const CLI::App* app) const {
@@ -59,10 +59,10 @@ std::string HelpFormatter::make_option_desc(const CLI::Option* option) const {
 }
 
 std::string HelpFormatter::Row(const std::string& name, const std::string& description) const {
-    const std::string row(kIndent, ' ');
-    if (kIndent + name.size() + 2 > nameWidth)
+    const std::string row(kHelpIndent, ' ');
+    if (kHelpIndent + name.size() + 2 > nameWidth)
         return row + name + "\n" + Wrap(description, width, nameWidth);
-    return row + name + Wrap(description, width, nameWidth).substr(kIndent + name.size());
+    return row + name + Wrap(description, width, nameWidth).substr(kHelpIndent + name.size());
 }
 
 }  // namespace cli

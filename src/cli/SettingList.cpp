@@ -13,7 +13,7 @@ using platform::Origin;
 using platform::Setting;
 using platform::Settings;
 
-Json ValueJson(const platform::OxcFamily& oxc) {
+Json SettingValueJson(const platform::OxcFamily& oxc) {
     if (const bool* const all = std::get_if<bool>(&oxc)) return *all;
     Json products = Json::array();
     for (const auto& [manufacturer, product] :
@@ -22,14 +22,16 @@ Json ValueJson(const platform::OxcFamily& oxc) {
     return products;
 }
 
-Json ValueJson(const std::optional<std::string>& text) { return text ? Json(*text) : Json(); }
+Json SettingValueJson(const std::optional<std::string>& text) {
+    return text ? Json(*text) : Json();
+}
 
-Json ValueJson(const std::optional<std::vector<ControllerSettings>>& controllers) {
+Json SettingValueJson(const std::optional<std::vector<ControllerSettings>>& controllers) {
     return controllers ? Json(controllers->size()) : Json("every IPMI device");
 }
 
 template <class Plain>
-Json ValueJson(const Plain& plain) {
+Json SettingValueJson(const Plain& plain) {
     return plain;
 }
 
@@ -71,7 +73,7 @@ public:
 
     template <class T>
     void Add(const std::string& name, const Setting<T>& setting, bool choseItself = false) {
-        settings.push_back({name, ValueJson(setting.value),
+        settings.push_back({name, SettingValueJson(setting.value),
                             choseItself ? Source{"command", ""} : SourceOf(setting)});
     }
 

@@ -9,7 +9,7 @@ using NQUVZDX20::kLogTrace;
 
 namespace {
 
-constexpr int kAnnouncedLength = 256;  // unlike the status request's
+constexpr int kAnnouncedGenerationLength = 256;  // unlike the status request's
 constexpr std::size_t kGenerationByte = 1;
 constexpr std::uint8_t kSecondGeneration = 0x01;
 
@@ -26,7 +26,7 @@ BMCI2C_Test_Impl::GenerationAnswer BMCI2C_Test_Impl::AskGeneration(const SPMachi
         return GenerationAnswer{.generation = Generation::Unknown, .reason = trouble.text};
     };
     std::unique_ptr<SPLibrary> controller = ControllerOfNode(0, described);
-    IpmiExchange exchange(platform::kControllerGeneration, kAnnouncedLength);
+    IpmiExchange exchange(platform::kControllerGeneration, kAnnouncedGenerationLength);
     WriteCoreLog(kLogTrace, exchange.DumpRequest());
     if (!exchange.SendTo(std::move(controller), share)) {
         return unknown(exchange.Facts().trouble.value_or(run_trouble::NotPresent()));

@@ -19,7 +19,7 @@ namespace cli {
 namespace {
 
 constexpr const char* kNone = "(none)";
-constexpr std::size_t kHanging = 4;
+constexpr std::size_t kTroubleIndent = 4;
 
 using Rows = std::vector<std::pair<std::string, std::string>>;
 
@@ -33,7 +33,7 @@ Json SettingsJson(const Session& session) {
 }
 
 // A password or key stands in its file only, which is named.
-Json ControllerJson(const Controller& controller) {
+Json ControllerIdJson(const Controller& controller) {
     Json json = {{"way", controller.way}};
     if (controller.settings.transport != platform::TransportKind::Lan) return json;
     json["user"] = controller.settings.user;
@@ -67,7 +67,7 @@ Json InfoJson(const Session& session) {
     const std::filesystem::path catalog = CatalogBelow(session.settings.root.value);
     Json controllers = Json::array();
     for (const Controller& controller : machine.controllers)
-        controllers.push_back(ControllerJson(controller));
+        controllers.push_back(ControllerIdJson(controller));
     return {{"module", session.files.module},
             {"schema", session.files.schema},
             {"registrations", RegistrationsJson(host->Registrations())},
@@ -135,7 +135,7 @@ std::string InfoText(const Json& info, std::size_t width) {
     text += "\nRegistrations: " + Counted(info["registrations"].size(), "class", "classes") + "\n" +
             RegistrationsText(info["registrations"], width);
     for (const Json& trouble : info["troubles"])
-        text += "\n" + Wrap(Plain(trouble), width, 0, kHanging);
+        text += "\n" + Wrap(Plain(trouble), width, 0, kTroubleIndent);
     return text;
 }
 

@@ -57,9 +57,9 @@ std::string ClassesText(const RegistrationFiles& files, bool hasPublishedClasses
 }
 
 // Tells people of each step at once; scripts get one JSON object at the end.
-class Progress {
+class StepPrinter {
 public:
-    explicit Progress(const RegisterOptions& itsOptions) : options(itsOptions) {}
+    explicit StepPrinter(const RegisterOptions& itsOptions) : options(itsOptions) {}
 
     void Say(const std::string& line) const {
         if (!options.asJson) std::cout << PrintableLine(line) << std::endl;
@@ -100,7 +100,8 @@ private:
     std::vector<Step> steps;
 };
 
-ServerTools ToolsFor(const CimServer& server, const RegisterOptions& options, Progress& progress) {
+ServerTools ToolsFor(const CimServer& server, const RegisterOptions& options,
+                     StepPrinter& progress) {
     return {server.Package(), options.dryRun,
             [&progress](const Step& step) { progress.Announce(step); }};
 }
@@ -108,7 +109,7 @@ ServerTools ToolsFor(const CimServer& server, const RegisterOptions& options, Pr
 int Register(const Session& session, const RegisterOptions& options) {
     const auto server = Chosen(options);
     const RegistrationFiles files = FilesFor(session, *server);
-    Progress progress(options);
+    StepPrinter progress(options);
     ServerTools tools = ToolsFor(*server, options, progress);
     progress.Say(ClassesText(files, server->HasPublishedClasses()));
     server->Register(tools, files);
@@ -125,7 +126,7 @@ int Register(const Session& session, const RegisterOptions& options) {
 int Unregister(const Session& session, const RegisterOptions& options) {
     const auto server = Chosen(options);
     const RegistrationFiles files = FilesFor(session, *server);
-    Progress progress(options);
+    StepPrinter progress(options);
     ServerTools tools = ToolsFor(*server, options, progress);
     server->Unregister(tools, files);
     if (!options.dryRun) {

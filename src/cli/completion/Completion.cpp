@@ -10,7 +10,7 @@ namespace cli {
 
 namespace {
 
-bool IsOption(const std::string& word) { return word.starts_with('-'); }
+bool BeginsLikeOption(const std::string& word) { return word.starts_with('-'); }
 
 bool TakesValue(const CLI::Option* option) {
     return option != nullptr && option->get_items_expected_max() > 0;
@@ -45,7 +45,7 @@ public:
             awaiting = nullptr;
         } else if (takesOptions && word == "--") {
             takesOptions = false;
-        } else if (takesOptions && IsOption(word)) {
+        } else if (takesOptions && BeginsLikeOption(word)) {
             const CLI::Option* const option = FindOption(word);  // with its value: none
             if (TakesValue(option)) awaiting = option;
         } else if (command == nullptr) {
@@ -57,7 +57,7 @@ public:
 
     Completion Complete(const std::string& word, const SchemaWords& schema) const {
         if (awaiting != nullptr) return Values(awaiting->get_type_name(), schema);
-        if (takesOptions && IsOption(word)) return OptionsOrTheirValues(word, schema);
+        if (takesOptions && BeginsLikeOption(word)) return OptionsOrTheirValues(word, schema);
         if (command == nullptr) return isLost ? Completion() : CommandWords();
         const std::vector<const CLI::Option*> all = command->get_options(
             [](const CLI::Option* option) { return option->get_positional(); });

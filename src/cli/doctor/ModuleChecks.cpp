@@ -15,7 +15,7 @@ namespace cli {
 
 namespace {
 
-constexpr const char* kModule = "module";
+constexpr const char* kModuleCheck = "module";
 constexpr const char* kFunctions = "functions";
 constexpr const char* kSchema = "schema";
 constexpr const char* kClassPrefix = "QUVSG_BMCI2C_";  // of the classes that the module serves
@@ -106,9 +106,9 @@ void Add(Checks& checks, const char* name, const Make& make) {
 
 Checks CheckModule(const host::HostFiles& files) {
     Checks checks;
-    Add(checks, kModule, [&] {
+    Add(checks, kModuleCheck, [&] {
         const host::Module module(files.module);
-        return Good(kModule, "The module " + files.module + " can be loaded.");
+        return Good(kModuleCheck, "The module " + files.module + " can be loaded.");
     });
     Add(checks, kFunctions, [&] {
         const auto registrations = host::ReadRegistrations(files.registrations);

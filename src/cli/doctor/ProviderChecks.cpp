@@ -17,7 +17,7 @@ namespace cli {
 
 namespace {
 
-constexpr const char* kName = "providers";
+constexpr const char* kProvidersCheck = "providers";
 
 class ProviderProbe {
 public:
@@ -113,7 +113,7 @@ void RunOnce(host::Host& host, Checks& checks) {
     try {
         InvokeDiagnostic(host);
     } catch (const CallError& error) {
-        checks.push_back(Bad(kName, error.what(), kReinstall));
+        checks.push_back(Bad(kProvidersCheck, error.what(), kReinstall));
     }
 }
 
@@ -124,16 +124,17 @@ Checks AskProviders(host::Host& host) {
     for (const host::Registration& one : host.Registrations()) {
         ProviderProbe probe(host, one);
         if (const std::vector<std::string> troubles = probe.Troubles(); !troubles.empty())
-            checks.push_back(Bad(kName,
+            checks.push_back(Bad(kProvidersCheck,
                                  "The provider of " + one.className +
                                      " and the MOF disagree: " + Listed(troubles) + ".",
                                  kReinstall));
         if (probe.ShowedInstances()) ++showing;
     }
     if (!checks.empty()) return checks;
-    return {Good(kName, "The " + Counted(host.Registrations().size(), "provider", "providers") +
-                            " of the module answer; " + std::to_string(showing) +
-                            " of them show instances, which agree with the MOF.")};
+    return {Good(kProvidersCheck,
+                 "The " + Counted(host.Registrations().size(), "provider", "providers") +
+                     " of the module answer; " + std::to_string(showing) +
+                     " of them show instances, which agree with the MOF.")};
 }
 
 }  // namespace
@@ -145,13 +146,13 @@ Checks CheckProviders(const host::HostFiles& files) {
         return AskProviders(host);
     } catch (const std::system_error& error) {
         return {
-            Bad(kName,
+            Bad(kProvidersCheck,
                 "The providers were not asked, because the folder for temporary files cannot be "
                 "used: " +
                     error.code().message() + ".",
                 "Make room in it, or name another one with the variable TMPDIR.")};
     } catch (const std::exception& error) {
-        return {Bad(kName, error.what(), kReinstall)};
+        return {Bad(kProvidersCheck, error.what(), kReinstall)};
     }
 }
 

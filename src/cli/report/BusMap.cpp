@@ -12,7 +12,7 @@ namespace cli {
 
 namespace {
 
-constexpr std::size_t kIndent = 2;
+constexpr std::size_t kMapIndent = 2;
 constexpr std::size_t kLeastCellWidth = 3;
 constexpr std::string_view kHeading = "bus";
 
@@ -33,10 +33,10 @@ struct Meaning {
     const char* text;
 };
 
-constexpr Meaning kMeanings[] = {{BusState::Good, '.', "good"},
-                                 {BusState::Failed, 'X', "failed"},
-                                 {BusState::Unjudged, '?', "not judged"},
-                                 {std::nullopt, '-', "no such bus"}};
+constexpr Meaning kLegend[] = {{BusState::Good, '.', "good"},
+                               {BusState::Failed, 'X', "failed"},
+                               {BusState::Unjudged, '?', "not judged"},
+                               {std::nullopt, '-', "no such bus"}};
 
 std::string CharacterOf(const Meaning& meaning, const Terminal& terminal) {
     const std::string character(1, meaning.character);
@@ -74,7 +74,7 @@ public:
             nameWidth = std::max(nameWidth, NodeName(controller.node).size());
         }
         cellWidth = std::max(kLeastCellWidth, std::to_string(busses).size() + 1);
-        const std::size_t taken = kIndent + nameWidth + 1;
+        const std::size_t taken = kMapIndent + nameWidth + 1;
         columns = ColumnsWithin((terminal.width - std::min(terminal.width, taken)) *
                                 kLeastCellWidth / cellWidth);
     }
@@ -90,14 +90,14 @@ public:
     std::string Legend() const {
         std::string legend;
         std::size_t width = 0;  // of the line so far
-        for (const Meaning& meaning : kMeanings) {
+        for (const Meaning& meaning : kLegend) {
             if (!Occurs(meaning.mark)) continue;
             const std::size_t length = 3 + std::string_view(meaning.text).size();
             if (width != 0 && width + kGap + length > terminal.width) {
                 legend += "\n";
                 width = 0;
             }
-            const std::size_t gap = width == 0 ? kIndent : kGap;
+            const std::size_t gap = width == 0 ? kMapIndent : kGap;
             legend += std::string(gap, ' ') + CharacterOf(meaning, terminal) + "  " + meaning.text;
             width += gap + length;
         }
@@ -122,7 +122,8 @@ private:
     }
 
     std::string Numbers(std::size_t first, std::size_t end) const {
-        std::string text = std::string(kIndent, ' ') + Left(std::string(kHeading), nameWidth) + " ";
+        std::string text =
+            std::string(kMapIndent, ' ') + Left(std::string(kHeading), nameWidth) + " ";
         for (std::size_t bus = first; bus < end; ++bus)
             text += Right(std::to_string(bus), cellWidth);
         return text + "\n";
@@ -131,7 +132,7 @@ private:
     std::string Row(std::size_t row, std::size_t first, std::size_t end) const {
         const ControllerResult& controller = controllers[row];
         std::string text =
-            std::string(kIndent, ' ') + Left(NodeName(controller.node), nameWidth) + " ";
+            std::string(kMapIndent, ' ') + Left(NodeName(controller.node), nameWidth) + " ";
         if (controller.outcome != Outcome::Examined)
             return text + " " + terminal.Yellow(ShortReason(controller));
         for (std::size_t bus = first; bus < std::min(end, marks[row].size()); ++bus)
@@ -140,7 +141,7 @@ private:
     }
 
     std::string Cell(const Mark& mark) const {
-        const auto* meaning = std::ranges::find(kMeanings, mark, &Meaning::mark);
+        const auto* meaning = std::ranges::find(kLegend, mark, &Meaning::mark);
         return std::string(cellWidth - 1, ' ') + CharacterOf(*meaning, terminal);
     }
 

@@ -18,8 +18,8 @@ namespace cli {
 
 namespace {
 
-constexpr std::size_t kIndent = 2;
-constexpr std::size_t kHanging = 2;
+constexpr std::size_t kReportIndent = 2;
+constexpr std::size_t kReportHanging = 2;
 
 using Rows = std::vector<std::pair<std::string, std::string>>;
 
@@ -29,10 +29,10 @@ std::string Section(const std::string& heading, const std::string& text, const T
 
 std::string Known(const std::string& text) { return text.empty() ? "(unknown)" : text; }
 
-std::string Paragraphs(const std::vector<std::string>& paragraphs, const Terminal& terminal) {
+std::string Wrapped(const std::vector<std::string>& paragraphs, const Terminal& terminal) {
     std::string text;
     for (const std::string& paragraph : paragraphs)
-        text += Wrap(paragraph, terminal.width, kIndent, kHanging);
+        text += Wrap(paragraph, terminal.width, kReportIndent, kReportHanging);
     return text;
 }
 
@@ -58,11 +58,11 @@ std::string ControllerSection(const RunResult& result) {
 }
 
 std::string MessageText(const ResultMessage& message, const Terminal& terminal) {
-    std::string text = Wrap(message.line, terminal.width, kIndent, kHanging);
+    std::string text = Wrap(message.line, terminal.width, kReportIndent, kReportHanging);
     if (message.recommendations.empty()) return text;
     text += "    Recommendations:\n";
     for (const std::string& recommendation : message.recommendations)
-        text += Wrap("- " + recommendation, terminal.width, 2 * kIndent, kHanging);
+        text += Wrap("- " + recommendation, terminal.width, 2 * kReportIndent, kReportHanging);
     return text;
 }
 
@@ -84,7 +84,7 @@ std::string RecordSection(const RunResult& result, const Terminal& terminal) {
     return text + Wrap(
                       "(166, then the message number - 901 is bus 0 - and which controller was "
                       "asked: 001 is node 0.)",
-                      terminal.width, kIndent);
+                      terminal.width, kReportIndent);
 }
 
 bool IsWhole(const RunResult& result) {
@@ -129,8 +129,8 @@ std::string RunText(const RunReport& report, const Terminal& terminal) {
     text += section(goesBeyondRecord ? "What the test found" : "What the test recorded",
                     RecordSection(result, terminal));
     text += section(IsWhole(result) ? "Notes" : "What was not examined, and why",
-                    Paragraphs(Reasons(result, report.askedAll), terminal));
-    text += section("What to do next", Paragraphs(NextSteps(result), terminal));
+                    Wrapped(Reasons(result, report.askedAll), terminal));
+    text += section("What to do next", Wrapped(NextSteps(result), terminal));
     if (result.machine.simulated)
         text += section("The same test on this machine's own controllers",
                         RealMachineSection(report.session));

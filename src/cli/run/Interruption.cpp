@@ -14,11 +14,12 @@ using Actions = std::array<struct sigaction, kSignals.size()>;
 // A handler reaches nothing but what is static.
 std::atomic<bool> requested = false;
 std::atomic<int> received = 0;
-Actions before = {};
+Actions handlersBefore = {};
 static_assert(std::atomic<bool>::is_always_lock_free && std::atomic<int>::is_always_lock_free);
 
 void Restore() {
-    for (std::size_t i = 0; i < kSignals.size(); ++i) ::sigaction(kSignals[i], &before[i], nullptr);
+    for (std::size_t i = 0; i < kSignals.size(); ++i)
+        ::sigaction(kSignals[i], &handlersBefore[i], nullptr);
 }
 
 void OnSignal(int signal) {
@@ -36,8 +37,8 @@ Interruption::Interruption() {
     action.sa_handler = OnSignal;  // without SA_RESTART: a blocking call returns
     for (const int signal : kSignals) ::sigaddset(&action.sa_mask, signal);
     for (std::size_t i = 0; i < kSignals.size(); ++i) {
-        ::sigaction(kSignals[i], nullptr, &before[i]);
-        if (before[i].sa_handler != SIG_IGN) ::sigaction(kSignals[i], &action, nullptr);
+        ::sigaction(kSignals[i], nullptr, &handlersBefore[i]);
+        if (handlersBefore[i].sa_handler != SIG_IGN) ::sigaction(kSignals[i], &action, nullptr);
     }
 }
 

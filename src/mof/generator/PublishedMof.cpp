@@ -76,8 +76,8 @@ void WriteQualifiers(std::ostream& out, const Schema& schema, const Class& cls) 
 }
 
 // Everything that the class has and `ancestor` has not becomes the class's own.
-void WriteClass(std::ostream& out, const Schema& schema, const Class& cls,
-                const std::string& ancestor) {
+void WritePublishedClass(std::ostream& out, const Schema& schema, const Class& cls,
+                         const std::string& ancestor) {
     const auto isOwn = [&](const auto& member) {
         return !IsSubclass(schema, member.declarer->name, ancestor);
     };
@@ -105,7 +105,7 @@ std::string PublishedMof(const Schema& schema) {
     std::ostringstream out;
     out << kBeginning;
     for (const Class* cls : ModuleClasses(schema)) {
-        WriteClass(out, schema, *cls, AncestorOf(*cls));
+        WritePublishedClass(out, schema, *cls, AncestorOf(*cls));
     }
     return out.str();
 }

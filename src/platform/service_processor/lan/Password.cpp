@@ -16,7 +16,7 @@ namespace {
 constexpr std::array kLineEnds = {'\r', '\n', '\0'};
 
 // Tells what is wrong with a file.
-struct Refusal {
+struct FileRefusal {
     const std::string& file;
     SecretKind kind;
 
@@ -58,7 +58,7 @@ std::string OctalMode(mode_t mode) {
     return digits;
 }
 
-void CheckOwnersOnly(int descriptor, const Refusal& refuse) {
+void CheckOwnersOnly(int descriptor, const FileRefusal& refuse) {
     struct stat status {};
     if (fstat(descriptor, &status) != 0) {
         refuse("cannot be read: " + std::generic_category().message(errno) + ".");
@@ -75,7 +75,7 @@ void CheckOwnersOnly(int descriptor, const Refusal& refuse) {
 // Delegates, so that the destructor wipes what was read when the constructor throws.
 Password::Password(const std::string& file, std::size_t longest, SecretKind kind) : Password() {
     if (file.empty()) return;
-    const Refusal refuse{.file = file, .kind = kind};
+    const FileRefusal refuse{.file = file, .kind = kind};
     const OpenFile opened(file);
     if (opened.Descriptor() < 0) {
         refuse("cannot be read: " + std::generic_category().message(errno) + ".");

@@ -16,7 +16,7 @@ IpmiAnswer Generation(int generation) {
     return {.completionCode = kCompleted, .data = {0x00, secondByte}};
 }
 
-IpmiAnswer DeviceId() {
+IpmiAnswer DeviceIdAnswer() {
     return {.completionCode = kCompleted,
             .data = {0x20,              // device ID
                      0x01,              // device revision
@@ -74,7 +74,7 @@ IpmiAnswer SimulatedTransport::Answer(const IpmiRequest& request) const {
             return {.completionCode = code};
         return Generation(generation);
     }
-    if (Is(request, kAppNetFn, kGetDeviceId)) return DeviceId();
+    if (Is(request, kAppNetFn, kGetDeviceId)) return DeviceIdAnswer();
     return {.completionCode = kInvalidCommand};
 }
 

@@ -62,8 +62,8 @@ public:
     // interface, with CMPI_RC_ERR_NOT_SUPPORTED. Keys, properties and arguments are typed by the
     // class where they are given as text. Enumerating a class also enumerates the registered
     // classes that derive from it; of several classes, those that fail are left out and logged, and
-    // the request fails only when all of them do. Associations that a provider does not answer are
-    // derived by enumerating the association class.
+    // the request fails only when all of them do. An instance or association that a provider does
+    // not support asking for is looked for among those that the provider enumerates.
     InstancesResult EnumerateInstances(const ObjectPath& classPath,
                                        const std::vector<std::string>* properties = nullptr);
     NamesResult EnumerateInstanceNames(const ObjectPath& classPath);

@@ -1,5 +1,6 @@
 """pywbem as a client of `bmci2c serve`."""
 
+import time
 from concurrent.futures import ThreadPoolExecutor
 
 import pytest
@@ -299,20 +300,107 @@ def test_association_filters_choose(pywbem, connection):
     assert status_of(pywbem, lambda: connection.Associators(path, AssocClass="CIM_No")) == 4
 
 
-def test_associations_of_classes_are_not_supported(pywbem, connection):
-    assert status_of(pywbem, lambda: connection.Associators(SERVICE)) == 7
+def test_associations_of_classes_are_classes(connection):
+    path, cls = connection.Associators(SERVICE, AssocClass="CIM_UseOfLog")[0]
+    assert (path.classname, path.namespace, cls.classname) == ("CIM_Log", NAMESPACE, "CIM_Log")
+    names = {name.classname for name in connection.ReferenceNames(SERVICE)}
+    assert {f"{PREFIX}UseOfLog", "CIM_Dependency", f"{PREFIX}ElementSetting"} <= names
+    assert not {f"{PREFIX}LogManagesRecord", JOB} & names
 
 
-def test_instances_cannot_be_got_made_changed_or_deleted(pywbem, connection, own_classes):
+def test_every_instance_is_got_by_its_path(pywbem, connection, own_classes):
+    run(pywbem, connection)
+    count = 0
+    for cls in own_classes:
+        for path in connection.EnumerateInstanceNames(cls.classname):
+            got = connection.GetInstance(path, PropertyList=["Caption"])
+            assert got.path.keybindings == path.keybindings
+            assert set(got.keys()) <= {"Caption"}
+            count += 1
+    assert count >= 16
+
+
+def test_instance_that_does_not_exist_is_not_found(pywbem, connection, own_classes):
+    for path in (
+        service_path(pywbem, "No Test"),
+        service_path(pywbem, cls="CIM_DiagnosticService"),
+        service_path(pywbem, cls="CIM_ManagedElement"),
+    ):
+        assert status_of(pywbem, lambda: connection.GetInstance(path)) == 6
+
+
+def test_instances_cannot_be_made_changed_or_deleted(pywbem, connection, own_classes):
     run(pywbem, connection)
     assert len(own_classes) == 23
     for cls in own_classes:
         path = some_path(pywbem, cls)
         instance = pywbem.CIMInstance(cls.classname, path.keybindings, path=path)
-        assert status_of(pywbem, lambda: connection.GetInstance(path)) == 7
         assert status_of(pywbem, lambda: connection.CreateInstance(instance, NAMESPACE)) == 7
         assert status_of(pywbem, lambda: connection.ModifyInstance(instance)) == 7
         assert status_of(pywbem, lambda: connection.DeleteInstance(path)) == 7
+
+
+PULLED = {
+    "instances": ("OpenEnumerateInstances", "PullInstancesWithPath", "instances"),
+    "paths": ("OpenEnumerateInstancePaths", "PullInstancePaths", "paths"),
+    "associators": ("OpenAssociatorInstances", "PullInstancesWithPath", "instances"),
+    "associator-paths": ("OpenAssociatorInstancePaths", "PullInstancePaths", "paths"),
+    "references": ("OpenReferenceInstances", "PullInstancesWithPath", "instances"),
+    "reference-paths": ("OpenReferenceInstancePaths", "PullInstancePaths", "paths"),
+}
+
+
+@pytest.mark.parametrize("kind", PULLED)
+def test_objects_are_pulled_one_by_one(pywbem, connection, kind):
+    opens, pulls, objects = PULLED[kind]
+    run(pywbem, connection)
+    source = "CIM_ManagedElement" if "Enumerate" in opens else service_path(pywbem, SystemName="")
+    path_of = lambda found: found if objects == "paths" else found.path
+    whole = getattr(connection, opens)(source, MaxObjectCount=1000)
+    assert (whole.eos, whole.context) == (True, None)
+    piece = getattr(connection, opens)(source, MaxObjectCount=1, OperationTimeout=10)
+    pulled = list(getattr(piece, objects))
+    assert (len(pulled), piece.eos) == (1, False)
+    while not piece.eos:
+        piece = getattr(connection, pulls)(piece.context, MaxObjectCount=1)
+        pulled += getattr(piece, objects)
+    assert [path_of(one) for one in pulled] == [path_of(one) for one in getattr(whole, objects)]
+    assert len(pulled) > 3
+    assert {path_of(one).host for one in pulled} == {connection.url.removeprefix("http://")}
+
+
+def test_enumeration_is_closed(pywbem, connection):
+    context = connection.OpenEnumerateInstances("CIM_ManagedElement").context
+    connection.CloseEnumeration(context)
+    pull = lambda: connection.PullInstancesWithPath(context, MaxObjectCount=1)
+    assert status_of(pywbem, pull) == 21
+
+
+def test_wrong_parameters_of_pull_operations_are_refused(pywbem, connection):
+    wrong = {
+        22: {"OperationTimeout": 0},
+        25: {"FilterQueryLanguage": "DMTF:FQL", "FilterQuery": "Name = 'x'"},
+        26: {"ContinueOnError": True},
+    }
+    for status, parameters in wrong.items():
+        opening = lambda: connection.OpenEnumerateInstances(SERVICE, **parameters)
+        assert status_of(pywbem, opening) == status
+
+
+def test_clients_that_leave_let_others_in(pywbem, connection):
+    for _ in range(64):
+        connection.OpenEnumerateInstances("CIM_ManagedElement", OperationTimeout=1)
+    assert connection.OpenEnumerateInstances("CIM_ManagedElement", MaxObjectCount=1000).eos
+    opening = lambda: connection.OpenEnumerateInstances("CIM_ManagedElement")
+    deadline = time.monotonic() + 60
+    while time.monotonic() < deadline:
+        try:
+            assert not opening().eos
+            return
+        except pywbem.CIMError as error:
+            assert error.status_code == 27
+            time.sleep(0.2)
+    pytest.fail("the enumerations of clients that left stay open")
 
 
 def test_every_other_method_is_not_supported(pywbem, connection, own_classes):
@@ -331,7 +419,7 @@ def test_other_operations_are_not_supported(pywbem, connection):
     operations = [
         lambda: connection.DeleteClass(SERVICE),
         lambda: connection.ExecQuery("WQL", "SELECT * FROM X"),
-        lambda: connection.OpenEnumerateInstances(SERVICE),
+        lambda: connection.OpenQueryInstances("DMTF:CQL", "SELECT * FROM X"),
         lambda: connection.DeleteQualifier("Key"),
     ]
     assert [status_of(pywbem, operation) for operation in operations] == [7] * 4

@@ -107,8 +107,12 @@ def test_associations_are_followed(wbemcli):
     assert wbemcli("ri", service())
 
 
+def test_instance_is_got(wbemcli):
+    assert 'ElementName="BMC I2C Test"' in wbemcli("gi", service())
+
+
 def test_errors_are_told(wbemcli):
-    wbemcli("gi", service(), fails="CIM_ERR_NOT_SUPPORTED")
+    wbemcli("gi", service("No Test"), fails="CIM_ERR_NOT_FOUND")
     wbemcli("di", service(), fails="CIM_ERR_NOT_SUPPORTED")
     wbemcli("ei", "CIM_No", fails="CIM_ERR_INVALID_CLASS")
     wbemcli("gc", "CIM_No", fails="CIM_ERR_NOT_FOUND")

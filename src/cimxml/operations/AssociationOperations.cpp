@@ -1,75 +1,92 @@
 #include <cimxml/codec/InstanceWriter.h>
 #include <cimxml/codec/ValueWriter.h>
+#include <cimxml/operations/Answers.h>
 #include <cimxml/operations/AssociationOperations.h>
 #include <cimxml/operations/ObjectDetail.h>
-#include <host/Status.h>
+#include <host/requests/AssociatedClasses.h>
 
 namespace cimxml {
 
 namespace {
 
-using host::AssociationQuery;
+using Object = Parameters::Object;
+using Classes = std::vector<const host::ClassInfo*>;
+using host::AssociatedClasses;
+using host::ReferringClasses;
 
-host::ObjectPath Source(const Call& call) {
-    const Parameters::Object object = call.parameters.RequiredObject("ObjectName");
-    if (object.isClass)
-        throw host::Failure(CMPI_RC_ERR_NOT_SUPPORTED,
-                            "This server follows associations of instances, not of classes.");
-    return Located(call.nameSpace, object.path);
+Object Source(const Call& call) { return call.parameters.RequiredObject("ObjectName"); }
+
+host::ObjectPath PathOf(const Call& call, const host::ClassInfo& cls) {
+    return {call.nameSpace.name, cls.Name(), {}};
 }
 
-AssociationQuery AssociatorQuery(const Call& call) {
-    return {.source = Source(call),
-            .associationClass = call.parameters.Class("AssocClass"),
-            .resultClass = call.parameters.Class("ResultClass"),
-            .role = call.parameters.Filter("Role"),
-            .resultRole = call.parameters.Filter("ResultRole")};
+void WriteClasses(const Call& call, const Classes& classes) {
+    const ObjectDetail detail(call.parameters);
+    for (const host::ClassInfo* const cls : classes) {
+        const auto element = call.xml.Open("VALUE.OBJECTWITHPATH");
+        WriteClassPath(call.xml, PathOf(call, *cls), call.hostName);
+        WriteClass(call.xml, call.nameSpace.Classes().Schema(), *cls, detail.Get());
+    }
 }
 
-AssociationQuery ReferenceQuery(const Call& call) {
-    return {.source = Source(call),
-            .associationClass = call.parameters.Class("ResultClass"),
-            .role = call.parameters.Filter("Role")};
+void WriteClassNames(const Call& call, const Classes& classes) {
+    for (const host::ClassInfo* const cls : classes) {
+        const auto element = call.xml.Open("OBJECTPATH");
+        WriteClassPath(call.xml, PathOf(call, *cls), call.hostName);
+    }
 }
 
-void WriteObjects(const Call& call, const std::vector<host::Instance>& instances,
-                  const Detail& detail) {
-    for (const host::Instance& instance : instances) {
+TakeInstance WriteWithPath(const Call& call) {
+    return [&call](const host::Instance& instance, const Detail& detail, const host::ClassInfo*) {
         const auto element = call.xml.Open("VALUE.OBJECTWITHPATH");
         WriteInstancePath(call.xml, instance.path, call.hostName);
         WriteInstance(call.xml, call.nameSpace.Classes(), instance, detail);
-    }
+    };
 }
 
-void WriteNames(const Call& call, const std::vector<host::ObjectPath>& names) {
-    for (const host::ObjectPath& name : names) {
+TakeName WritePath(const Call& call) {
+    return [&call](const host::ObjectPath& name) {
         const auto element = call.xml.Open("OBJECTPATH");
         WriteInstancePath(call.xml, name, call.hostName);
-    }
+    };
 }
 
 }  // namespace
 
 void Associators(const Call& call) {
-    const ObjectDetail detail(call.parameters);
-    const auto answer =
-        Checked(call.nameSpace.Associators(AssociatorQuery(call), detail.Get().properties));
-    WriteObjects(call, answer.instances, detail.Get());
+    const Object source = Source(call);
+    if (source.isClass)
+        WriteClasses(
+            call, AssociatedClasses(call.nameSpace.Classes(), AssociatorQuery(call, source.path)));
+    else
+        ForEachAssociator(call, source.path, WriteWithPath(call));
 }
 
 void AssociatorNames(const Call& call) {
-    WriteNames(call, Checked(call.nameSpace.AssociatorNames(AssociatorQuery(call))).names);
+    const Object source = Source(call);
+    if (source.isClass)
+        WriteClassNames(
+            call, AssociatedClasses(call.nameSpace.Classes(), AssociatorQuery(call, source.path)));
+    else
+        ForEachAssociatorName(call, source.path, WritePath(call));
 }
 
 void References(const Call& call) {
-    const ObjectDetail detail(call.parameters);
-    const auto answer =
-        Checked(call.nameSpace.References(ReferenceQuery(call), detail.Get().properties));
-    WriteObjects(call, answer.instances, detail.Get());
+    const Object source = Source(call);
+    if (source.isClass)
+        WriteClasses(call,
+                     ReferringClasses(call.nameSpace.Classes(), ReferenceQuery(call, source.path)));
+    else
+        ForEachReference(call, source.path, WriteWithPath(call));
 }
 
 void ReferenceNames(const Call& call) {
-    WriteNames(call, Checked(call.nameSpace.ReferenceNames(ReferenceQuery(call))).names);
+    const Object source = Source(call);
+    if (source.isClass)
+        WriteClassNames(
+            call, ReferringClasses(call.nameSpace.Classes(), ReferenceQuery(call, source.path)));
+    else
+        ForEachReferenceName(call, source.path, WritePath(call));
 }
 
 }  // namespace cimxml

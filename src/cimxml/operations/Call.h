@@ -2,10 +2,12 @@
 #pragma once
 
 #include <cimxml/codec/XmlWriter.h>
+#include <cimxml/operations/EnumerationSessions.h>
 #include <cimxml/operations/NameSpace.h>
 #include <cimxml/operations/Parameters.h>
 
 #include <string>
+#include <vector>
 
 namespace cimxml {
 
@@ -13,7 +15,9 @@ struct Call {
     const NameSpace& nameSpace;
     const Parameters& parameters;
     const std::string& hostName;  // how the client calls this server
-    XmlWriter& xml;               // takes the content of IRETURNVALUE
+    EnumerationSessions& sessions;
+    XmlWriter& xml;                      // takes the content of IRETURNVALUE
+    std::vector<host::NamedValue>& out;  // takes the output parameters
 };
 
 // The class that a client names. Throws host::Failure with the code when there is none.

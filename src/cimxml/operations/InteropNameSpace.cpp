@@ -125,9 +125,7 @@ public:
         InstancesResult result;
         for (const Instance& instance : instances)
             if (host::SameObject(instance.path, path)) result.instances.push_back(instance);
-        if (result.instances.empty())
-            result.status = {CMPI_RC_ERR_NOT_FOUND,
-                             "There is no instance '" + path.ToString() + "'."};
+        if (result.instances.empty()) result.status = host::NoSuchInstance(path);
         host::KeepListed(result.instances, properties);
         return result;
     }

@@ -1,73 +1,19 @@
 #include <cimxml/codec/ValueWriter.h>
 #include <cimxml/codec/XmlWriter.h>
-#include <cimxml/operations/AssociationOperations.h>
 #include <cimxml/operations/Call.h>
-#include <cimxml/operations/ClassOperations.h>
-#include <cimxml/operations/InstanceOperations.h>
+#include <cimxml/operations/CimStatus.h>
+#include <cimxml/operations/OperationTable.h>
 #include <cimxml/operations/Operations.h>
 #include <host/Status.h>
 #include <mof/Names.h>
-
-#include <algorithm>
 
 namespace cimxml {
 
 namespace {
 
-struct Operation {
-    std::string_view name;
-    ParameterNames parameters;
-    void (*carryOut)(const Call&);
-};
-
-const Operation kOperations[] = {
-    {"EnumerateClasses",
-     {"ClassName", "DeepInheritance", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin"},
-     EnumerateClasses},
-    {"EnumerateClassNames", {"ClassName", "DeepInheritance"}, EnumerateClassNames},
-    {"GetClass",
-     {"ClassName", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"},
-     GetClass},
-    {"EnumerateQualifiers", {}, EnumerateQualifiers},
-    {"GetQualifier", {"QualifierName"}, GetQualifier},
-    {"EnumerateInstances",
-     {"ClassName", "LocalOnly", "DeepInheritance", "IncludeQualifiers", "IncludeClassOrigin",
-      "PropertyList"},
-     EnumerateInstances},
-    {"EnumerateInstanceNames", {"ClassName"}, EnumerateInstanceNames},
-    {"GetInstance",
-     {"InstanceName", "LocalOnly", "IncludeQualifiers", "IncludeClassOrigin", "PropertyList"},
-     GetInstance},
-    {"Associators",
-     {"ObjectName", "AssocClass", "ResultClass", "Role", "ResultRole", "IncludeQualifiers",
-      "IncludeClassOrigin", "PropertyList"},
-     Associators},
-    {"AssociatorNames",
-     {"ObjectName", "AssocClass", "ResultClass", "Role", "ResultRole"},
-     AssociatorNames},
-    {"References",
-     {"ObjectName", "ResultClass", "Role", "IncludeQualifiers", "IncludeClassOrigin",
-      "PropertyList"},
-     References},
-    {"ReferenceNames", {"ObjectName", "ResultClass", "Role"}, ReferenceNames},
-};
-
-const Operation& OperationNamed(const std::string& name) {
-    const auto* const found =
-        std::find_if(std::begin(kOperations), std::end(kOperations),
-                     [&](const Operation& one) { return mof::SameName(one.name, name); });
-    if (found == std::end(kOperations))
-        throw host::Failure(CMPI_RC_ERR_NOT_SUPPORTED,
-                            "This server has no operation '" + name + "'.");
-    return *found;
-}
-
-// CIM knows no codes above this one; CMPI does, for what happens between provider and host.
-constexpr int kLastCimError = CMPI_RC_ERR_METHOD_NOT_FOUND;
-
 void WriteError(XmlWriter& xml, const host::Status& status) {
-    const int code = status.code <= kLastCimError ? static_cast<int>(status.code)
-                                                  : static_cast<int>(CMPI_RC_ERR_FAILED);
+    const int code = status.code <= kLastCimStatus ? static_cast<int>(status.code)
+                                                   : static_cast<int>(CMPI_RC_ERR_FAILED);
     xml.EmptyElement("ERROR", {{"CODE", std::to_string(code)}, {"DESCRIPTION", status.text}});
 }
 
@@ -124,11 +70,18 @@ const NameSpace& Operations::NameSpaceOf(const Request& request) const {
 
 void Operations::AnswerIntrinsic(const Request& request, const std::string& hostName,
                                  XmlWriter& xml) const {
-    const Operation& operation = OperationNamed(request.method);
     const NameSpace& nameSpace = NameSpaceOf(request);
+    const Operation& operation = OperationNamed(request.method);
     const Parameters parameters(request, operation.parameters);
-    const auto value = xml.Open("IRETURNVALUE");
-    operation.carryOut({nameSpace, parameters, hostName, xml});
+    XmlWriter content;
+    std::vector<host::NamedValue> out;
+    operation.carryOut({nameSpace, parameters, hostName, *sessions, content, out});
+    if (operation.returnsValue) {
+        const auto value = xml.Open("IRETURNVALUE");
+        xml.Raw(content.Take());
+    }
+    for (const host::NamedValue& one : out)
+        WriteParameterValue(xml, "PARAMVALUE", &one.name, one.value);
 }
 
 void Operations::AnswerExtrinsic(const Request& request, XmlWriter& xml) const {

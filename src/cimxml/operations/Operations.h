@@ -3,8 +3,10 @@
 #pragma once
 
 #include <cimxml/codec/Request.h>
+#include <cimxml/operations/EnumerationSessions.h>
 #include <cimxml/operations/NameSpace.h>
 
+#include <memory>
 #include <string>
 
 namespace cimxml {
@@ -25,6 +27,7 @@ private:
     void AnswerExtrinsic(const Request& request, XmlWriter& xml) const;
 
     const NameSpaces nameSpaces;
+    const std::unique_ptr<EnumerationSessions> sessions = std::make_unique<EnumerationSessions>();
 };
 
 }  // namespace cimxml

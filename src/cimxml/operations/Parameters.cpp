@@ -1,4 +1,5 @@
 #include <cimxml/operations/Parameters.h>
+#include <host/NumberText.h>
 #include <host/Status.h>
 #include <mof/Names.h>
 
@@ -61,6 +62,15 @@ std::string Parameters::Text(std::string_view name) const {
     const auto* const text = Find<std::string>(name, "a text");
     if (!text) FailMissing(name);
     return *text;
+}
+
+std::optional<std::uint32_t> Parameters::Number(std::string_view name) const {
+    const auto* const text = Find<std::string>(name, "a number");
+    if (!text) return std::nullopt;
+    const auto number = host::NumberIn<std::uint32_t>(*text);
+    if (!number)
+        Fail("The parameter '" + std::string(name) + "' is not a number from 0 to 4294967295.");
+    return number;
 }
 
 std::string Parameters::Filter(std::string_view name) const {

@@ -3,6 +3,7 @@
 
 #include <cimxml/codec/Request.h>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -21,6 +22,7 @@ public:
 
     bool Flag(std::string_view name, bool whenAbsent) const;
     std::string Text(std::string_view name) const;  // required
+    std::optional<std::uint32_t> Number(std::string_view name) const;
 
     // The name of a class; empty when absent.
     std::string Class(std::string_view name) const;

@@ -1,4 +1,5 @@
 #include <cimxml/operations/NameSpace.h>
+#include <host/requests/InstanceRequests.h>
 #include <mof/Names.h>
 
 #include <algorithm>
@@ -33,6 +34,7 @@ public:
     }
 
     InstancesResult GetInstance(const ObjectPath& path, PropertyList properties) const override {
+        if (!IsServedItself(path)) return {host::NoSuchInstance(path), {}};
         return host.GetInstance(path, properties);
     }
 
@@ -69,6 +71,15 @@ private:
         return std::any_of(registrations.begin(), registrations.end(), [&](const auto& one) {
             const host::ClassInfo* const cls = Classes().Find(one.className);
             return one.IsIn(name) && cls->IsA(classPath.className);
+        });
+    }
+
+    // True when the class has a provider of its own: an instance belongs to the class that its path
+    // names, not to one that derives from it.
+    bool IsServedItself(const ObjectPath& path) const {
+        const auto& registrations = host.Registrations();
+        return std::any_of(registrations.begin(), registrations.end(), [&](const auto& one) {
+            return one.IsIn(name) && mof::SameName(one.className, path.className);
         });
     }
 

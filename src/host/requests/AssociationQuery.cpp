@@ -11,10 +11,6 @@ namespace {
 
 using Reference = std::shared_ptr<const ObjectPath>;
 
-bool Admits(const std::string& filter, const std::string& name) {
-    return filter.empty() || mof::SameName(filter, name);
-}
-
 void RequireClass(const ClassRepository& classes, const std::string& name, const char* what) {
     if (!name.empty() && !classes.Find(name))
         throw Failure(CMPI_RC_ERR_INVALID_PARAMETER,
@@ -31,10 +27,6 @@ bool AreRelated(const ClassRepository& classes, const std::string& a, const std:
 // True when the association class has a reference for the source and another one for the other end.
 bool CanLink(const ClassRepository& classes, const ClassInfo& association, const ClassInfo& source,
              const AssociationQuery& query) {
-    const auto holdsSource = [&](const PropertyInfo& end) {
-        return end.type == CMPI_ref && Admits(query.role, end.name) &&
-               source.IsA(end.referenceClass);
-    };
     const auto holdsOther = [&](const PropertyInfo& end) {
         return end.type == CMPI_ref && Admits(query.resultRole, end.name) &&
                (query.resultClass.empty() ||
@@ -42,7 +34,7 @@ bool CanLink(const ClassRepository& classes, const ClassInfo& association, const
     };
     const auto& ends = association.properties;
     return std::any_of(ends.begin(), ends.end(), [&](const PropertyInfo& end) {
-        return holdsSource(end) &&
+        return CanHold(end, source, query.role) &&
                std::any_of(ends.begin(), ends.end(), [&](const PropertyInfo& other) {
                    return &other != &end && holdsOther(other);
                });
@@ -70,11 +62,23 @@ bool IsWanted(const ClassRepository& classes, const NamedValue& property,
 
 }  // namespace
 
+bool Admits(const std::string& filter, const std::string& name) {
+    return filter.empty() || mof::SameName(filter, name);
+}
+
+bool CanHold(const PropertyInfo& end, const ClassInfo& source, const std::string& role) {
+    return end.type == CMPI_ref && Admits(role, end.name) && source.IsA(end.referenceClass);
+}
+
+void RequireFilterClasses(const ClassRepository& classes, const AssociationQuery& query) {
+    RequireClass(classes, query.associationClass, "association");
+    RequireClass(classes, query.resultClass, "result");
+}
+
 std::vector<Target> AssociationTargets(const Router& router, const AssociationQuery& query) {
     const ClassRepository& classes = router.Classes();
     const ClassInfo& source = router.ClassOf(query.source);
-    RequireClass(classes, query.associationClass, "association");
-    RequireClass(classes, query.resultClass, "result");
+    RequireFilterClasses(classes, query);
     std::vector<Target> targets = router.All(query.source.nameSpace);
     std::erase_if(targets, [&](const Target& target) {
         const bool isAsked =

@@ -18,6 +18,15 @@ struct AssociationQuery {
     std::string resultRole = {};        // the reference that holds the other end
 };
 
+// True when the filter is empty or the name, in any letter case.
+bool Admits(const std::string& filter, const std::string& name);
+
+// True when the property is a reference that can hold instances of the source and has that role.
+bool CanHold(const PropertyInfo& end, const ClassInfo& source, const std::string& role);
+
+// Throws Failure for an unknown association or result class.
+void RequireFilterClasses(const ClassRepository& classes, const AssociationQuery& query);
+
 // The registered association classes whose references can hold the source and such another end.
 // Throws Failure for an unknown name space or class.
 std::vector<Target> AssociationTargets(const Router& router, const AssociationQuery& query);

@@ -17,7 +17,8 @@ const char* Filter(const std::string& text) { return text.empty() ? nullptr : te
 const ObjectPath& PathIn(const Instance& instance) { return instance.path; }
 const ObjectPath& PathIn(const ObjectPath& path) { return path; }
 
-// Adds what is not there yet: several links may lead to one object. Without keys nothing can tell
+// Adds what is not there yet: several links may lead to one object, and a provider may enumerate a
+// link several times. Without keys nothing can tell
 // two objects apart, so they all count.
 template <class Object>
 void AddNew(std::vector<Object>& all, Object object) {
@@ -90,8 +91,9 @@ std::vector<Instance> AssociationRequests::Links(const ContextEntries& context,
         throw Failure(CMPI_RC_ERR_NOT_SUPPORTED, "The associations of the class '" +
                                                      target.cls->Name() +
                                                      "' can be neither asked for nor enumerated.");
-    auto links = instances.EnumerateOne(context, target, nullptr);
-    std::erase_if(links, [&](const Instance& link) { return !Holds(link, query); });
+    std::vector<Instance> links;
+    for (Instance& link : instances.EnumerateOne(context, target, nullptr))
+        if (Holds(link, query)) AddNew(links, std::move(link));
     return links;
 }
 

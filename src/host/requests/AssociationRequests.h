@@ -41,7 +41,7 @@ private:
     bool Answers(const Target& target, const ProviderCall& call, const AssociationQuery& query,
                  const Ask& ask) const;
 
-    // The links of the source, found by enumerating the association class.
+    // The links of the source, each once, found by enumerating the association class.
     std::vector<Instance> Links(const ContextEntries& context, const Target& target,
                                 const AssociationQuery& query) const;
 

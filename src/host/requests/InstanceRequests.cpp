@@ -1,5 +1,6 @@
 #include <host/objects/Objects.h>
 #include <host/requests/InstanceRequests.h>
+#include <host/requests/PathMatch.h>
 #include <mof/Names.h>
 
 #include <algorithm>
@@ -26,6 +27,10 @@ void Append(std::vector<Object>& all, std::vector<Object> part) {
 }
 
 }  // namespace
+
+Status NoSuchInstance(const ObjectPath& path) {
+    return {CMPI_RC_ERR_NOT_FOUND, "There is no instance '" + path.ToString() + "'."};
+}
 
 void KeepListed(std::vector<Instance>& instances, PropertyList properties) {
     if (!properties) return;
@@ -84,6 +89,20 @@ std::vector<ObjectPath> InstanceRequests::EnumerateNames(const ContextEntries& c
 Instance InstanceRequests::Get(const ContextEntries& context, const ObjectPath& path,
                                PropertyList properties) {
     const Target target = router.One(path, kInstanceType);
+    std::vector<Instance> found;
+    try {
+        found = GotFromProvider(context, target, properties);
+    } catch (const Failure& failure) {
+        if (failure.status.code != CMPI_RC_ERR_NOT_SUPPORTED) throw;
+        found = GotByEnumeration(context, target, properties);
+    }
+    if (found.empty()) throw Failure(NoSuchInstance(path));
+    return std::move(found.front());
+}
+
+std::vector<Instance> InstanceRequests::GotFromProvider(const ContextEntries& context,
+                                                        const Target& target,
+                                                        PropertyList properties) {
     auto& mi = providers.Get<CMPIInstanceMI>(target.registration->provider);
     const ProviderCall call = Call(context, target, CMPI_instance);
     NameList names(properties);
@@ -92,10 +111,20 @@ Instance InstanceRequests::Get(const ContextEntries& context, const ObjectPath& 
                                                PathObject(target), names.Get());
     });
     auto instances = call.Instances(target.path.nameSpace);
-    if (instances.empty())
-        throw Failure(CMPI_RC_ERR_NOT_FOUND, "There is no instance '" + path.ToString() + "'.");
     KeepListed(instances, properties);
-    return std::move(instances.front());
+    return instances;
+}
+
+std::vector<Instance> InstanceRequests::GotByEnumeration(const ContextEntries& context,
+                                                         const Target& target,
+                                                         PropertyList properties) {
+    const Target cls{
+        target.registration, target.cls, {target.path.nameSpace, target.path.className, {}}};
+    auto instances = EnumerateOne(context, cls, properties);
+    std::erase_if(instances, [&](const Instance& instance) {
+        return !SameObject(instance.path, target.path);
+    });
+    return instances;
 }
 
 ObjectPath InstanceRequests::Create(const ContextEntries& context, const ObjectPath& classPath,

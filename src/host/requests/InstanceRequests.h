@@ -26,6 +26,8 @@ public:
     std::vector<Instance> EnumerateOne(const ContextEntries& context, const Target& target,
                                        PropertyList properties);
 
+    // The instance of that path; where the provider does not support the operation, it is looked
+    // for among those that the provider enumerates.
     Instance Get(const ContextEntries& context, const ObjectPath& path, PropertyList properties);
 
     // Returns the new instance's path.
@@ -37,12 +39,19 @@ public:
     void Delete(const ContextEntries& context, const ObjectPath& path);
 
 private:
+    std::vector<Instance> GotFromProvider(const ContextEntries& context, const Target& target,
+                                          PropertyList properties);
+    std::vector<Instance> GotByEnumeration(const ContextEntries& context, const Target& target,
+                                           PropertyList properties);
     ProviderCall Call(const ContextEntries& context, const Target& target, CMPIType accepted) const;
 
     const Router& router;
     ProviderTable& providers;
     const MessageSink& sink;
 };
+
+// The answer to a request for an instance that does not exist.
+Status NoSuchInstance(const ObjectPath& path);
 
 // Takes away the properties that are not in the list.
 void KeepListed(std::vector<Instance>& instances, PropertyList properties);

@@ -144,7 +144,7 @@ TEST_F(ClassOperationsTest, UnknownNameSpace_IsInvalid) {
 
 TEST_F(ClassOperationsTest, OtherOperations_AreNotSupported) {
     for (const char* operation : {"CreateInstance", "ModifyInstance", "DeleteInstance",
-                                  "CreateClass", "ExecQuery", "OpenEnumerateInstances", "Dance"})
+                                  "CreateClass", "ExecQuery", "OpenQueryInstances", "Dance"})
         EXPECT_EQ(ErrorIn(Call(operation)),
                   "7: This server has no operation '" + std::string(operation) + "'.");
 }

@@ -94,8 +94,9 @@ TEST_F(InstanceOperationsTest, GetInstance_IsTheProvidersAnswer) {
               "TYPE=\"string\"><VALUE>second</VALUE></PROPERTY></INSTANCE></IRETURNVALUE>");
     EXPECT_EQ(ErrorIn(get({"", "T_Thing", {{"Name", {CMPI_string, std::string("TWO")}}}})),
               "6: There is no instance 'root/test:T_Thing.Name=\"TWO\"'.");
-    EXPECT_EQ(ErrorIn(get({"", "T_Orphan", {}})),
-              "7: No provider serves the class 'T_Orphan' in the name space 'root/test'.");
+    EXPECT_EQ(ErrorIn(get({"", "T_Orphan", {}})), "6: There is no instance 'root/test:T_Orphan'.");
+    EXPECT_EQ(ErrorIn(get({"", "T_Element", {{"Name", {CMPI_string, std::string("two")}}}})),
+              "6: There is no instance 'root/test:T_Element.Name=\"two\"'.");
     EXPECT_EQ(ErrorIn(get({"", "T_No", {}})),
               "5: There is no class 'T_No' in the name space 'root/test'.");
 }
@@ -143,10 +144,76 @@ TEST_F(InstanceOperationsTest, References_HoldTheSource) {
     EXPECT_THAT(All(names, "KEYBINDING", "NAME"), ElementsAre("From", "Name", "To", "Name"));
 }
 
-TEST_F(InstanceOperationsTest, AssociationsOfClasses_AreNotSupported) {
-    for (const char* operation : {"Associators", "AssociatorNames", "References", "ReferenceNames"})
-        EXPECT_EQ(ErrorIn(Call(operation, {Class("T_Thing", "ObjectName")})),
-                  "7: This server follows associations of instances, not of classes.");
+TEST_F(InstanceOperationsTest, GetInstance_IsAnsweredFromAnEnumerationWhereNeedBe) {
+    const auto links = Call("EnumerateInstanceNames", {Class("T_Refused")});
+    ASSERT_EQ(All(links, "INSTANCENAME", "CLASSNAME").front(), "T_Refused");
+    const auto reference = [](const char* cls, const char* name) {
+        return host::Value{CMPI_ref, std::make_shared<const host::ObjectPath>(host::ObjectPath{
+                                         "", cls, {{"Name", {CMPI_string, std::string(name)}}}})};
+    };
+    const auto get = [&](const char* from) {
+        const host::ObjectPath path{
+            "",
+            "T_Refused",
+            {{"From", reference("T_Thing", from)}, {"To", reference("T_Widget", "three")}}};
+        return Call("GetInstance", {{"InstanceName", path}, List({"From"})});
+    };
+    EXPECT_THAT(All(get("one"), "PROPERTY.REFERENCE", "NAME"), ElementsAre("From"));
+    EXPECT_THAT(ErrorIn(get("two")), HasSubstr("6: There is no instance 'root/test:T_Refused."));
+}
+
+TEST_F(InstanceOperationsTest, ReferencesOfAClass_AreTheAssociationClassesThatCanHoldIt) {
+    const auto names = [&](const std::string& cls, std::vector<Parameter> filters) {
+        filters.push_back(Class(cls, "ObjectName"));
+        return All(Call("ReferenceNames", filters), "CLASSNAME", "NAME");
+    };
+    EXPECT_THAT(names("t_thing", {}),
+                ElementsAre("T_Link", "T_Refused", "T_Answered", "T_Failing", "T_Mute"));
+    EXPECT_THAT(names("T_Thing", {Class("T_Refused", "ResultClass")}), ElementsAre("T_Refused"));
+    EXPECT_THAT(names("T_Thing", {Class("T_Mute", "ResultClass"), {"Role", "from"}}), IsEmpty());
+    EXPECT_THAT(names("T_Orphan", {Class("T_Mute", "ResultClass"), {"Role", "from"}}),
+                ElementsAre("T_Mute"));
+    EXPECT_THAT(names("T_Whole", {}), IsEmpty());
+}
+
+TEST_F(InstanceOperationsTest, AssociatorsOfAClass_AreTheClassesAtTheOtherEnds) {
+    const auto names = [&](std::vector<Parameter> filters) {
+        filters.push_back(Class("T_Thing", "ObjectName"));
+        return All(Call("AssociatorNames", filters), "CLASSNAME", "NAME");
+    };
+    EXPECT_THAT(names({}), ElementsAre("T_Element", "T_Orphan"));
+    EXPECT_THAT(names({Class("T_Link", "AssocClass")}), ElementsAre("T_Element"));
+    EXPECT_THAT(names({Class("T_Mute", "AssocClass"), {"ResultRole", "FROM"}}),
+                ElementsAre("T_Orphan"));
+    EXPECT_THAT(names({Class("T_Link", "AssocClass"), Class("T_Widget", "ResultClass")}),
+                ElementsAre("T_Widget"));
+    EXPECT_THAT(names({Class("T_Whole", "ResultClass")}), IsEmpty());
+}
+
+TEST_F(InstanceOperationsTest, ClassesAroundAClass_HavePathsOnThisServer) {
+    const std::string path =
+        "<VALUE.OBJECTWITHPATH><CLASSPATH><NAMESPACEPATH><HOST>server:5988</HOST>"
+        "<LOCALNAMESPACEPATH><NAMESPACE NAME=\"root\"/><NAMESPACE NAME=\"test\"/>"
+        "</LOCALNAMESPACEPATH></NAMESPACEPATH>";
+    EXPECT_THAT(Call("Associators", {Class("T_Thing", "ObjectName"), Class("T_Link", "AssocClass"),
+                                     List({"Caption"})}),
+                HasSubstr(path + "<CLASSNAME NAME=\"T_Element\"/></CLASSPATH><CLASS "
+                                 "NAME=\"T_Element\"><PROPERTY NAME=\"Caption\""));
+    EXPECT_THAT(Call("References", {Class("T_Thing", "ObjectName"), Class("T_Mute", "ResultClass"),
+                                    Flag("IncludeQualifiers", true)}),
+                HasSubstr(path + "<CLASSNAME NAME=\"T_Mute\"/></CLASSPATH><CLASS NAME=\"T_Mute\">"
+                                 "<QUALIFIER NAME=\"Association\""));
+}
+
+TEST_F(InstanceOperationsTest, UnknownClasses_AroundAClass_AreInvalid) {
+    EXPECT_EQ(ErrorIn(Call("References", {Class("T_No", "ObjectName")})),
+              "5: There is no class 'T_No' in the name space 'root/test'.");
+    EXPECT_EQ(
+        ErrorIn(Call("References", {Class("T_Thing", "ObjectName"), Class("T_No", "ResultClass")})),
+        "4: The association class 'T_No' does not exist.");
+    EXPECT_EQ(ErrorIn(Call("Associators",
+                           {Class("T_Thing", "ObjectName"), Class("T_No", "ResultClass")})),
+              "4: The result class 'T_No' does not exist.");
 }
 
 TEST_F(InstanceOperationsTest, UnknownAssociationClass_IsInvalid) {

@@ -126,6 +126,34 @@ TEST_F(AssociationRequestsTest, SourceThatNoAssociationCanHold_HasNone) {
     EXPECT_THAT(result.names, IsEmpty());
 }
 
+TEST_F(AssociationRequestsTest, OnlyClassesThatCanHoldTheSource_AreEnumerated) {
+    const TestModule module;
+    const auto enumerations = [&](const ObjectPath& source, const std::string& association,
+                                  const std::string& result, const std::string& role) {
+        module.TakeLinkEnumerations();
+        host.AssociatorNames(source, association, result, role, "");
+        return module.TakeLinkEnumerations();
+    };
+    EXPECT_EQ(enumerations(PathTo("T_Whole", "five"), "", "", ""), 0);
+    EXPECT_EQ(enumerations(one, "", "T_Whole", ""), 0);
+    EXPECT_EQ(enumerations(one, "", "", "Middle"), 0);
+    EXPECT_EQ(enumerations(one, "T_Refused", "", ""), 1);
+    const int all = enumerations(one, "", "", "");
+    EXPECT_EQ(all, 3);  // T_Link, T_Refused and T_Failing; T_Answered answers itself
+    EXPECT_EQ(enumerations(one, "", "", ""), all);
+}
+
+TEST_F(AssociationRequestsTest, LinkThatIsEnumeratedTwice_IsDeliveredOnce) {
+    const auto links = host.EnumerateInstanceNames(PathTo("T_Link")).names;
+    EXPECT_EQ(Names(links)[0], Names(links)[1]);
+    const auto references = host.ReferenceNames(one, "T_Link", "From").names;
+    EXPECT_THAT(Names(references), testing::Contains(Names(links)[0]).Times(1));
+    EXPECT_THAT(Names(host.References(one, "T_Link", "From").instances),
+                testing::Contains(Names(links)[0]).Times(1));
+    EXPECT_THAT(Names(host.Associators(one, "T_Link", "", "From", "").instances),
+                testing::Contains(kThree).Times(1));
+}
+
 TEST_F(AssociationRequestsTest, SourceKeysInAnyCase_Match) {
     const ObjectPath source{"ROOT/test", "T_THING", {{"nAME", {CMPI_string, std::string("one")}}}};
     EXPECT_THAT(Names(host.AssociatorNames(source, "T_Refused", "", "", "").names),

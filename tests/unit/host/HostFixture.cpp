@@ -68,6 +68,10 @@ InterfaceCounts TestModule::TakeInterfaceCounts() const {
     return reinterpret_cast<TakeInterfaceCountsFunction>(dlsym(library, "TakeInterfaceCounts"))();
 }
 
+int TestModule::TakeLinkEnumerations() const {
+    return reinterpret_cast<TakeLinkEnumerationsFunction>(dlsym(library, "TakeLinkEnumerations"))();
+}
+
 void HostTest::InProvider(const ProbeBody& body) {
     const TestModule module;
     bool hasRun = false;

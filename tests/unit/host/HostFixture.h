@@ -49,6 +49,7 @@ public:
     void SetProbe(ProbeFunction function, void* data) const;
     void SetCleanupAnswer(CMPIrc code) const;
     InterfaceCounts TakeInterfaceCounts() const;
+    int TakeLinkEnumerations() const;
 
 private:
     void* const library;

@@ -217,6 +217,22 @@ TEST_F(InstanceRequestsTest, GetInstance_OfNothing_IsNotFound) {
     EXPECT_THAT(result.instances, IsEmpty());
 }
 
+TEST_F(InstanceRequestsTest, GetInstance_OfAProviderThatDoesNotSupportIt_IsFoundByEnumeration) {
+    const ObjectPath link = host.EnumerateInstanceNames(PathTo("T_Refused")).names.at(0);
+    const std::vector<std::string> list{"to"};
+    const auto result = host.GetInstance(link, &list);
+    EXPECT_THAT(result.status, IsFailure(CMPI_RC_OK, ""));
+    ASSERT_EQ(result.instances.size(), 1U);
+    EXPECT_EQ(result.instances[0].path.ToString(), link.ToString());
+    ASSERT_EQ(result.instances[0].properties.size(), 1U);
+    EXPECT_EQ(result.instances[0].properties[0].name, "To");
+    ObjectPath other = link;
+    std::swap(other.keys[0].value, other.keys[1].value);
+    EXPECT_EQ(host.GetInstance(other).status.code, CMPI_RC_ERR_NOT_FOUND);
+    EXPECT_THAT(host.GetInstance(PathTo("T_Failing", "x")).status,
+                IsFailure(CMPI_RC_ERR_FAILED, "An end of the link is missing."));
+}
+
 TEST_F(InstanceRequestsTest, CreateModifyDelete_ChangeTheStore) {
     const ObjectPath path = PathTo("T_Thing", "new");
     Instance instance{path, {{"caption", {CMPI_string, std::string("fresh")}}}};

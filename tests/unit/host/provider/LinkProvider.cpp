@@ -1,4 +1,5 @@
 // Association classes: enumerated ones, and T_Answered, which answers association requests itself.
+#include <atomic>
 #include <vector>
 
 #include "Support.h"
@@ -8,6 +9,8 @@ namespace test_module {
 namespace {
 
 const CMPIBroker* broker = nullptr;
+
+std::atomic<int> enumerations;  // of instances, since they were taken last
 
 struct End {
     const char* className;
@@ -22,6 +25,7 @@ struct Link {
 
 constexpr Link kLinks[] = {
     {"T_Link", {"T_Thing", "one"}, {"T_Widget", "three"}},
+    {"T_Link", {"T_Thing", "one"}, {"T_Widget", "three"}},  // as careless providers do
     {"T_Link", {"T_Thing", "one"}, {"T_Thing", "two"}},
     {"T_Link", {"T_Thing", "one"}, {"T_Thing", "gone"}},
     {"T_Link", {"T_Thing", "two"}, {"T_Thing", "one"}},
@@ -53,6 +57,7 @@ std::vector<CMPIInstance*> LinksOf(const CMPIObjectPath* classPath) {
 
 CMPIStatus EnumerateInstances(CMPIInstanceMI*, const CMPIContext*, const CMPIResult* result,
                               const CMPIObjectPath* classPath, const char**) {
+    ++enumerations;
     if (ClassName(classPath) == "T_Failing")
         return Error(broker, CMPI_RC_ERR_FAILED, "An end of the link is missing.");
     for (const CMPIInstance* const link : LinksOf(classPath))
@@ -160,6 +165,8 @@ TEST_EXPORT CMPIAssociationMI* T_Link_Provider_Create_AssociationMI(const CMPIBr
     CountMade();
     return &associationInterface;
 }
+
+TEST_EXPORT int TakeLinkEnumerations() { return enumerations.exchange(0); }
 
 // T_Mute is registered for methods only, so this is never asked for more.
 TEST_EXPORT CMPIMethodMI* T_Link_Provider_Create_MethodMI(const CMPIBroker*, const CMPIContext*,

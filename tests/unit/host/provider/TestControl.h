@@ -21,4 +21,7 @@ struct InterfaceCounts {
     int cleanedUp;
 };
 using TakeInterfaceCountsFunction = InterfaceCounts (*)();
+
+// How often instances of links were enumerated since the last call.
+using TakeLinkEnumerationsFunction = int (*)();
 }

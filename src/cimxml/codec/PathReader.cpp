@@ -30,90 +30,91 @@ Value BooleanKey(const std::string& text) {
     FailLooselyValid("The key value '" + text + "' is neither TRUE nor FALSE.");
 }
 
-Value ReadKeyValue(Node keyValue) {
-    const std::string text = TextOf(keyValue);
-    const std::string type = keyValue.attribute("VALUETYPE").as_string("string");
-    if (type == "string") return {CMPI_string, text};
-    if (type == "numeric") return NumericKey(text);
-    if (type == "boolean") return BooleanKey(text);
-    FailLooselyValid("There are no keys of the VALUETYPE '" + type + "'.");
+Value ReadKeyValue(const Element& keyValue) {
+    const std::string& text = keyValue.text;
+    const std::string* const type = keyValue.FindAttribute("VALUETYPE");
+    if (!type || *type == "string") return {CMPI_string, text};
+    if (*type == "numeric") return NumericKey(text);
+    if (*type == "boolean") return BooleanKey(text);
+    FailLooselyValid("There are no keys of the VALUETYPE '" + *type + "'.");
 }
 
-Value ReadKey(Node value) {
-    if (Is(value, "KEYVALUE")) return ReadKeyValue(value);
-    if (Is(value, "VALUE.REFERENCE")) return ReadValue(value);
-    FailLooselyValid("A key cannot hold the element '" + std::string(value.name()) + "'.");
+Value ReadKey(const Element& value) {
+    if (value.Is("KEYVALUE")) return ReadKeyValue(value);
+    if (value.Is("VALUE.REFERENCE")) return ReadValue(value);
+    FailLooselyValid("A key cannot hold the element '" + value.name + "'.");
 }
 
 template <class ReadElement>
-Value ReadArray(Node array, CMPIType type, const char* elementName, const ReadElement& read) {
+Value ReadArray(const Element& array, CMPIType type, const char* elementName,
+                const ReadElement& read) {
     std::vector<Value> elements;
-    for (Node element = First(array); element; element = Next(element)) {
-        if (Is(element, "VALUE.NULL"))
+    for (const Element& element : array.children) {
+        if (element.Is("VALUE.NULL"))
             elements.push_back({});
-        else if (Is(element, elementName))
+        else if (element.Is(elementName))
             elements.push_back(read(element));
         else
-            FailLooselyValid("An array cannot hold the element '" + std::string(element.name()) +
-                             "'.");
+            FailLooselyValid("An array cannot hold the element '" + element.name + "'.");
     }
     return {static_cast<CMPIType>(CMPI_ARRAY | type), std::move(elements)};
 }
 
 // The parts of LOCALINSTANCEPATH, INSTANCEPATH, LOCALCLASSPATH and CLASSPATH.
-ObjectPath ReadWithNameSpace(Node path, Node localNameSpacePath, const char* nameElement) {
-    ObjectPath read = ReadPath(Child(path, nameElement));
+ObjectPath ReadWithNameSpace(const Element& path, const Element& localNameSpacePath,
+                             const char* nameElement) {
+    ObjectPath read = ReadPath(path.Child(nameElement));
     read.nameSpace = ReadNameSpace(localNameSpacePath);
     return read;
 }
 
-Node LocalPathIn(Node path) { return Child(Child(path, "NAMESPACEPATH"), "LOCALNAMESPACEPATH"); }
+const Element& LocalPathIn(const Element& path) {
+    return path.Child("NAMESPACEPATH").Child("LOCALNAMESPACEPATH");
+}
 
 }  // namespace
 
-std::string ReadNameSpace(Node localNameSpacePath) {
+std::string ReadNameSpace(const Element& localNameSpacePath) {
     std::string nameSpace;
-    for (Node part = First(localNameSpacePath); part; part = Next(part)) {
-        if (!Is(part, "NAMESPACE"))
-            FailLooselyValid("A name space cannot hold the element '" + std::string(part.name()) +
-                             "'.");
+    for (const Element& part : localNameSpacePath.children) {
+        if (!part.Is("NAMESPACE"))
+            FailLooselyValid("A name space cannot hold the element '" + part.name + "'.");
         if (!nameSpace.empty()) nameSpace += '/';
-        nameSpace += Required(part, "NAME");
+        nameSpace += part.Attribute("NAME");
     }
     if (nameSpace.empty()) FailLooselyValid("The request names no name space.");
     return nameSpace;
 }
 
-ObjectPath ReadInstanceName(Node instanceName) {
-    ObjectPath path{{}, Required(instanceName, "CLASSNAME"), {}};
-    for (Node key = First(instanceName); key; key = Next(key)) {
-        if (Is(key, "KEYBINDING"))
-            path.keys.push_back({Required(key, "NAME"), ReadKey(OnlyChild(key))});
+ObjectPath ReadInstanceName(const Element& instanceName) {
+    ObjectPath path{{}, instanceName.Attribute("CLASSNAME"), {}};
+    for (const Element& key : instanceName.children) {
+        if (key.Is("KEYBINDING"))
+            path.keys.push_back({key.Attribute("NAME"), ReadKey(key.OnlyChild())});
         else
             path.keys.push_back({{}, ReadKey(key)});
     }
     return path;
 }
 
-ObjectPath ReadPath(Node path) {
-    if (Is(path, "INSTANCENAME")) return ReadInstanceName(path);
-    if (Is(path, "CLASSNAME")) return {{}, Required(path, "NAME"), {}};
-    if (Is(path, "LOCALINSTANCEPATH"))
-        return ReadWithNameSpace(path, Child(path, "LOCALNAMESPACEPATH"), "INSTANCENAME");
-    if (Is(path, "INSTANCEPATH")) return ReadWithNameSpace(path, LocalPathIn(path), "INSTANCENAME");
-    if (Is(path, "LOCALCLASSPATH"))
-        return ReadWithNameSpace(path, Child(path, "LOCALNAMESPACEPATH"), "CLASSNAME");
-    if (Is(path, "CLASSPATH")) return ReadWithNameSpace(path, LocalPathIn(path), "CLASSNAME");
-    FailLooselyValid("The element '" + std::string(path.name()) + "' is no object path.");
+ObjectPath ReadPath(const Element& path) {
+    if (path.Is("INSTANCENAME")) return ReadInstanceName(path);
+    if (path.Is("CLASSNAME")) return {{}, path.Attribute("NAME"), {}};
+    if (path.Is("LOCALINSTANCEPATH"))
+        return ReadWithNameSpace(path, path.Child("LOCALNAMESPACEPATH"), "INSTANCENAME");
+    if (path.Is("INSTANCEPATH")) return ReadWithNameSpace(path, LocalPathIn(path), "INSTANCENAME");
+    if (path.Is("LOCALCLASSPATH"))
+        return ReadWithNameSpace(path, path.Child("LOCALNAMESPACEPATH"), "CLASSNAME");
+    if (path.Is("CLASSPATH")) return ReadWithNameSpace(path, LocalPathIn(path), "CLASSNAME");
+    FailLooselyValid("The element '" + path.name + "' is no object path.");
 }
 
-Value ReadValue(Node value) {
-    if (Is(value, "VALUE")) return {CMPI_string, TextOf(value)};
-    if (Is(value, "VALUE.REFERENCE")) return ReferenceTo(ReadPath(OnlyChild(value)));
-    if (Is(value, "VALUE.ARRAY")) return ReadArray(value, CMPI_string, "VALUE", ReadValue);
-    if (Is(value, "VALUE.REFARRAY"))
-        return ReadArray(value, CMPI_ref, "VALUE.REFERENCE", ReadValue);
-    FailLooselyValid("The element '" + std::string(value.name()) + "' is no value.");
+Value ReadValue(const Element& value) {
+    if (value.Is("VALUE")) return {CMPI_string, value.text};
+    if (value.Is("VALUE.REFERENCE")) return ReferenceTo(ReadPath(value.OnlyChild()));
+    if (value.Is("VALUE.ARRAY")) return ReadArray(value, CMPI_string, "VALUE", ReadValue);
+    if (value.Is("VALUE.REFARRAY")) return ReadArray(value, CMPI_ref, "VALUE.REFERENCE", ReadValue);
+    FailLooselyValid("The element '" + value.name + "' is no value.");
 }
 
 }  // namespace cimxml

@@ -1,7 +1,7 @@
 // Reads object paths and the values of keys and arguments.
 #pragma once
 
-#include <cimxml/codec/Document.h>
+#include <cimxml/codec/Element.h>
 #include <host/Value.h>
 
 #include <string>
@@ -11,16 +11,16 @@ namespace cimxml {
 // All of them throw ProtocolError for what has not the standard's form.
 
 // "root/QUVSD", of a LOCALNAMESPACEPATH.
-std::string ReadNameSpace(Node localNameSpacePath);
+std::string ReadNameSpace(const Element& localNameSpacePath);
 
 // Of an INSTANCENAME; no name space. A key that is given without its name gets an empty one.
-host::ObjectPath ReadInstanceName(Node instanceName);
+host::ObjectPath ReadInstanceName(const Element& instanceName);
 
 // Of an INSTANCENAME, LOCALINSTANCEPATH, INSTANCEPATH, CLASSNAME, LOCALCLASSPATH or CLASSPATH.
-host::ObjectPath ReadPath(Node path);
+host::ObjectPath ReadPath(const Element& path);
 
 // Of a VALUE, VALUE.ARRAY, VALUE.REFERENCE or VALUE.REFARRAY. Values are texts, whose type is for
 // the class to say.
-host::Value ReadValue(Node value);
+host::Value ReadValue(const Element& value);
 
 }  // namespace cimxml

@@ -1,8 +1,6 @@
-#include <cimxml/codec/Document.h>
+#include <cimxml/codec/DocumentReader.h>
 #include <cimxml/codec/PathReader.h>
 #include <cimxml/codec/RequestReader.h>
-
-#include <utility>
 
 namespace cimxml {
 
@@ -11,97 +9,95 @@ namespace {
 constexpr int kNotImplemented = 501;
 
 // Minor versions add to the standard without breaking it.
-void CheckVersion(Node element, const char* attribute, const char* major, const char* cimError) {
-    const std::string version = Required(element, attribute);
+void CheckVersion(const Element& element, const char* attribute, const char* major,
+                  const char* cimError) {
+    const std::string& version = element.Attribute(attribute);
     if (!version.starts_with(major))
         throw ProtocolError(
             kNotImplemented, cimError,
             "This server does not support the " + std::string(attribute) + " '" + version + "'.");
 }
 
-Parameter::Data ReadParameterValue(Node value) {
+Parameter::Data ReadParameterValue(const Element* value) {
     if (!value) return std::monostate{};
-    if (Is(value, "CLASSNAME")) return ClassName{Required(value, "NAME")};
-    if (Is(value, "INSTANCENAME")) return ReadInstanceName(value);
-    if (Is(value, "VALUE")) return TextOf(value);
-    if (!Is(value, "VALUE.ARRAY")) return Unread{};
+    if (value->Is("CLASSNAME")) return ClassName{value->Attribute("NAME")};
+    if (value->Is("INSTANCENAME")) return ReadInstanceName(*value);
+    if (value->Is("VALUE")) return value->text;
+    if (!value->Is("VALUE.ARRAY")) return Unread{};
     std::vector<std::string> texts;
-    for (Node element = First(value); element; element = Next(element))
-        texts.push_back(TextOf(element));
+    for (const Element& element : value->children) texts.push_back(element.text);
     return texts;
 }
 
-void ReadIntrinsicCall(Node call, Request& request) {
-    request.method = Required(call, "NAME");
-    const Node nameSpace = Child(call, "LOCALNAMESPACEPATH");
+void ReadIntrinsicCall(const Element& call, Request& request) {
+    request.method = call.Attribute("NAME");
+    const Element& nameSpace = call.Child("LOCALNAMESPACEPATH");
     request.nameSpace = ReadNameSpace(nameSpace);
-    for (Node child = First(call); child; child = Next(child)) {
-        if (child == nameSpace) continue;
-        if (!Is(child, "IPARAMVALUE"))
+    for (const Element& child : call.children) {
+        if (&child == &nameSpace) continue;
+        if (!child.Is("IPARAMVALUE"))
             FailLooselyValid("A call of an intrinsic method cannot hold the element '" +
-                             std::string(child.name()) + "'.");
-        request.parameters.push_back({Required(child, "NAME"), ReadParameterValue(First(child))});
+                             child.name + "'.");
+        request.parameters.push_back(
+            {child.Attribute("NAME"), ReadParameterValue(child.FirstChild())});
     }
 }
 
-host::Value ReadArgument(Node argument) {
-    const Node value = First(argument);
+host::Value ReadArgument(const Element& argument) {
+    const Element* const value = argument.FirstChild();
     if (!value) return {};
-    if (argument.attribute("EmbeddedObject"))
+    if (argument.FindAttribute("EmbeddedObject"))
         FailLooselyValid("This server reads no embedded objects as arguments.");
-    return ReadValue(value);
+    return ReadValue(*value);
 }
 
-void ReadExtrinsicCall(Node call, Request& request) {
+void ReadExtrinsicCall(const Element& call, Request& request) {
     request.isIntrinsic = false;
-    request.method = Required(call, "NAME");
-    const Node target = First(call);
-    if (!Is(target, "LOCALINSTANCEPATH") && !Is(target, "LOCALCLASSPATH"))
+    request.method = call.Attribute("NAME");
+    const Element* const target = call.FirstChild();
+    if (!target || (!target->Is("LOCALINSTANCEPATH") && !target->Is("LOCALCLASSPATH")))
         FailLooselyValid("A method call must begin with the path of an instance or class.");
-    request.target = ReadPath(target);
+    request.target = ReadPath(*target);
     request.nameSpace = request.target.nameSpace;
-    for (Node child = Next(target); child; child = Next(child)) {
-        if (!Is(child, "PARAMVALUE"))
-            FailLooselyValid("A method call cannot hold the element '" + std::string(child.name()) +
-                             "'.");
-        request.arguments.push_back({Required(child, "NAME"), ReadArgument(child)});
+    for (const Element& child : call.children) {
+        if (&child == target) continue;
+        if (!child.Is("PARAMVALUE"))
+            FailLooselyValid("A method call cannot hold the element '" + child.name + "'.");
+        request.arguments.push_back({child.Attribute("NAME"), ReadArgument(child)});
     }
 }
 
-Node SimpleRequest(Node message) {
-    const Node request = OnlyChild(message);
-    if (Is(request, "MULTIREQ"))
+const Element& SimpleRequest(const Element& message) {
+    const Element& request = message.OnlyChild();
+    if (request.Is("MULTIREQ"))
         throw ProtocolError(kNotImplemented, kMultipleRequests,
                             "This server takes one request at a time.");
-    if (Is(request, "SIMPLEEXPREQ") || Is(request, "MULTIEXPREQ"))
+    if (request.Is("SIMPLEEXPREQ") || request.Is("MULTIEXPREQ"))
         throw ProtocolError(kNotImplemented, kUnsupportedOperation,
                             "This server takes no indications.");
-    if (!Is(request, "SIMPLEREQ"))
-        FailLooselyValid("The message holds no request, but the element '" +
-                         std::string(request.name()) + "'.");
+    if (!request.Is("SIMPLEREQ"))
+        FailLooselyValid("The message holds no request, but the element '" + request.name + "'.");
     return request;
 }
 
 }  // namespace
 
-Request ReadRequest(std::string text, std::size_t maxDepth) {
-    const Document document(std::move(text), maxDepth);
-    const Node cim = document.Root();
-    if (!Is(cim, "CIM")) FailLooselyValid("The document's root is not the element 'CIM'.");
+Request ReadRequest(const std::string& text, std::size_t maxDepth) {
+    const Element cim = ReadDocument(text, maxDepth);
+    if (!cim.Is("CIM")) FailLooselyValid("The document's root is not the element 'CIM'.");
     CheckVersion(cim, "CIMVERSION", "2.", kUnsupportedCimVersion);
     CheckVersion(cim, "DTDVERSION", "2.", kUnsupportedDtdVersion);
-    const Node message = Child(cim, "MESSAGE");
+    const Element& message = cim.Child("MESSAGE");
     CheckVersion(message, "PROTOCOLVERSION", "1.", kUnsupportedProtocol);
     Request request;
-    request.messageId = Required(message, "ID");
-    const Node call = OnlyChild(SimpleRequest(message));
-    if (Is(call, "IMETHODCALL"))
+    request.messageId = message.Attribute("ID");
+    const Element& call = SimpleRequest(message).OnlyChild();
+    if (call.Is("IMETHODCALL"))
         ReadIntrinsicCall(call, request);
-    else if (Is(call, "METHODCALL"))
+    else if (call.Is("METHODCALL"))
         ReadExtrinsicCall(call, request);
     else
-        FailLooselyValid("The request holds no method call, but the element '" +
-                         std::string(call.name()) + "'.");
+        FailLooselyValid("The request holds no method call, but the element '" + call.name + "'.");
     return request;
 }
 

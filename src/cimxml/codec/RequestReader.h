@@ -10,6 +10,6 @@ namespace cimxml {
 
 // Throws ProtocolError when the text is no request of one of the supported versions, or holds
 // several requests at once.
-Request ReadRequest(std::string text, std::size_t maxDepth);
+Request ReadRequest(const std::string& text, std::size_t maxDepth);
 
 }  // namespace cimxml

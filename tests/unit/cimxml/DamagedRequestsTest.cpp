@@ -1,4 +1,5 @@
 // Requests that are damaged at random; the same ones in every run.
+#include <cimxml/codec/DocumentReader.h>
 #include <cimxml/codec/ProtocolError.h>
 #include <cimxml/codec/RequestReader.h>
 #include <cimxml/http/CimHandler.h>
@@ -6,7 +7,6 @@
 #include <sys/socket.h>
 
 #include <array>
-#include <pugixml.hpp>
 #include <random>
 
 #include "OperationsFixture.h"
@@ -180,11 +180,9 @@ TEST_F(DamagedRequestsTest, DamagedDocument_IsAnsweredOrRefused) {
             const std::string document = damage.To(example.document);
             try {
                 const Request request = ReadRequest(document, limits.maxDepth);
-                pugi::xml_document answer;
-                ASSERT_TRUE(answer.load_string(operations.Answer(request, "localhost").c_str()))
-                    << document;
-                ASSERT_TRUE(answer.child("CIM").child("MESSAGE").child("SIMPLERSP").first_child())
-                    << document;
+                const Element answer =
+                    ReadDocument(operations.Answer(request, "localhost"), limits.maxDepth);
+                ASSERT_TRUE(answer.Child("MESSAGE").Child("SIMPLERSP").FirstChild()) << document;
                 ++answered;
             } catch (const ProtocolError&) {
                 ++refused;

@@ -1,6 +1,6 @@
 #include "OperationsFixture.h"
 
-#include <pugixml.hpp>
+#include <cimxml/codec/DocumentReader.h>
 
 namespace cimxml {
 
@@ -16,6 +16,16 @@ std::string Inside(const std::string& document) {
     EXPECT_TRUE(document.ends_with(kTail)) << document;
     const auto begin = document.find('>', kHead.size()) + 1;
     return document.substr(begin, document.rfind("</", document.size() - kTail.size()) - begin);
+}
+
+constexpr std::size_t kAnswerDepth = 24;
+
+// The values of the attribute in every such element, in document order.
+void Collect(const Element& in, const std::string& element, const std::string& attribute,
+             std::vector<std::string>& values) {
+    if (const auto* const value = in.Is(element) ? in.FindAttribute(attribute) : nullptr)
+        values.push_back(*value);
+    for (const Element& child : in.children) Collect(child, element, attribute, values);
 }
 
 }  // namespace
@@ -50,11 +60,8 @@ std::string OperationsTest::Invoke(const host::ObjectPath& target, const std::st
 
 std::vector<std::string> OperationsTest::All(const std::string& xml, const std::string& element,
                                              const std::string& attribute) {
-    pugi::xml_document document;
-    EXPECT_TRUE(document.load_string(xml.c_str())) << xml;
     std::vector<std::string> values;
-    for (const auto& found : document.select_nodes(("//" + element + "/@" + attribute).c_str()))
-        values.emplace_back(found.attribute().value());
+    Collect(ReadDocument("<TOP>" + xml + "</TOP>", kAnswerDepth), element, attribute, values);
     return values;
 }
 

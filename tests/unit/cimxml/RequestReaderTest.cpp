@@ -164,6 +164,39 @@ TEST(RequestReader, DeclarationsOfItsOwn_AreRefused) {
         200);
 }
 
+TEST(RequestReader, EntitiesOfOtherDocuments_AreRefused) {
+    const auto with = [](const std::string& name) {
+        return ErrorOf("<!DOCTYPE CIM SYSTEM \"file:///etc/hostname\">" +
+                       Intrinsic("<IPARAMVALUE NAME=\"" + name + "\"/>").substr(40));
+    };
+    const Error refused = NotLooselyValid("The request refers to entities of another document.");
+    EXPECT_EQ(with("a&b;").text, refused.text);
+    EXPECT_EQ(with("a&amp;b&c;"), refused);
+    EXPECT_EQ(with("&lt;&gt;&amp;&quot;&apos;&#65;&#x41;").status, 200);
+}
+
+TEST(RequestReader, BytesThatNoCharacterHas_AreRefused) {
+    for (const char* const bytes :
+         {"\x01", "\x0B", "\x1F", "\x80", "\xC0\x80", "\xC1\xBF", "\xC3", "\xE0\x80\x80",
+          "\xED\xA0\x80", "\xEF\xBF\xBE", "\xEF\xBF\xBF", "\xF0\x80\x80\x80", "\xF4\x90\x80\x80",
+          "\xF8\x88\x80\x80\x80", "\xFF"}) {
+        const Error refused{400, kNotWellFormed,
+                            "The request holds bytes that are no characters of XML in UTF-8."};
+        EXPECT_EQ(ErrorOf("<CIM>" + std::string(bytes) + "</CIM>"), refused);
+        EXPECT_EQ(ErrorOf("<CIM A=\"" + std::string(bytes) + "\"/>"), refused);
+        EXPECT_EQ(ErrorOf("<CIM><!--" + std::string(bytes) + "--></CIM>"), refused);
+    }
+    EXPECT_EQ(ErrorOf(std::string("<CIM>\0</CIM>", 12)).cimError, kNotWellFormed);
+}
+
+TEST(RequestReader, TextInPieces_IsJoined) {
+    const Request request =
+        ReadRequest(Intrinsic("<IPARAMVALUE NAME=\"T\"><VALUE>a&lt;b<!-- c -->d<![CDATA[<e>]]>"
+                              "\r\n&#13;f</VALUE></IPARAMVALUE>"),
+                    kDepth);
+    EXPECT_EQ(std::get<std::string>(request.parameters[0].value), "a<bd<e>\n\rf");
+}
+
 TEST(RequestReader, NestingBelowTheLimit_IsRefused) {
     std::string open;
     std::string close;

@@ -35,20 +35,6 @@ std::vector<Registration> ReadServable(const HostFiles& files, const ClassReposi
     return registrations;
 }
 
-// Makes the answer to a request: `ask` fills it in, and a failure becomes its status.
-template <class Answer, class Ask>
-Answer Answered(const Ask& ask) {
-    Answer answer{};
-    try {
-        ask(answer);
-    } catch (const Failure& failure) {
-        answer.status = failure.status;
-    } catch (const std::exception& error) {
-        answer.status = {CMPI_RC_ERR_FAILED, error.what()};
-    }
-    return answer;
-}
-
 struct PlainAnswer {
     Status status;
 };

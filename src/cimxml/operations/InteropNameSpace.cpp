@@ -1,36 +1,28 @@
+#include <cimxml/operations/InteropInstances.h>
 #include <cimxml/operations/InteropNameSpace.h>
 #include <host/requests/InstanceRequests.h>
 #include <host/requests/PathMatch.h>
+#include <mof/Names.h>
 #include <mof/Reader.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <climits>
 #include <utility>
 
 namespace cimxml {
 
 namespace {
 
+using host::Answered;
 using host::AssociationQuery;
 using host::ClassInfo;
+using host::Failure;
 using host::Instance;
 using host::InstancesResult;
-using host::NamedValue;
 using host::NamesResult;
 using host::ObjectPath;
 using host::PropertyList;
-using host::Status;
-using host::Value;
 
-constexpr const char* kName = "root/interop";
-constexpr const char* kObjectManager = "CIM_ObjectManager";
-constexpr const char* kNameSpace = "CIM_Namespace";
-constexpr const char* kSystem = "CIM_ComputerSystem";
-constexpr const char* kManagerName = "bmci2c";
-constexpr auto kNumbers = static_cast<CMPIType>(CMPI_ARRAY | CMPI_uint16);
-constexpr std::uint64_t kOk = 2;       // OperationalStatus
-constexpr std::uint64_t kUnknown = 0;  // what the CIM_Namespace says of its classes
+constexpr const char* kDiagnosticService = "CIM_DiagnosticService";
 
 mof::Schema ReadSchema(const std::string& path) {
     try {
@@ -40,76 +32,30 @@ mof::Schema ReadSchema(const std::string& path) {
     }
 }
 
-std::string MachineName() {
-    char name[HOST_NAME_MAX + 1] = {};
-    ::gethostname(name, HOST_NAME_MAX);
-    return name;
-}
-
-NamedValue Text(const char* name, const std::string& text) { return {name, {CMPI_string, text}}; }
-
-// An instance with all properties of its class in class order, NULL where none is given; keys make
-// its path.
-Instance MakeInstance(const host::ClassRepository& classes, const char* className,
-                      const std::vector<NamedValue>& given) {
-    const ClassInfo& cls = *classes.Find(className);
-    Instance instance{{kName, cls.Name(), {}}, {}};
-    for (const host::PropertyInfo& property : cls.properties) {
-        const Value* const value = host::FindValue(given, property.name);
-        instance.properties.push_back({property.name, value ? *value : Value{property.type, {}}});
-        if (property.isKey) instance.path.keys.push_back(instance.properties.back());
-    }
-    return instance;
-}
-
-Instance ObjectManager(const host::ClassRepository& classes, const std::string& version) {
-    const Value status{kNumbers, std::vector<Value>{{CMPI_uint16, kOk}}};
-    return MakeInstance(classes, kObjectManager,
-                        {Text("SystemCreationClassName", kSystem),
-                         Text("SystemName", MachineName()),
-                         Text("CreationClassName", kObjectManager),
-                         Text("Name", kManagerName),
-                         Text("ElementName", kManagerName),
-                         Text("Description", "bmci2c serve, version " + version),
-                         Text("Version", version),
-                         {"OperationalStatus", status},
-                         {"Started", {CMPI_boolean, true}},
-                         {"GatherStatisticalData", {CMPI_boolean, false}}});
-}
-
-Instance NameSpaceInstance(const host::ClassRepository& classes, const std::string& name) {
-    return MakeInstance(classes, kNameSpace,
-                        {Text("SystemCreationClassName", kSystem),
-                         Text("SystemName", MachineName()),
-                         Text("ObjectManagerCreationClassName", kObjectManager),
-                         Text("ObjectManagerName", kManagerName),
-                         Text("CreationClassName", kNameSpace),
-                         Text("Name", name),
-                         {"ClassInfo", {CMPI_uint16, kUnknown}},
-                         {"ClassType", {CMPI_uint16, kUnknown}}});
+std::vector<std::string> WithInterop(std::vector<std::string> names) {
+    names.emplace_back(kInteropName);
+    return names;
 }
 
 class Interop : public NameSpace {
 public:
-    Interop(const std::string& schema, const std::string& version, std::vector<std::string> names)
-        : NameSpace(kName), classes(ReadSchema(schema)) {
-        for (const char* needed : {kObjectManager, kNameSpace})
-            if (!classes.Find(needed))
-                throw host::LoadError("The schema '" + schema + "' does not declare the class '" +
-                                      needed + "'.");
-        names.emplace_back(kName);
-        instances.push_back(ObjectManager(classes, version));
-        for (const std::string& one : names) instances.push_back(NameSpaceInstance(classes, one));
-    }
+    Interop(const std::string& schema, const std::string& version,
+            const std::vector<std::string>& names)
+        : NameSpace(kInteropName),
+          classes(ReadSchema(schema)),
+          own(classes, version, WithInterop(names)) {}
 
     const host::ClassRepository& Classes() const override { return classes; }
+
+    void Meet(const std::vector<const NameSpace*>& all) override { nameSpaces = all; }
 
     InstancesResult EnumerateInstances(const ObjectPath& classPath,
                                        PropertyList properties) const override {
         InstancesResult result;
-        for (const Instance& instance : instances)
-            if (classes.Find(instance.path.className)->IsA(classPath.className))
-                result.instances.push_back(instance);
+        for (const Instance& instance : own.Objects())
+            if (IsA(instance.path, classPath.className)) result.instances.push_back(instance);
+        if (classes.Find(kConformance)->IsA(classPath.className))
+            for (Instance& link : Links()) result.instances.push_back(std::move(link));
         host::KeepListed(result.instances, properties);
         return result;
     }
@@ -122,30 +68,43 @@ public:
     }
 
     InstancesResult GetInstance(const ObjectPath& path, PropertyList properties) const override {
-        InstancesResult result;
-        for (const Instance& instance : instances)
-            if (host::SameObject(instance.path, path)) result.instances.push_back(instance);
+        InstancesResult result = EnumerateInstances(path, properties);
+        std::erase_if(result.instances, [&](const Instance& instance) {
+            return !host::SameObject(instance.path, path);
+        });
         if (result.instances.empty()) result.status = host::NoSuchInstance(path);
-        host::KeepListed(result.instances, properties);
         return result;
     }
 
-    // Nothing here is associated.
-    InstancesResult Associators(const AssociationQuery& query, PropertyList) const override {
-        return {StatusOf(query), {}};
+    InstancesResult Associators(const AssociationQuery& query,
+                                PropertyList properties) const override {
+        return Answered<InstancesResult>([&](InstancesResult& result) {
+            for (const ObjectPath& end : OtherEnds(query))
+                for (Instance& instance : Get(end, properties))
+                    result.instances.push_back(std::move(instance));
+        });
     }
+
     NamesResult AssociatorNames(const AssociationQuery& query) const override {
-        return {StatusOf(query), {}};
+        return Answered<NamesResult>([&](NamesResult& result) { result.names = OtherEnds(query); });
     }
-    InstancesResult References(const AssociationQuery& query, PropertyList) const override {
-        return {StatusOf(query), {}};
+
+    InstancesResult References(const AssociationQuery& query,
+                               PropertyList properties) const override {
+        return Answered<InstancesResult>([&](InstancesResult& result) {
+            result.instances = LinksOf(query);
+            host::KeepListed(result.instances, properties);
+        });
     }
+
     NamesResult ReferenceNames(const AssociationQuery& query) const override {
-        return {StatusOf(query), {}};
+        return Answered<NamesResult>([&](NamesResult& result) {
+            for (Instance& link : LinksOf(query)) result.names.push_back(std::move(link.path));
+        });
     }
 
     host::MethodResult InvokeMethod(const ObjectPath& target, const std::string& method,
-                                    const std::vector<NamedValue>&) const override {
+                                    const std::vector<host::NamedValue>&) const override {
         if (classes.Find(target.className)->FindMethod(method))
             return {{CMPI_RC_ERR_NOT_SUPPORTED,
                      "The method '" + method + "' of this server cannot be called."},
@@ -158,24 +117,80 @@ public:
     }
 
 private:
-    // Of a query that finds nothing.
-    Status StatusOf(const AssociationQuery& query) const {
-        for (const std::string* filter : {&query.associationClass, &query.resultClass})
-            if (!filter->empty() && !classes.Find(*filter))
-                return {CMPI_RC_ERR_INVALID_PARAMETER,
-                        "The class '" + *filter + "' does not exist."};
-        return {};
+    // Of all name spaces that have diagnostic services; where they cannot be asked for, there are
+    // none.
+    std::vector<ObjectPath> DiagnosticServices() const {
+        std::vector<ObjectPath> services;
+        for (const NameSpace* const other : nameSpaces) {
+            if (other == this || !other->Classes().Find(kDiagnosticService)) continue;
+            for (ObjectPath& path :
+                 other->EnumerateInstanceNames({other->name, kDiagnosticService, {}}).names)
+                services.push_back(std::move(path));
+        }
+        return services;
+    }
+
+    std::vector<Instance> Links() const { return own.Conformances(DiagnosticServices()); }
+
+    // Where the object lives; this name space when nobody else knows it.
+    const NameSpace& Home(const ObjectPath& path) const {
+        const auto found =
+            std::find_if(nameSpaces.begin(), nameSpaces.end(), [&](const NameSpace* candidate) {
+                return mof::SameName(candidate->name, path.nameSpace);
+            });
+        return found == nameSpaces.end() ? *this : **found;
+    }
+
+    bool IsA(const ObjectPath& path, const std::string& className) const {
+        const ClassInfo* const cls = Home(path).Classes().Find(path.className);
+        return cls && cls->IsA(className);
+    }
+
+    std::vector<Instance> Get(const ObjectPath& path, PropertyList properties) const {
+        return Home(path).GetInstance(path, properties).instances;
+    }
+
+    // The class of a filter may be one that only another name space has.
+    void RequireClass(const std::string& className) const {
+        const auto knows = [&](const NameSpace* nameSpace) {
+            return nameSpace->Classes().Find(className) != nullptr;
+        };
+        if (!className.empty() && !knows(this) &&
+            std::none_of(nameSpaces.begin(), nameSpaces.end(), knows))
+            throw Failure(CMPI_RC_ERR_INVALID_PARAMETER,
+                          "The class '" + className + "' does not exist.");
+    }
+
+    std::vector<Instance> LinksOf(const AssociationQuery& query) const {
+        RequireClass(query.associationClass);
+        const ClassInfo& cls = *classes.Find(kConformance);
+        if (!query.associationClass.empty() && !cls.IsA(query.associationClass)) return {};
+        std::vector<Instance> links = Links();
+        std::erase_if(links, [&](const Instance& link) { return !host::Holds(link, query); });
+        return links;
+    }
+
+    std::vector<ObjectPath> OtherEnds(const AssociationQuery& query) const {
+        RequireClass(query.resultClass);
+        AssociationQuery ofAnyClass = query;
+        ofAnyClass.resultClass.clear();
+        std::vector<ObjectPath> ends;
+        for (const Instance& link : LinksOf(query))
+            for (ObjectPath& end : host::OtherEnds(classes, link, ofAnyClass))
+                if (query.resultClass.empty() || IsA(end, query.resultClass))
+                    host::AddNew(ends, std::move(end));
+        return ends;
     }
 
     const host::ClassRepository classes;
-    std::vector<Instance> instances;
+    const InteropInstances own;
+    std::vector<const NameSpace*> nameSpaces;
 };
 
 }  // namespace
 
-std::unique_ptr<const NameSpace> InteropNameSpace(const std::string& schema,
-                                                  const std::string& version,
-                                                  const std::vector<std::string>& names) {
+std::unique_ptr<NameSpace> InteropNameSpace(const std::string& schema, const std::string& version,
+                                            const std::vector<std::string>& names) {
     return std::make_unique<Interop>(schema, version, names);
 }
 

@@ -23,6 +23,9 @@ public:
 
     virtual const host::ClassRepository& Classes() const = 0;
 
+    // Tells it of all name spaces of the server, which live as long as it; before any request.
+    virtual void Meet(const std::vector<const NameSpace*>& /*all*/) {}
+
     // Requests, from several threads at once. Paths lie in this name space and name classes that
     // it has; `properties` is null for all.
     virtual host::InstancesResult EnumerateInstances(const host::ObjectPath& classPath,
@@ -41,7 +44,7 @@ public:
         const std::vector<host::NamedValue>& arguments) const = 0;
 };
 
-using NameSpaces = std::vector<std::unique_ptr<const NameSpace>>;
+using NameSpaces = std::vector<std::unique_ptr<NameSpace>>;
 
 // Those that the host's providers serve.
 NameSpaces ProviderNameSpaces(host::Host& host);

@@ -41,6 +41,12 @@ void WriteParameterValue(XmlWriter& xml, std::string_view element, const std::st
 
 }  // namespace
 
+Operations::Operations(NameSpaces served) : nameSpaces(std::move(served)) {
+    std::vector<const NameSpace*> all;
+    for (const auto& nameSpace : nameSpaces) all.push_back(nameSpace.get());
+    for (const auto& nameSpace : nameSpaces) nameSpace->Meet(all);
+}
+
 std::string Operations::Answer(const Request& request, const std::string& hostName) const {
     XmlWriter xml;
     xml.Raw("<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n");

@@ -15,7 +15,7 @@ class XmlWriter;
 
 class Operations {
 public:
-    explicit Operations(NameSpaces served) : nameSpaces(std::move(served)) {}
+    explicit Operations(NameSpaces served);
 
     // The document of the answer; an operation that fails is answered with its CIM error.
     // `hostName` is how the client calls this server. May be called from several threads at once.

@@ -14,22 +14,6 @@ namespace {
 // A text of the query as a provider gets it: null when it does not restrict.
 const char* Filter(const std::string& text) { return text.empty() ? nullptr : text.c_str(); }
 
-const ObjectPath& PathIn(const Instance& instance) { return instance.path; }
-const ObjectPath& PathIn(const ObjectPath& path) { return path; }
-
-// Adds what is not there yet: several links may lead to one object, and a provider may enumerate a
-// link several times. Without keys nothing can tell
-// two objects apart, so they all count.
-template <class Object>
-void AddNew(std::vector<Object>& all, Object object) {
-    const ObjectPath& path = PathIn(object);
-    const bool isPresent =
-        !path.keys.empty() && std::any_of(all.begin(), all.end(), [&](const Object& present) {
-            return SameObject(PathIn(present), path);
-        });
-    if (!isPresent) all.push_back(std::move(object));
-}
-
 template <class Object>
 void AddAllNew(std::vector<Object>& all, std::vector<Object> part) {
     for (Object& object : part) AddNew(all, std::move(object));

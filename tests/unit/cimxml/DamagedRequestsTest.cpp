@@ -119,6 +119,16 @@ const std::array kExamples = {
                                      "</IPARAMVALUE><IPARAMVALUE NAME=\"AssocClass\"><CLASSNAME "
                                      "NAME=\"T_Link\"/></IPARAMVALUE><IPARAMVALUE NAME=\"Role\">"
                                      "<VALUE>From</VALUE></IPARAMVALUE>")},
+    Example{"OpenEnumerateInstances", "root/test",
+            Intrinsic("OpenEnumerateInstances",
+                      "<IPARAMVALUE NAME=\"ClassName\"><CLASSNAME NAME=\"T_Thing\"/></IPARAMVALUE>"
+                      "<IPARAMVALUE NAME=\"OperationTimeout\"><VALUE>30</VALUE></IPARAMVALUE>"
+                      "<IPARAMVALUE NAME=\"MaxObjectCount\"><VALUE>2</VALUE></IPARAMVALUE>")},
+    Example{"PullInstancePaths", "root/test",
+            Intrinsic("PullInstancePaths",
+                      "<IPARAMVALUE NAME=\"EnumerationContext\"><VALUE>0123456789abcdef</VALUE>"
+                      "</IPARAMVALUE><IPARAMVALUE NAME=\"MaxObjectCount\"><VALUE>2</VALUE>"
+                      "</IPARAMVALUE>")},
     Example{"Echo", "root/test:T_Thing.Name=\"one\"",
             Message(std::string("<METHODCALL NAME=\"Echo\"><LOCALINSTANCEPATH>") + kNameSpacePath +
                     kThing +

@@ -14,7 +14,7 @@ from conftest import Command, Result
 
 MODULE = "QUVSG_BMCI2C_DiagnosticService_Module"
 SFCB = ("sfcbstage", "sfcbunstage", "sfcbrepos")
-PEGASUS = ("cimprovider", "cimmof")
+PEGASUS = ("cimprovider", "cimmof", "cimcli")
 PUBLISHED = ", for a namespace that holds the published CIM classes."
 OWN = ", with the base classes, for a namespace that holds none."
 
@@ -25,7 +25,8 @@ name = os.path.basename(sys.argv[0])
 with open(os.path.join(folder, "calls"), "a") as calls:
     calls.write(json.dumps([name, *sys.argv[1:]]) + "\\n")
 plan = json.load(open(os.path.join(folder, "plan.json")))
-code, output = plan.get(" ".join([name, *sys.argv[1:2]]), plan.get(name, [0, ""]))
+words = [name, *sys.argv[1:]]
+code, output = plan.get(" ".join(words), plan.get(" ".join(words[:2]), plan.get(name, [0, ""])))
 sys.stdout.write(output[: len(output) // 2])
 sys.stdout.flush()
 sys.stderr.write(output[len(output) // 2 :])
@@ -46,6 +47,8 @@ class Servers:
         self.tools = folder / "tools"
         self.tools.mkdir()
         self.plan = {}
+        self.hold("root/PG_InterOp", "PG_ProviderModule", "PG_Provider")
+        self.hold("root/QUVSD")
         schema = pathlib.Path(os.environ["BMCI2C_BUILD_SHARE"]) / "bmci2c" / "schema"
         self.schema = {path.name: str(path) for path in schema.iterdir()}
 
@@ -57,6 +60,10 @@ class Servers:
 
     def answer(self, call, code=0, output=""):
         self.plan[call] = [code, output]
+
+    def hold(self, namespace, *classes):
+        """Makes the classes that an OpenPegasus has in a namespace."""
+        self.answer(" ".join(classes_in(namespace)), output="".join(f"{name}\n" for name in classes))
 
     def call(self, *arguments, root=True):
         (self.tools / "plan.json").write_text(json.dumps(self.plan))
@@ -95,8 +102,14 @@ def sfcb_calls(servers):
     ]  # fmt: skip
 
 
+def classes_in(namespace):
+    return ["cimcli", "nc", "-di", "-n", namespace]
+
+
 def pegasus_calls(servers, mof="bmci2c.mof", interop="root/PG_InterOp"):
     return [
+        classes_in(interop),
+        classes_in("root/QUVSD"),
         ["cimprovider", "-l"],
         ["cimmof", "-n", "root/QUVSD", servers.schema[mof]],
         ["cimmof", "-n", interop, servers.schema["bmci2c-pegasus.mof"]],
@@ -136,7 +149,7 @@ def test_sfcb_is_unregistered_by_the_names_that_were_staged(servers):
     ]
     assert result.out.splitlines()[2:] == [
         "The module is no longer registered with sfcb.",
-        "Next: restart sfcb.",
+        "Next: restart sfcb. The module's folder stays in providerDirs of sfcb.cfg.",
     ]
 
 
@@ -156,15 +169,18 @@ def test_pegasus_gets_the_classes_with_their_bases_and_the_capabilities(servers)
     lines = result.out.splitlines()
     assert lines[0] == "Classes: " + servers.schema["bmci2c.mof"] + OWN
     assert "Registered 23 classes in root/QUVSD." in lines
-    assert "providerDir" in lines[-1]
+    folder = lines[-1].split()[2]
+    assert folder.startswith("/")
+    assert f"'cimconfig -p -s providerDir=VALUE:{folder}'" in lines[-1]
+    assert lines[-1].endswith(" Then restart the server: 'cimserver -s', 'cimserver'.")
 
 
 def test_pegasus_that_knows_the_module_forgets_it_first(servers):
     servers.install(*PEGASUS)
     servers.answer("cimprovider -l", output=f"OtherModule\n{MODULE}\n")
     assert servers.call("register", "pegasus").code == 0
-    listing, *loading = pegasus_calls(servers)
-    assert servers.calls() == [listing, *REMOVAL, *loading]
+    *looks, mof, registrations = pegasus_calls(servers)
+    assert servers.calls() == [*looks, *REMOVAL, mof, registrations]
 
 
 def test_pegasus_with_a_module_of_a_similar_name_forgets_nothing(servers):
@@ -190,8 +206,56 @@ def test_pegasus_can_be_unregistered_twice(servers):
     assert "The module is no longer registered with OpenPegasus." in result.out
 
 
+@pytest.mark.parametrize("option", [[], ["--interop", "root/interop"]], ids=["default", "given"])
+def test_wrong_namespace_of_registrations_is_found_before_anything_is_changed(servers, option):
+    servers.install(*PEGASUS)
+    servers.hold("root/PG_InterOp")
+    servers.answer("cimprovider -l", output=f"{MODULE}\n")
+    result = servers.call("register", "pegasus", *option)
+    interop = option[-1] if option else "root/PG_InterOp"
+    assert result.code == 3
+    assert servers.calls() == [classes_in(interop)]
+    assert result.err == (
+        f"bmci2c: The namespace '{interop}' does not hold OpenPegasus's registrations: it has no class "
+        "PG_ProviderModule. Start the server if it does not run. Otherwise name the right namespace, such "
+        "as --interop root/interop or --interop root/PG_InterOp.\n"
+    )
+
+
+def test_published_classes_that_are_there_already_are_not_mixed_with_the_modules(servers):
+    servers.install(*PEGASUS)
+    servers.hold("root/QUVSD", "CIM_ManagedElement", "CIM_System", "CIM_ComputerSystem")
+    result = servers.call("register", "pegasus")
+    assert result.code == 3
+    assert servers.calls() == pegasus_calls(servers)[:2]
+    assert result.err == (
+        "bmci2c: The namespace 'root/QUVSD' holds the published CIM classes, with which the module's base "
+        "classes would mix. Register with --published-classes.\n"
+    )
+
+
+def test_classes_of_an_earlier_registration_are_not_the_published_ones(servers):
+    servers.install(*PEGASUS)
+    servers.hold("root/QUVSD", "CIM_ManagedElement", "CIM_Job", "QUVSG_BMCI2C_ConcreteJob")
+    assert servers.call("register", "pegasus").code == 0
+
+
+def test_published_classes_that_are_not_there_are_told(servers):
+    servers.install(*PEGASUS)
+    servers.hold("root/QUVSD", "CIM_ManagedElement")
+    result = servers.call("register", "pegasus", "--published-classes")
+    assert result.code == 3
+    assert servers.calls() == pegasus_calls(servers)[:2]
+    assert result.err == (
+        "bmci2c: The namespace 'root/QUVSD' does not hold the published CIM classes. Load them first, or "
+        "leave out --published-classes.\n"
+    )
+
+
 def test_pegasus_with_published_classes_gets_no_base_class(servers):
     servers.install(*PEGASUS)
+    servers.hold("root/QUVSD", "CIM_System")
+    servers.hold("root/interop", "PG_ProviderModule")
     result = servers.call("register", "pegasus", "--published-classes", "--interop", "root/interop")
     assert result.code == 0
     assert servers.calls() == pegasus_calls(servers, "bmci2c-published.mof", "root/interop")
@@ -217,8 +281,9 @@ def test_dry_run_says_which_commands_depend_on_the_servers_answer(servers):
     ]
     assert servers.call("unregister", "pegasus", "--dry-run").out.splitlines() == removal
     lines = servers.call("register", "pegasus", "--dry-run").out.splitlines()
-    assert lines[1:4] == removal
-    assert [line.split(" -n")[0] for line in lines[4:]] == 2 * ["Would run: cimmof"]
+    looks = [f"Would run: {' '.join(classes_in(name))}" for name in ("root/PG_InterOp", "root/QUVSD")]
+    assert lines[1:6] == looks + removal
+    assert [line.split(" -n")[0] for line in lines[6:]] == 2 * ["Would run: cimmof"]
 
 
 def test_registration_as_json_tells_what_was_done(servers):
@@ -251,7 +316,10 @@ def test_dry_run_as_json_tells_what_would_be_done(servers):
     listing = [{"command": ["cimprovider", "-l"], "condition": None}]
     removal = [{"command": call, "condition": MODULE} for call in REMOVAL]
     assert outcome["steps"] == listing + removal
-    assert outcome["note"] == "Its classes stay in root/QUVSD, without a provider."
+    assert outcome["note"] == (
+        "Its classes stay in root/QUVSD, without a provider. The module's folder stays in the server's "
+        "option providerDir."
+    )
 
 
 def test_module_that_was_registered_before_is_no_condition_afterwards(servers):

@@ -66,6 +66,11 @@ void ServerTools::Try(const CommandWords& command) {
     if (!dryRun) RunProgram(command);
 }
 
+bool ServerTools::Lists(const CommandWords& command, const std::string& line, bool expected) {
+    announce({command, condition});
+    return dryRun ? expected : HasLine(RunProgram(command).output, line);
+}
+
 void ServerTools::WhenPrinted(const CommandWords& command, const std::string& line,
                               const std::function<void()>& rest) {
     announce({command, condition});

@@ -47,6 +47,10 @@ public:
     // Runs a command that may fail without harm.
     void Try(const CommandWords& command);
 
+    // Runs a command that changes nothing and may fail; true when `line` is among the lines that it
+    // prints. In a dry run, `expected`.
+    bool Lists(const CommandWords& command, const std::string& line, bool expected);
+
     // Runs a command that must succeed, and does the rest when `line` is among the lines that it
     // prints. A dry run does the rest in any case, on that condition.
     void WhenPrinted(const CommandWords& command, const std::string& line,

@@ -42,7 +42,9 @@ public:
                ", and restart sfcb.";
     }
 
-    std::string AfterUnregister() const override { return "Next: restart sfcb."; }
+    std::string AfterUnregister() const override {
+        return "Next: restart sfcb. The module's folder stays in providerDirs of sfcb.cfg.";
+    }
 };
 
 }  // namespace

@@ -162,6 +162,7 @@ std::vector<ListedSetting> ListSettings(const Session& session) {
     all.Add("diagnostics.oem_build", settings.oemBuild);
     all.Add("controllers.oxc", settings.oxc);
     all.Add("controllers.time_limit", settings.timeLimit);
+    all.Add("cim.derive_associations", settings.deriveAssociations);
     all.Add("log.sink", settings.log, session.choseLog);
     all.Add("log.level", settings.logLevel, session.choseLogLevel);
     all.Add("controller", settings.controllers);

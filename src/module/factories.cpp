@@ -2,17 +2,22 @@
 // static data block to the framework's adapter, which does the work.
 #include <cmpi/cmpi.h>
 #include <framework/adapter/cmpi_adapter.h>
+#include <framework/derived_associations.h>
 #include <module/module.h>
+#include <platform/settings/Settings.h>
 
 #include <cstddef>
 
 namespace {
+
+bool AreAssociationsDerived() { return platform::CurrentSettings()->deriveAssociations.value; }
 
 // The CMPI interface of the kind ('I', 'M' or 'A') that the adapter makes; null when it makes none.
 template <class Interface>
 Interface* Create(char kind, ProviderIndex provider, void* staticData, const CMPIBroker* broker,
                   const CMPIContext* context) {
     const cimple::Registration& registration = RegistrationOf(provider);
+    cimple::derive_associations_if(&AreAssociationsDerived);
     void* result = nullptr;
     cimple::cmpi_adapter(cimple::kAdapterMark, staticData, &registration, broker, context,
                          registration.provider_name, kind, &result);

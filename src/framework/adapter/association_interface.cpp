@@ -1,11 +1,13 @@
 // The association interface: finds what is associated with an instance, and the associations.
+#include <framework/Status.h>
 #include <framework/String.h>
+#include <framework/adapter/Association_Links.h>
 #include <framework/adapter/Delivery.h>
 #include <framework/adapter/Instance_Reader.h>
 #include <framework/adapter/Provider_State.h>
 #include <framework/adapter/interface_tables.h>
 #include <framework/adapter/objects.h>
-#include <strings.h>
+#include <framework/derived_associations.h>
 
 namespace cimple {
 
@@ -21,23 +23,21 @@ struct Association_Request {
     Property_List properties = nullptr;
 };
 
-// True when the class is the named one or derives from it; no name stands for every class.
-bool is_of_class(const Meta_Class* meta_class, const char* name) {
-    if (name == nullptr || *name == '\0') return true;
-    while (meta_class != nullptr && strcasecmp(meta_class->name, name) != 0) {
-        meta_class = meta_class->super_class;
-    }
-    return meta_class != nullptr;
+// The status of an association provider that leaves the answer to its server.
+bool is_left_to_server(int status) {
+    return status == ENUM_ASSOCIATOR_NAMES_UNSUPPORTED || status == ENUM_ASSOCIATORS_UNSUPPORTED ||
+           status == ENUM_REFERENCES_UNSUPPORTED;
 }
 
 // Answers a request for associations of a class. call(provider, source, delivery) asks the
 // provider and returns its status; a client that wants another class gets an empty result.
-template <class Call>
+// deliver(links, delivery) answers from the links in that role instead, where those are derived.
+template <class Call, class Deliver>
 CMPIStatus answer(const Association_Request& request, const char* operation,
-                  const char* associationClass, Call call) {
+                  const Association_Filter& filter, Call call, Deliver deliver) {
     Provider_State& state = state_of(request.interface);
     const auto body = [&](Provider& provider, const CMPIBroker& broker) {
-        if (!is_of_class(&state.meta_class(), associationClass)) {
+        if (!is_of_class(&state.meta_class(), filter.associationClass)) {
             end_result(request.result);
             return;
         }
@@ -47,40 +47,45 @@ CMPIStatus answer(const Association_Request& request, const char* operation,
         Delivery delivery(writer, request.result, request.form, request.properties);
         const int status = call(provider, source.get(), &delivery);
         delivery.check();
+        if (is_left_to_server(status) && associations_are_derived()) {
+            deliver(Association_Links(provider, state.meta_class(), *source, filter.role),
+                    delivery);
+            end_result(request.result);
+            return;
+        }
         check_status(status);
     };
     return state.handle(request.context, operation, body);
 }
 
-struct Associator_Filter {
-    const char* associationClass;
-    const char* resultClass;
-    const char* role;
-    const char* resultRole;
-};
-
 CMPIStatus enumerate_associators(const Association_Request& request, const char* operationName,
-                                 Operation operation, const Associator_Filter& filter) {
-    return answer(request, operationName, filter.associationClass,
-                  [&](Provider& provider, const Instance* source, Delivery* delivery) {
-                      const String resultClass = filter.resultClass;
-                      const String role = filter.role;
-                      const String resultRole = filter.resultRole;
-                      return provider.call(operation, source, &resultClass, &role, &resultRole,
-                                           &Delivery::take, delivery);
+                                 Operation operation, const Association_Filter& filter) {
+    const auto ask = [&](Provider& provider, const Instance* source, Delivery* delivery) {
+        const String resultClass = filter.resultClass;
+        const String role = filter.role;
+        const String resultRole = filter.resultRole;
+        return provider.call(operation, source, &resultClass, &role, &resultRole, &Delivery::take,
+                             delivery);
+    };
+    return answer(request, operationName, filter, ask,
+                  [&](const Association_Links& links, const Delivery& delivery) {
+                      links.deliver_other_ends(delivery, filter);
                   });
 }
 
 CMPIStatus enumerate_references(const Association_Request& request, const char* operationName,
                                 const char* resultClass, const char* roleName) {
     const Meta_Class& metaClass = state_of(request.interface).meta_class();
-    return answer(request, operationName, resultClass,
-                  [&](Provider& provider, const Instance* source, Delivery* delivery) {
-                      const String role = roleName;
-                      const Instance_Ptr model(create(&metaClass, false));
-                      model->name_space = source->name_space;
-                      return provider.call(OPERATION_ENUM_REFERENCES, source, model.get(), &role,
-                                           &Delivery::take, delivery);
+    const auto ask = [&](Provider& provider, const Instance* source, Delivery* delivery) {
+        const String role = roleName;
+        const Instance_Ptr model(create(&metaClass, false));
+        model->name_space = source->name_space;
+        return provider.call(OPERATION_ENUM_REFERENCES, source, model.get(), &role, &Delivery::take,
+                             delivery);
+    };
+    return answer(request, operationName, {.associationClass = resultClass, .role = roleName}, ask,
+                  [](const Association_Links& links, const Delivery& delivery) {
+                      links.deliver_links(delivery);
                   });
 }
 

@@ -91,6 +91,7 @@ struct Settings {
     Setting<int> timeLimit{4};  // seconds, per controller and command
     // Unset: every /dev/ipmiN is a controller, in numeric order.
     Setting<std::optional<std::vector<ControllerSettings>>> controllers;
+    Setting<bool> deriveAssociations;    // for CIM servers that do not do it themselves
     Setting<std::string> log{"syslog"};  // as in LogTarget.h
     Setting<int> logLevel{2};            // messages of this severity or higher are written
     std::string problem;                 // why the settings could not be read; else empty

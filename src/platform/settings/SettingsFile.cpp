@@ -33,6 +33,10 @@ void ReadControllers(TomlTable& table, const std::filesystem::path& /*folder*/,
     Apply(table, "time_limit", settings.timeLimit, ReadTimeLimit);
 }
 
+void ReadCim(TomlTable& table, const std::filesystem::path& /*folder*/, Settings& settings) {
+    Apply(table, "derive_associations", settings.deriveAssociations, &TomlTable::Boolean);
+}
+
 std::optional<std::string> ReadSink(TomlTable& table, std::string_view key,
                                     const std::filesystem::path& folder) {
     const std::optional<std::string> sink = table.Text(key);
@@ -65,6 +69,7 @@ constexpr std::pair<const char*, ReadSection> kSections[] = {
     {"machine", ReadMachine},
     {"diagnostics", ReadDiagnostics},
     {"controllers", ReadControllers},
+    {"cim", ReadCim},
     {"log", ReadLog},
 };
 

@@ -157,37 +157,43 @@ Reply Server::DeleteInstance(const Path& path) {
     });
 }
 
-Reply Server::Associators(const std::string& associationClass, const Path& source) {
+Reply Server::Associators(const std::string& associationClass, const Path& source,
+                          const AssociationFilter& filter) {
+    return Ask<CMPIAssociationMI>(associationClass, [&](CMPIAssociationMI* interface,
+                                                        Request& request) {
+        return interface->ft->associators(
+            interface, &request.context, &request.result, PathIn(request, source),
+            associationClass.c_str(), filter.resultClass, filter.role, filter.resultRole, nullptr);
+    });
+}
+
+Reply Server::AssociatorNames(const std::string& associationClass, const Path& source,
+                              const AssociationFilter& filter) {
     return Ask<CMPIAssociationMI>(
         associationClass, [&](CMPIAssociationMI* interface, Request& request) {
-            return interface->ft->associators(interface, &request.context, &request.result,
-                                              PathIn(request, source), associationClass.c_str(),
-                                              nullptr, nullptr, nullptr, nullptr);
+            return interface->ft->associatorNames(
+                interface, &request.context, &request.result, PathIn(request, source),
+                associationClass.c_str(), filter.resultClass, filter.role, filter.resultRole);
         });
 }
 
-Reply Server::AssociatorNames(const std::string& associationClass, const Path& source) {
-    return Ask<CMPIAssociationMI>(
-        associationClass, [&](CMPIAssociationMI* interface, Request& request) {
-            return interface->ft->associatorNames(interface, &request.context, &request.result,
-                                                  PathIn(request, source), associationClass.c_str(),
-                                                  nullptr, nullptr, nullptr);
-        });
-}
-
-Reply Server::References(const std::string& associationClass, const Path& source) {
+Reply Server::References(const std::string& associationClass, const Path& source,
+                         const AssociationFilter& filter) {
     return Ask<CMPIAssociationMI>(
         associationClass, [&](CMPIAssociationMI* interface, Request& request) {
             return interface->ft->references(interface, &request.context, &request.result,
-                                             PathIn(request, source), nullptr, nullptr, nullptr);
+                                             PathIn(request, source), filter.resultClass,
+                                             filter.role, nullptr);
         });
 }
 
-Reply Server::ReferenceNames(const std::string& associationClass, const Path& source) {
+Reply Server::ReferenceNames(const std::string& associationClass, const Path& source,
+                             const AssociationFilter& filter) {
     return Ask<CMPIAssociationMI>(
         associationClass, [&](CMPIAssociationMI* interface, Request& request) {
             return interface->ft->referenceNames(interface, &request.context, &request.result,
-                                                 PathIn(request, source), nullptr, nullptr);
+                                                 PathIn(request, source), filter.resultClass,
+                                                 filter.role);
         });
 }
 

@@ -21,6 +21,13 @@
 #include "Reply.h"
 #include "Request.h"
 
+// What an association request is restricted to; null does not restrict.
+struct AssociationFilter {
+    const char* resultClass = nullptr;
+    const char* role = nullptr;
+    const char* resultRole = nullptr;
+};
+
 class Server : public fake::Broker {
 public:
     explicit Server(const Personality& serverPersonality);
@@ -41,10 +48,14 @@ public:
     Reply CreateInstance(const std::string& className);
     Reply ModifyInstance(const Path& path);
     Reply DeleteInstance(const Path& path);
-    Reply Associators(const std::string& associationClass, const Path& source);
-    Reply AssociatorNames(const std::string& associationClass, const Path& source);
-    Reply References(const std::string& associationClass, const Path& source);
-    Reply ReferenceNames(const std::string& associationClass, const Path& source);
+    Reply Associators(const std::string& associationClass, const Path& source,
+                      const AssociationFilter& filter = {});
+    Reply AssociatorNames(const std::string& associationClass, const Path& source,
+                          const AssociationFilter& filter = {});
+    Reply References(const std::string& associationClass, const Path& source,
+                     const AssociationFilter& filter = {});
+    Reply ReferenceNames(const std::string& associationClass, const Path& source,
+                         const AssociationFilter& filter = {});
 
     // `fill` adds the arguments; without it the provider gets none at all.
     using FillArguments = std::function<void(fake::Args& arguments, fake::Arena& arena)>;

@@ -1,3 +1,5 @@
+#include <framework/derived_associations.h>
+
 #include "Adapter_Fixture.h"
 
 using cimple::Instance;
@@ -192,4 +194,126 @@ TEST_F(AssociationInterface, AssociationOperationsOfAnotherClass_AreNotSupported
     EXPECT_EQ(to_text(status),
               "7: ACME_Fan_Provider: associatorNames failed: the provider does not support it "
               "(status -1).");
+}
+
+namespace {
+
+// The provider supports no association request; the adapter answers from what it enumerates.
+class DerivedAssociations : public AssociationInterface {
+protected:
+    DerivedAssociations() {
+        cimple::derive_associations_if([] { return true; });
+        coolsScript.enumInstances = [this](const ACME_Cools* model, auto* handler) {
+            ++enumerations;
+            EXPECT_TRUE(model->name_space.equal("root/acme"));
+            handler->handle(link("a", "d"));
+            handler->handle(link("a", "e"));
+            handler->handle(link("a", "d"));  // as careless providers do
+            handler->handle(link("b", "f"));
+            handler->handle(cimple::create<ACME_Cools>());  // without ends
+            return 0;
+        };
+    }
+    ~DerivedAssociations() override { cimple::derive_associations_if(nullptr); }
+
+    static ACME_Cools* link(const char* fan, const char* device) {
+        auto* const association = cimple::create<ACME_Cools>();
+        association->Cooler = make_fan(fan, 3);
+        association->Cooled = cimple::create<ACME_Device>();
+        association->Cooled->Id = device;
+        association->Cooled->Caption = "disk";
+        return association;
+    }
+
+    CMPIStatus names(const char* resultClass, const char* role, const char* resultRole) {
+        return cools.associations->ft->associatorNames(cools.associations, &context, &result,
+                                                       fan_path(), "ACME_Cools", resultClass, role,
+                                                       resultRole);
+    }
+
+    int enumerations = 0;
+};
+
+constexpr char kDeviceD[] = "root/acme:ACME_Device.Id=\"d\"";
+constexpr char kDeviceE[] = "root/acme:ACME_Device.Id=\"e\"";
+
+}  // namespace
+
+TEST_F(DerivedAssociations, AssociatorNames_AreTheOtherEndsEachOnce) {
+    EXPECT_EQ(to_text(associator_names()), "0");
+    EXPECT_THAT(result.answers, ElementsAre(kDeviceD, kDeviceE));
+    EXPECT_EQ(result.ends, 1);
+}
+
+TEST_F(DerivedAssociations, Associators_AreTheInstancesOfTheLinks) {
+    const char* wanted[] = {"Caption", nullptr};
+    EXPECT_EQ(to_text(associators(nullptr, wanted)), "0");
+    ASSERT_EQ(result.answers.size(), 2u);
+    EXPECT_THAT(result.answers[0], testing::StartsWith(std::string(kDeviceD) + " {Id=\"d\""));
+    EXPECT_THAT(result.answers[0], testing::HasSubstr("Caption=\"disk\""));
+    EXPECT_EQ(result.ends, 1);
+}
+
+TEST_F(DerivedAssociations, References_AreTheLinksEachOnce) {
+    EXPECT_EQ(to_text(references()), "0");
+    EXPECT_EQ(result.answers.size(), 2u);
+    EXPECT_EQ(to_text(reference_names("acme_cools")), "0");
+    ASSERT_EQ(result.answers.size(), 4u);
+    EXPECT_EQ(result.answers[2],
+              "root/acme:ACME_Cools.Cooler=\"root/acme:ACME_Fan.Id=\"a\",Slot=3\","
+              "Cooled=\"root/acme:ACME_Device.Id=\"d\"\"");
+    EXPECT_EQ(result.ends, 2);
+}
+
+TEST_F(DerivedAssociations, ResultClassAndRoles_AreHonoured) {
+    EXPECT_EQ(to_text(names("acme_device", "COOLER", "cooled")), "0");
+    EXPECT_THAT(result.answers, ElementsAre(kDeviceD, kDeviceE));
+    result.answers.clear();
+    EXPECT_EQ(to_text(names("ACME_Fan", "", "")), "0");
+    EXPECT_EQ(to_text(names("", "Cooled", "")), "0");
+    EXPECT_EQ(to_text(names("", "", "Cooler")), "0");
+    EXPECT_TRUE(result.answers.empty());
+    EXPECT_EQ(result.ends, 4);
+}
+
+TEST_F(DerivedAssociations, OtherEnd_LeadsBack) {
+    const CMPIStatus status = cools.associations->ft->associatorNames(
+        cools.associations, &context, &result,
+        class_path("ACME_Device")->with_key("Id", broker.arena.string_data("f")), nullptr, nullptr,
+        nullptr, nullptr);
+    EXPECT_EQ(to_text(status), "0");
+    EXPECT_THAT(result.answers, ElementsAre("root/acme:ACME_Fan.Id=\"b\",Slot=3"));
+}
+
+TEST_F(DerivedAssociations, SourceThatNoReferenceHolds_EnumeratesNothing) {
+    const CMPIStatus status = cools.associations->ft->associatorNames(
+        cools.associations, &context, &result,
+        class_path("ACME_Pump")->with_key("Id", broker.arena.string_data("a")), nullptr, nullptr,
+        nullptr, nullptr);
+    EXPECT_EQ(to_text(status), "0");
+    EXPECT_EQ(to_text(names("", "Heater", "")), "0");
+    EXPECT_TRUE(result.answers.empty());
+    EXPECT_EQ(enumerations, 0);
+    EXPECT_EQ(result.ends, 2);
+}
+
+TEST_F(DerivedAssociations, FailureOfTheEnumeration_IsPassedOn) {
+    coolsScript.enumInstances = [](const ACME_Cools*, auto*) { return 70; };
+    EXPECT_EQ(to_text(associator_names()),
+              "1: ACME_Cools_Provider: associatorNames failed: the provider reports a failure "
+              "(status 70).");
+    EXPECT_EQ(result.ends, 0);
+}
+
+TEST_F(DerivedAssociations, ProviderThatSupportsTheRequest_AnswersItself) {
+    coolsScript.associators = &deliver_device;
+    EXPECT_EQ(to_text(associator_names()), "0");
+    EXPECT_EQ(result.answers.size(), 1u);
+    EXPECT_EQ(enumerations, 0);
+}
+
+TEST_F(DerivedAssociations, OtherClasses_StayUnsupported) {
+    const CMPIStatus status = fans.associations->ft->associatorNames(
+        fans.associations, &context, &result, fan_path(), nullptr, nullptr, nullptr, nullptr);
+    EXPECT_EQ(status.rc, CMPI_RC_ERR_NOT_SUPPORTED);
 }

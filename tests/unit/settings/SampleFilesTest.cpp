@@ -92,8 +92,10 @@ void AddAllowed(const std::string& table, const std::string& text, Keys& keys) {
     } catch (const platform::SettingsError& caught) {
         error = caught.what();
     }
-    std::istringstream list(error.substr(error.find("allowed are ") + 12));
-    for (std::string word; list >> word;) {
+    std::istringstream list(error.substr(error.find("allowed ")));
+    std::string word;
+    list >> word >> word;  // "allowed are", or "allowed is" before a single key
+    while (list >> word) {
         word.erase(word.find_last_not_of(",.") + 1);
         if (word != "and") keys.insert(table + " " + word);
     }
@@ -103,7 +105,7 @@ Keys KeysOfTheReader() {
     Keys keys;
     for (const std::string table :
          {"[machine]", "[machine.type_source]", "[machine.bios_id_source]", "[diagnostics]",
-          "[controllers]", "[log]"})
+          "[controllers]", "[cim]", "[log]"})
         AddAllowed(table, table, keys);
     AddAllowed("[[controllers.oxc]]", "[[controllers.oxc]]\nmanufacturer = 1\nproduct = 1", keys);
     AddAllowed(kLan, "[[controller]]\ntransport = \"lan\"\nhost = \"bmc\"", keys);

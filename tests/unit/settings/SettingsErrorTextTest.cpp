@@ -57,16 +57,20 @@ constexpr BadFile kBadSettings[] = {
      "'99999999999999999999' is not "
      "representable in 64 bits."},
     {"UnknownTable", "[machin]\ntype = \"7000\"\n",
-     ":1:2: key 'machin': found an unknown key, allowed are controller, controllers, diagnostics, "
-     "log and machine."},
+     ":1:2: key 'machin': found an unknown key, allowed are cim, controller, controllers, "
+     "diagnostics, log and machine."},
     {"UnknownKeyAtTheTop", "\nroot = \"/\"\n",
-     ":2:1: key 'root': found an unknown key, allowed are controller, controllers, diagnostics, "
-     "log and machine."},
+     ":2:1: key 'root': found an unknown key, allowed are cim, controller, controllers, "
+     "diagnostics, log and machine."},
     {"UnknownKeyInMachine", "[machine]\n  typ = \"7000\"\n",
      ":2:3: key 'machine.typ': found an unknown key, allowed are bios_id, "
      "bios_id_source, type and type_source."},
     {"UnknownKeyInDiagnostics", "[diagnostics]\nroots = \"/\"\n",
      ":2:1: key 'diagnostics.roots': found an unknown key, allowed are oem_build and root."},
+    {"UnknownKeyInCim", "[cim]\nderive = true\n",
+     ":2:1: key 'cim.derive': found an unknown key, allowed is derive_associations."},
+    {"DeriveAssociationsIsAString", "[cim]\nderive_associations = \"yes\"\n",
+     ":2:23: key 'cim.derive_associations': found a string, allowed is true or false."},
     {"UnknownKeyInControllers", "[controllers]\nocx = true\n",
      ":2:1: key 'controllers.ocx': found an unknown key, allowed are oxc and time_limit."},
     {"UnknownKeyInLog", "[log]\nfile = \"x\"\n",

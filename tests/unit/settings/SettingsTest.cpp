@@ -48,6 +48,7 @@ TEST_F(SettingsOf, NothingAtAll_AreTheDefaults) {
     EXPECT_EQ(settings.biosIdSource.file.value, "bios_version");
     EXPECT_EQ(settings.root.value, kReplacedRoot);
     EXPECT_FALSE(settings.oemBuild.value);
+    EXPECT_FALSE(settings.deriveAssociations.value);
     EXPECT_EQ(settings.oxc.value, OxcFamily(false));
     EXPECT_EQ(settings.timeLimit.value, 4);
     EXPECT_FALSE(settings.controllers.value.has_value());
@@ -97,6 +98,8 @@ oem_build = true
 [controllers]
 oxc = true
 time_limit = 60
+[cim]
+derive_associations = true
 [log]
 sink = "json:/var/log/bmci2c.json"
 level = 4
@@ -113,6 +116,7 @@ level = 4
     EXPECT_TRUE(settings.oemBuild.value);
     EXPECT_EQ(settings.oxc.value, OxcFamily(true));
     EXPECT_EQ(settings.timeLimit.value, 60);
+    EXPECT_TRUE(settings.deriveAssociations.value);
     EXPECT_EQ(settings.log.value, "json:/var/log/bmci2c.json");
     EXPECT_EQ(settings.logLevel.value, 4);
     for (const Origin origin :
@@ -120,8 +124,8 @@ level = 4
           settings.machineTypeSource.folder.origin, settings.machineTypeSource.file.origin,
           settings.machineTypeSource.pattern.origin, settings.machineTypeSource.replacement.origin,
           settings.biosIdSource.file.origin, settings.root.origin, settings.oemBuild.origin,
-          settings.oxc.origin, settings.timeLimit.origin, settings.log.origin,
-          settings.logLevel.origin})
+          settings.oxc.origin, settings.timeLimit.origin, settings.deriveAssociations.origin,
+          settings.log.origin, settings.logLevel.origin})
         EXPECT_EQ(origin, Origin::File);
     EXPECT_EQ(settings.controllers.origin, Origin::Default);
     EXPECT_EQ(settings.biosIdSource.folder.origin, Origin::Default);

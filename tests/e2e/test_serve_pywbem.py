@@ -291,6 +291,22 @@ def test_all_associations_of_the_service_are_found(pywbem, connection):
     }
 
 
+def test_module_that_derives_associations_itself_gives_the_same(pywbem, bmci2c, serve):
+    def associated():
+        with pywbem.WBEMConnection(serve().base_url, default_namespace=NAMESPACE) as connection:
+            run(pywbem, connection)
+            for source in (SERVICE, f"{PREFIX}ManagedSystemElement", JOB):
+                (path,) = connection.EnumerateInstanceNames(source)
+                for ask in (connection.AssociatorNames, connection.ReferenceNames):
+                    yield sorted(name.classname for name in ask(path))
+                yield sorted(found.path.classname for found in connection.Associators(path))
+
+    left_to_the_server = list(associated())
+    bmci2c.write("empty.toml", "[cim]\nderive_associations = true\n")
+    assert list(associated()) == left_to_the_server
+    assert len(left_to_the_server[0]) == 4
+
+
 def test_association_filters_choose(pywbem, connection):
     run(pywbem, connection)
     (path,) = connection.EnumerateInstanceNames(SERVICE)

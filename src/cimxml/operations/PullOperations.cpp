@@ -59,8 +59,6 @@ public:
                                 "This server ends an enumeration at its first error.");
     }
 
-    host::ObjectPath Source() const { return call.parameters.RequiredInstance("InstanceName"); }
-
     TakeInstance TakesInstances() {
         return [this](const host::Instance& instance, const Detail& detail,
                       const host::ClassInfo* exposed) {
@@ -93,6 +91,25 @@ private:
     EnumerationSessions::Content content;
 };
 
+// ask(take) asks for the objects that are enumerated.
+template <class Ask>
+void OpenInstances(const Call& call, const Ask& ask) {
+    Opening opening(call, Kind::Instances);
+    ask(opening.TakesInstances());
+    opening.WriteFirst();
+}
+
+template <class Ask>
+void OpenPaths(const Call& call, const Ask& ask) {
+    Opening opening(call, Kind::Paths);
+    ask(opening.TakesNames());
+    opening.WriteFirst();
+}
+
+host::ObjectPath Source(const Call& call) {
+    return call.parameters.RequiredInstance("InstanceName");
+}
+
 std::string Context(const Call& call) { return call.parameters.Text(kContext); }
 
 std::size_t RequiredCount(const Call& call) {
@@ -111,39 +128,29 @@ void Pull(const Call& call, Kind kind) {
 }  // namespace
 
 void OpenEnumerateInstances(const Call& call) {
-    Opening opening(call, Kind::Instances);
-    ForEachInstance(call, opening.TakesInstances());
-    opening.WriteFirst();
+    OpenInstances(call, [&](const TakeInstance& take) { ForEachInstance(call, take); });
 }
 
 void OpenEnumerateInstancePaths(const Call& call) {
-    Opening opening(call, Kind::Paths);
-    ForEachInstanceName(call, opening.TakesNames());
-    opening.WriteFirst();
+    OpenPaths(call, [&](const TakeName& take) { ForEachInstanceName(call, take); });
 }
 
 void OpenAssociatorInstances(const Call& call) {
-    Opening opening(call, Kind::Instances);
-    ForEachAssociator(call, opening.Source(), opening.TakesInstances());
-    opening.WriteFirst();
+    OpenInstances(call,
+                  [&](const TakeInstance& take) { ForEachAssociator(call, Source(call), take); });
 }
 
 void OpenAssociatorInstancePaths(const Call& call) {
-    Opening opening(call, Kind::Paths);
-    ForEachAssociatorName(call, opening.Source(), opening.TakesNames());
-    opening.WriteFirst();
+    OpenPaths(call, [&](const TakeName& take) { ForEachAssociatorName(call, Source(call), take); });
 }
 
 void OpenReferenceInstances(const Call& call) {
-    Opening opening(call, Kind::Instances);
-    ForEachReference(call, opening.Source(), opening.TakesInstances());
-    opening.WriteFirst();
+    OpenInstances(call,
+                  [&](const TakeInstance& take) { ForEachReference(call, Source(call), take); });
 }
 
 void OpenReferenceInstancePaths(const Call& call) {
-    Opening opening(call, Kind::Paths);
-    ForEachReferenceName(call, opening.Source(), opening.TakesNames());
-    opening.WriteFirst();
+    OpenPaths(call, [&](const TakeName& take) { ForEachReferenceName(call, Source(call), take); });
 }
 
 void PullInstancesWithPath(const Call& call) { Pull(call, Kind::Instances); }

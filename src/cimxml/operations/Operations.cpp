@@ -79,12 +79,15 @@ void Operations::AnswerIntrinsic(const Request& request, const std::string& host
     const NameSpace& nameSpace = NameSpaceOf(request);
     const Operation& operation = OperationNamed(request.method);
     const Parameters parameters(request, operation.parameters);
-    XmlWriter content;
     std::vector<host::NamedValue> out;
-    operation.carryOut({nameSpace, parameters, hostName, *sessions, content, out});
+    const auto carryOut = [&] {
+        operation.carryOut({nameSpace, parameters, hostName, *sessions, xml, out});
+    };
     if (operation.returnsValue) {
         const auto value = xml.Open("IRETURNVALUE");
-        xml.Raw(content.Take());
+        carryOut();
+    } else {
+        carryOut();
     }
     for (const host::NamedValue& one : out)
         WriteParameterValue(xml, "PARAMVALUE", &one.name, one.value);

@@ -1,11 +1,11 @@
 #include <cimxml/Server.h>
 #include <cimxml/access/Authenticator.h>
 #include <cimxml/http/CimHandler.h>
-#include <cimxml/http/HttpServer.h>
+#include <cimxml/load/Metrics.h>
+#include <cimxml/net/HttpServer.h>
 #include <cimxml/operations/InteropNameSpace.h>
 #include <cimxml/operations/Operations.h>
 
-#include <optional>
 #include <utility>
 
 namespace cimxml {
@@ -32,33 +32,51 @@ NameSpaces AllNameSpaces(const ServerOptions& options, host::Host& host) {
 }  // namespace
 
 struct Server::State {
-    State(const ServerOptions& theOptions, host::Host& host, LogLine log)
+    State(const ServerOptions& theOptions, host::Host& host, LogLine logLine)
         : options(theOptions),
+          log(std::move(logLine)),
           listener(options.listen),
           operations(AllNameSpaces(options, host)),
-          handler(operations, options.limits, MakeAuthenticator(), stop, std::move(log)),
-          http(listener, options.limits, MakeTls(), handler, stop) {
+          handler(operations, options.limits, log, MetricsText()),
+          http(listener, options.limits, ReadTls(), handler, metrics) {
+        handler.UseAuthenticator(ReadUsers());
         listener.Listen();
     }
 
-    const Authenticator* MakeAuthenticator() {
-        CheckProtection(options, listener);
-        if (options.passwordFile.empty()) return nullptr;
-        return &authenticator.emplace(ReadPasswordFile(options.passwordFile));
+    std::function<std::string()> MetricsText() {
+        if (!options.metrics) return {};
+        return [this] {
+            return metrics.Text(options.version, options.logLinesLost ? options.logLinesLost() : 0);
+        };
     }
 
-    const TlsContext* MakeTls() {
-        if (options.key.empty()) return nullptr;
-        return &tls.emplace(options.certificate, options.key);
+    TlsContext ReadTls() const {
+        CheckProtection(options, listener);
+        return options.key.empty() ? nullptr : ReadTlsFiles(options.certificate, options.key);
+    }
+
+    std::shared_ptr<const Authenticator> ReadUsers() const {
+        if (options.passwordFile.empty()) return nullptr;
+        return std::make_shared<Authenticator>(ReadPasswordFile(options.passwordFile));
+    }
+
+    // Reads and uses something anew, or says why the old one stays.
+    template <class Use>
+    void Renew(const std::string& what, const Use& use) const {
+        try {
+            use();
+            log("The " + what + " been read again.");
+        } catch (const SetupError& error) {
+            log(std::string(error.what()) + " The old one stays in use.");
+        }
     }
 
     const ServerOptions options;
+    const LogLine log;
+    Metrics metrics;
     Listener listener;
-    StopSignal stop;
-    std::optional<Authenticator> authenticator;
-    std::optional<TlsContext> tls;
     const Operations operations;
-    const CimHandler handler;
+    CimHandler handler;
     HttpServer http;
 };
 
@@ -66,14 +84,24 @@ Server::Server(const ServerOptions& options, host::Host& host,
                std::function<void(const std::string&)> log)
     : state(std::make_unique<State>(options, host, std::move(log))) {}
 
-Server::~Server() { state->stop.Set(); }
+Server::~Server() = default;
 
 std::string Server::Url() const {
-    return (state->tls ? "https://" : "http://") + state->listener.Address() + "/cimom";
+    return (state->options.key.empty() ? "http://" : "https://") + state->listener.Address() +
+           "/cimom";
 }
 
 void Server::Run() { state->http.Run(); }
 
-void Server::Stop() { state->stop.Set(); }
+void Server::Stop() { state->http.Stop(); }
+
+void Server::Reload() {
+    State& server = *state;
+    if (!server.options.key.empty())
+        server.Renew("certificate has", [&] { server.http.UseTls(server.ReadTls()); });
+    if (!server.options.passwordFile.empty())
+        server.Renew("password file has",
+                     [&] { server.handler.UseAuthenticator(server.ReadUsers()); });
+}
 
 }  // namespace cimxml

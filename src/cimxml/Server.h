@@ -6,9 +6,10 @@
 #pragma once
 
 #include <cimxml/SetupError.h>
-#include <cimxml/http/Limits.h>
+#include <cimxml/net/Limits.h>
 #include <host/Host.h>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -22,7 +23,9 @@ struct ServerOptions {
     std::string passwordFile = {};  // empty: everybody may send requests
     std::string interopSchema = {};
     std::string version = {};  // what the object manager says that it is
+    bool metrics = false;      // answer GET /metrics
     Limits limits = {};
+    std::function<std::uint64_t()> logLinesLost = {};  // for the metrics
 };
 
 class Server {
@@ -45,6 +48,10 @@ public:
     // Answers requests until Stop() is called, from whichever thread.
     void Run();
     void Stop();
+
+    // Reads certificate, key and password file anew, for the connections and requests that follow.
+    // What cannot be used stays as it was; both is logged.
+    void Reload();
 
 private:
     struct State;

@@ -5,9 +5,11 @@
 
 namespace cli {
 
+std::string ErrorLine(const std::string& message) { return "bmci2c: " + Printable(message) + "\n"; }
+
 void PrintError(const std::string& message) {
     // In one piece: other threads write there, too.
-    std::cerr << "bmci2c: " + Printable(message) + "\n";
+    std::cerr << ErrorLine(message);
 }
 
 }  // namespace cli

@@ -22,11 +22,6 @@ platform::Variables VariablesOf(const GlobalOptions& options) {
     return variables;
 }
 
-void ReportError(const host::Message& message) {
-    if (message.kind != host::Message::Kind::Log || message.level != CMPI_SEV_ERROR) return;
-    PrintError(message.component + ": " + message.text);
-}
-
 }  // namespace
 
 Session OpenSession(const GlobalOptions& options) {
@@ -48,13 +43,18 @@ Session OpenSession(const GlobalOptions& options) {
     return session;
 }
 
-std::unique_ptr<host::Host> LoadHost(const Session& session) {
+std::unique_ptr<host::Host> LoadHost(const Session& session,
+                                     std::function<void(const std::string&)> print) {
     for (const auto& [name, value] : session.variables) ::setenv(name.c_str(), value.c_str(), 1);
     // A module elsewhere has a default of its own; it is to read the catalog that this program
     // reads.
     if (session.settings.root.origin == Origin::Default)
         ::setenv("BMCI2C_ROOT", session.settings.root.value.c_str(), 1);
-    return std::make_unique<host::Host>(session.files, ReportError);
+    const auto printErrors = [print = std::move(print)](const host::Message& message) {
+        if (message.kind == host::Message::Kind::Log && message.level == CMPI_SEV_ERROR)
+            print(message.component + ": " + message.text);
+    };
+    return std::make_unique<host::Host>(session.files, printErrors);
 }
 
 }  // namespace cli

@@ -1,11 +1,13 @@
 // What a command works with: the files of this installation and the settings in force.
 #pragma once
 
+#include <cli/ErrorOutput.h>
 #include <cli/Installation.h>
 #include <cli/Terminal.h>
 #include <host/Host.h>
 #include <platform/settings/Settings.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -41,8 +43,9 @@ struct Session {
 Session OpenSession(const GlobalOptions& options);
 
 // Loads the module, and sets the session's variables in the environment before, where the module
-// finds them as in any other program. What its providers report as errors goes to the standard
-// error output. Throws host::LoadError.
-std::unique_ptr<host::Host> LoadHost(const Session& session);
+// finds them as in any other program. What its providers report as errors is printed. Throws
+// host::LoadError.
+std::unique_ptr<host::Host> LoadHost(const Session& session,
+                                     std::function<void(const std::string&)> print = PrintError);
 
 }  // namespace cli

@@ -4,7 +4,9 @@
 // Arguments by operation; arg0 is the provider object where nothing else is said:
 //
 //     get meta class        arg0 slot for the const Meta_Class*
-//     create provider       arg0 slot for the provider
+//     create provider       arg0 slot for the provider, arg1 null or a bool that becomes true when
+//     the
+//                           provider has no data members, so that requests may use it in parallel
 //     destroy provider      null is allowed and does nothing
 //     get instance          arg1 model, arg2 slot for the instance
 //     enum instances        arg1 model, arg2 callback, arg3 client data
@@ -33,6 +35,7 @@
 
 #include <cstring>
 #include <optional>
+#include <type_traits>
 
 namespace cimple {
 
@@ -187,6 +190,7 @@ int dispatch(const Registration* /*registration*/, int operation, void* arg0, vo
             return STATUS_OK;
         case OPERATION_CREATE_PROVIDER:
             dispatching::write_slot(arg0, new Provider);
+            if (arg1 != nullptr) *static_cast<bool*>(arg1) = std::is_empty_v<Provider>;
             return STATUS_OK;
         case OPERATION_DESTROY_PROVIDER:
             delete static_cast<Provider*>(arg0);

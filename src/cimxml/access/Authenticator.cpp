@@ -1,4 +1,5 @@
 #include <cimxml/access/Authenticator.h>
+#include <cimxml/access/Quoted.h>
 #include <mof/Names.h>
 #include <openssl/crypto.h>
 #include <openssl/evp.h>
@@ -18,21 +19,14 @@ std::string Decoded(std::string_view authorization) {
         !mof::SameName(authorization.substr(0, kScheme.size()), kScheme))
         return {};
     authorization.remove_prefix(kScheme.size());
+    const auto padding = authorization.size() - (authorization.find_last_not_of('=') + 1);
     std::string decoded(authorization.size(), '\0');
     const int size = EVP_DecodeBlock(reinterpret_cast<unsigned char*>(decoded.data()),
                                      reinterpret_cast<const unsigned char*>(authorization.data()),
                                      static_cast<int>(authorization.size()));
-    if (size < 0) return {};
-    decoded.resize(static_cast<std::size_t>(size));
-    // Padding is decoded to NULs, which crypt() would end the password at.
-    return decoded.substr(0, decoded.find('\0'));
-}
-
-// The name without characters that could forge a line of a log.
-std::string Readable(std::string name) {
-    for (char& letter : name)
-        if (static_cast<unsigned char>(letter) < ' ' || letter == '\x7F') letter = '?';
-    return name;
+    if (size < 0 || padding > 2 || static_cast<std::size_t>(size) < padding) return {};
+    decoded.resize(static_cast<std::size_t>(size) - padding);
+    return decoded;
 }
 
 }  // namespace
@@ -48,6 +42,8 @@ Authenticator::Verdict Authenticator::Judge(const std::string& authorization) co
     const auto colon = credentials.find(':');
     const std::string name = credentials.substr(0, colon);
     const std::string password = colon == std::string::npos ? "" : credentials.substr(colon + 1);
+    // crypt() ends a password at NUL: what stands before it would do.
+    const bool isWhole = password.find('\0') == std::string::npos;
     // For a stranger the first user's hash is worked out, and the result is not used.
     const User* judged = &users.front();
     bool isKnown = false;
@@ -57,7 +53,7 @@ Authenticator::Verdict Authenticator::Judge(const std::string& authorization) co
         isKnown = isKnown || isIt;
     }
     const bool isRight = IsSame(HashLike(password, judged->hash), judged->hash);
-    return {isKnown && isRight, Readable(name)};
+    return {isKnown && isRight && isWhole, Quoted(name)};
 }
 
 }  // namespace cimxml

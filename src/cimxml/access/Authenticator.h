@@ -16,7 +16,7 @@ public:
 
     struct Verdict {
         bool isGranted;
-        std::string user;  // who the client says that it is, for people to read
+        std::string user;  // who the client says that it is, quoted for the log
     };
 
     // Judges an Authorization header. A stranger's takes as long as that of a user with a wrong

@@ -1,5 +1,6 @@
 #include <cimxml/codec/ProtocolError.h>
 #include <cimxml/codec/RequestReader.h>
+#include <cimxml/codec/XmlWriter.h>
 #include <cimxml/http/CimHandler.h>
 #include <cimxml/http/CimHeaders.h>
 #include <mof/Names.h>
@@ -12,16 +13,15 @@ namespace cimxml {
 namespace {
 
 constexpr const char* kPath = "/cimom";
+constexpr const char* kMetricsPath = "/metrics";
+constexpr const char* kHealthPath = "/healthz";
+constexpr const char* kRunMethod = "RunDiagnostic";
+constexpr const char* kRunUnderWay = "RunDiagnostic was not started: a run is under way.";
+constexpr int kFailed = 1;  // CIM_ERR_FAILED
 
 HttpResponse ProtocolResponse(const ProtocolError& error) {
     HttpResponse response = TextResponse(error.httpStatus, error.what());
     response.headers.emplace_back("CIMError", error.cimError);
-    return response;
-}
-
-HttpResponse Unauthorized() {
-    HttpResponse response = TextResponse(401, "This server wants a user name and password.");
-    response.headers.emplace_back("WWW-Authenticate", "Basic realm=\"bmci2c\", charset=\"UTF-8\"");
     return response;
 }
 
@@ -45,6 +45,16 @@ bool IsUtf8(const std::string& contentType) {
            folded.find("utf-8") != std::string::npos;
 }
 
+bool Reads(const HttpRequest& head, std::string_view path) {
+    return PathOf(head.target) == path && (head.method == "GET" || head.method == "HEAD");
+}
+
+HttpResponse MetricsResponse(std::string text) {
+    return {200,
+            {{"Content-Type", "application/openmetrics-text; version=1.0.0; charset=utf-8"}},
+            std::move(text)};
+}
+
 std::optional<HttpResponse> RefuseForm(const HttpRequest& head) {
     if (PathOf(head.target) != kPath)
         return TextResponse(404, "This server answers at " + std::string(kPath) + " only.");
@@ -66,6 +76,22 @@ std::optional<HttpResponse> RefuseForm(const HttpRequest& head) {
     return std::nullopt;
 }
 
+std::string RunUnderWayDocument(const Request& request) {
+    XmlWriter xml;
+    xml.Raw("<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n");
+    {
+        const auto cim = xml.Open("CIM", {{"CIMVERSION", "2.0"}, {"DTDVERSION", "2.0"}});
+        const auto message =
+            xml.Open("MESSAGE", {{"ID", request.messageId}, {"PROTOCOLVERSION", "1.0"}});
+        const auto response = xml.Open("SIMPLERSP");
+        const auto call = xml.Open(request.isIntrinsic ? "IMETHODRESPONSE" : "METHODRESPONSE",
+                                   {{"NAME", request.method}});
+        xml.EmptyElement("ERROR",
+                         {{"CODE", std::to_string(kFailed)}, {"DESCRIPTION", kRunUnderWay}});
+    }
+    return xml.Take();
+}
+
 HttpResponse CimResponse(const CimHeaders& headers, std::string document) {
     const std::string& number = headers.Number();
     const std::string prefix = number.empty() ? "" : number + "-";
@@ -83,35 +109,58 @@ HttpResponse CimResponse(const CimHeaders& headers, std::string document) {
 
 }  // namespace
 
-CimHandler::CimHandler(const Operations& itsOperations, const Limits& itsLimits,
-                       const Authenticator* itsAuthenticator, const StopSignal& stopSignal,
-                       LogLine logLine)
+CimHandler::CimHandler(const Operations& itsOperations, const Limits& itsLimits, LogLine logLine,
+                       std::function<std::string()> metricsText)
     : operations(itsOperations),
       limits(itsLimits),
-      authenticator(itsAuthenticator),
-      stop(stopSignal),
-      log(std::move(logLine)) {}
+      log(std::move(logLine)),
+      metrics(std::move(metricsText)) {}
 
-bool CimHandler::IsAllowed(const HttpRequest& head, Client& client) const {
-    if (!authenticator) return true;
+void CimHandler::UseAuthenticator(std::shared_ptr<const Authenticator> newOne) {
+    const std::lock_guard lock(mutex);
+    authenticator = std::move(newOne);
+}
+
+std::shared_ptr<const Authenticator> CimHandler::CurrentAuthenticator() const {
+    const std::lock_guard lock(mutex);
+    return authenticator;
+}
+
+HttpHandler::Access CimHandler::AccessOf(const HttpRequest& head, const Client& client) const {
+    const auto current = CurrentAuthenticator();
+    // Whoever watches over the server is told no more than that it answers.
+    if (!current || Reads(head, kHealthPath)) return Access::Granted;
     const std::string* const authorization = head.Header("Authorization");
-    if (!authorization) return false;
+    if (!authorization) return Access::Refused;
     // Hashing is slow on purpose; a connection that stays is judged once.
-    if (!client.grantedCredentials.empty() &&
+    if (client.grantedBy == current &&
         Authenticator::IsSame(*authorization, client.grantedCredentials))
-        return true;
-    const Authenticator::Verdict verdict = authenticator->Judge(*authorization);
+        return Access::Granted;
+    return Access::MustBeJudged;
+}
+
+bool CimHandler::Judge(const HttpRequest& head, Client& client) const {
+    const auto current = CurrentAuthenticator();
+    const std::string authorization = *head.Header("Authorization");
+    const Authenticator::Verdict verdict = current->Judge(authorization);
     if (verdict.isGranted) {
-        client.grantedCredentials = *authorization;
+        client.grantedCredentials = authorization;
+        client.grantedBy = current;
         return true;
     }
-    log("The user '" + verdict.user + "' at " + client.address + " gave a wrong password.");
-    stop.Sleep(limits.failurePause);
+    log("The user " + verdict.user + " at " + client.address + " gave a wrong password.");
     return false;
 }
 
-std::optional<HttpResponse> CimHandler::Refuse(const HttpRequest& head, Client& client) const {
-    if (!IsAllowed(head, client)) return Unauthorized();
+HttpResponse CimHandler::Unauthorized() const {
+    HttpResponse response = TextResponse(401, "This server wants a user name and password.");
+    response.headers.emplace_back("WWW-Authenticate", "Basic realm=\"bmci2c\", charset=\"UTF-8\"");
+    return response;
+}
+
+std::optional<HttpResponse> CimHandler::AnswerHead(const HttpRequest& head) const {
+    if (Reads(head, kHealthPath)) return TextResponse(200, "ok");
+    if (metrics && Reads(head, kMetricsPath)) return MetricsResponse(metrics());
     if (auto refusal = RefuseForm(head)) return refusal;
     try {
         CimHeaders(head).CheckOperation();
@@ -121,19 +170,36 @@ std::optional<HttpResponse> CimHandler::Refuse(const HttpRequest& head, Client& 
     }
 }
 
-HttpResponse CimHandler::Answer(const HttpRequest& request) const {
+bool CimHandler::IsRun(const HttpRequest& request) const {
+    // Headers and document name the same method, or the request is refused.
+    return CimHeaders(request).NameMethod(kRunMethod);
+}
+
+// The answer whose document `make` makes of the CIM request.
+template <class MakeDocument>
+HttpResponse CimHandler::AnswerWith(const HttpRequest& request, const MakeDocument& make) const {
     try {
         const CimHeaders headers(request);
         const Request cimRequest = ReadRequest(request.body, limits.maxDepth);
         headers.CheckAgainst(cimRequest);
-        const std::string* const hostName = request.Header("Host");
-        return CimResponse(headers, operations.Answer(cimRequest, hostName ? *hostName : ""));
+        return CimResponse(headers, make(cimRequest));
     } catch (const ProtocolError& error) {
         return ProtocolResponse(error);
     } catch (const std::exception& error) {
         log(std::string("A request could not be answered: ") + error.what());
         return TextResponse(500, "The request could not be answered.");
     }
+}
+
+HttpResponse CimHandler::Answer(const HttpRequest& request) const {
+    const std::string* const hostName = request.Header("Host");
+    return AnswerWith(request, [&](const Request& cimRequest) {
+        return operations.Answer(cimRequest, hostName ? *hostName : "");
+    });
+}
+
+HttpResponse CimHandler::RefuseRun(const HttpRequest& request) const {
+    return AnswerWith(request, RunUnderWayDocument);
 }
 
 }  // namespace cimxml

@@ -2,12 +2,13 @@
 #pragma once
 
 #include <cimxml/access/Authenticator.h>
-#include <cimxml/http/HttpHandler.h>
-#include <cimxml/http/Limits.h>
-#include <cimxml/http/StopSignal.h>
+#include <cimxml/net/HttpHandler.h>
+#include <cimxml/net/Limits.h>
 #include <cimxml/operations/Operations.h>
 
 #include <functional>
+#include <memory>
+#include <mutex>
 #include <string>
 
 namespace cimxml {
@@ -17,22 +18,32 @@ using LogLine = std::function<void(const std::string&)>;
 
 class CimHandler : public HttpHandler {
 public:
-    // `authenticator`: null when everybody may send requests. All must outlive this.
-    CimHandler(const Operations& itsOperations, const Limits& itsLimits,
-               const Authenticator* itsAuthenticator, const StopSignal& stopSignal,
-               LogLine logLine);
+    // `metricsText` makes the page of /metrics; empty: there is none. All must outlive this.
+    CimHandler(const Operations& itsOperations, const Limits& itsLimits, LogLine logLine,
+               std::function<std::string()> metricsText = {});
 
-    std::optional<HttpResponse> Refuse(const HttpRequest& head, Client& client) const override;
+    // Who may send requests; null: everybody may. From any thread.
+    void UseAuthenticator(std::shared_ptr<const Authenticator> newOne);
+
+    Access AccessOf(const HttpRequest& head, const Client& client) const override;
+    bool Judge(const HttpRequest& head, Client& client) const override;
+    HttpResponse Unauthorized() const override;
+    std::optional<HttpResponse> AnswerHead(const HttpRequest& head) const override;
+    bool IsRun(const HttpRequest& request) const override;
     HttpResponse Answer(const HttpRequest& request) const override;
+    HttpResponse RefuseRun(const HttpRequest& request) const override;
 
 private:
-    bool IsAllowed(const HttpRequest& head, Client& client) const;
+    template <class MakeDocument>
+    HttpResponse AnswerWith(const HttpRequest& request, const MakeDocument& make) const;
+    std::shared_ptr<const Authenticator> CurrentAuthenticator() const;
 
     const Operations& operations;
     const Limits& limits;
-    const Authenticator* const authenticator;
-    const StopSignal& stop;
     const LogLine log;
+    const std::function<std::string()> metrics;
+    mutable std::mutex mutex;  // guards the pointer, not what it points to
+    std::shared_ptr<const Authenticator> authenticator;
 };
 
 }  // namespace cimxml

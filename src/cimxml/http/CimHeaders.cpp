@@ -90,12 +90,17 @@ void CimHeaders::CheckOperation() const {
             "This server does not support the CIMProtocolVersion '" + *version + "'.");
 }
 
+bool CimHeaders::NameMethod(const std::string& method) const {
+    const std::string* const named = Find("CIMMethod");
+    return named && mof::SameName(Unescaped(*named), method);
+}
+
 void CimHeaders::CheckAgainst(const Request& request) const {
     const std::string* const method = Find("CIMMethod");
     const std::string* const object = Find("CIMObject");
     if (!method || !object)
         FailMismatch("The request lacks the header 'CIMMethod' or 'CIMObject'.");
-    if (!mof::SameName(Unescaped(*method), request.method))
+    if (!NameMethod(request.method))
         FailMismatch("The header 'CIMMethod' names the method '" + *method + "', the document '" +
                      request.method + "'.");
     if (!mof::SameName(ObjectWithoutKeys(*object), ExpectedObject(request)))

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cimxml/codec/Request.h>
-#include <cimxml/http/HttpMessage.h>
+#include <cimxml/net/HttpMessage.h>
 
 #include <optional>
 #include <string>
@@ -24,6 +24,9 @@ public:
 
     // Throws ProtocolError when the headers do not say that this is a call of a method.
     void CheckOperation() const;
+
+    // True when the CIMMethod header names the method.
+    bool NameMethod(const std::string& method) const;
 
     // Throws ProtocolError when the headers and the document do not speak of the same method and
     // object. The keys of an instance are for the document to say.

@@ -35,7 +35,7 @@ int Provider::call(Operation operation, const Untyped_Arguments& arguments) {
 void Provider::load() {
     if (object != nullptr) return;
     void* created = nullptr;
-    check_status(registration.proc(&registration, OPERATION_CREATE_PROVIDER, &created, nullptr,
+    check_status(registration.proc(&registration, OPERATION_CREATE_PROVIDER, &created, &stateless,
                                    nullptr, nullptr, nullptr, nullptr, nullptr, nullptr));
     object.reset(created);
     try {
@@ -76,8 +76,10 @@ Provider_State::Provider_State(const Registration& registration, const char* pro
 
 CMPIStatus Provider_State::clean_up(const CMPIContext* context, bool terminating) noexcept {
     if (!terminating) return {CMPI_RC_NEVER_UNLOAD, nullptr};
-    return with_provider(context, {name, "cleanup"},
-                         [this](const CMPIBroker&) { provider.unload(); });
+    return in_scope(context, {name, "cleanup"}, [this](const CMPIBroker&) {
+        const std::unique_lock alone(lock);
+        provider.unload();
+    });
 }
 
 }  // namespace cimple

@@ -9,6 +9,7 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <shared_mutex>
 
 namespace cimple {
 
@@ -21,6 +22,12 @@ public:
     // Creates and loads the provider object unless it exists. When loading fails the object is
     // destroyed again, so that the next request tries anew.
     void load();
+
+    bool is_loaded() const { return object != nullptr; }
+
+    // True when the loaded object has no data members: what its requests share has locks of its
+    // own.
+    bool is_stateless() const { return stateless; }
 
     // Unloads and destroys the provider object if it exists, also when unloading fails.
     void unload();
@@ -55,6 +62,7 @@ private:
 
     const Registration& registration;
     Object object{nullptr, Destroy{&registration}};
+    bool stateless = false;
 };
 
 class Provider_State {
@@ -65,15 +73,23 @@ public:
 
     Provider_State(const Registration& registration, const char* providerName);
 
-    // Runs the body as a request: alone on the loaded provider, with broker and context as the
-    // thread's current ones. The body gets the provider and the broker. `method` is set for a
-    // method call.
+    // Runs the body as a request on the loaded provider, with broker and context as the thread's
+    // current ones. The body gets the provider and the broker. A provider with data members handles
+    // one request at a time. `method` is set for a method call.
     template <class Body>
     CMPIStatus handle(const CMPIContext* context, const char* operation, Body body,
                       const char* method = "") noexcept {
-        return with_provider(context, {name, operation, method}, [&](const CMPIBroker& server) {
-            provider.load();
-            body(provider, server);
+        return in_scope(context, {name, operation, method}, [&](const CMPIBroker& server) {
+            for (;;) {
+                {
+                    const std::shared_lock together(lock);
+                    if (provider.is_loaded() && provider.is_stateless())
+                        return body(provider, server);
+                }
+                const std::unique_lock alone(lock);
+                provider.load();
+                if (!provider.is_stateless()) return body(provider, server);
+            }
         });
     }
 
@@ -92,12 +108,11 @@ public:
 
 private:
     template <class Body>
-    CMPIStatus with_provider(const CMPIContext* context, const Operation_Name& operation,
-                             Body body) noexcept {
+    CMPIStatus in_scope(const CMPIContext* context, const Operation_Name& operation,
+                        Body body) noexcept {
         const CMPIBroker* const currentBroker = broker;
         return guarded(currentBroker, operation, [&] {
             const Request_Scope scope(this, currentBroker, context);
-            const std::lock_guard guard(lock);
             body(*currentBroker);
         });
     }
@@ -105,7 +120,9 @@ private:
     const char* const name;
     const Meta_Class& metaClass;
     std::atomic<const CMPIBroker*> broker = nullptr;
-    std::mutex lock;  // guards `provider` and lets one request at a time use it
+    // Guards `provider`: requests of a loaded, stateless provider share it, everything else is
+    // alone.
+    std::shared_mutex lock;
     Provider provider;
     const CMPIInstanceMIFT instanceTable;
     const CMPIMethodMIFT methodTable;

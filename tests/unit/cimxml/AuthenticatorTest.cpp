@@ -19,7 +19,7 @@ protected:
 TEST_F(AuthenticatorTest, RightPassword_IsGranted) {
     EXPECT_TRUE(IsGranted("Basic YW5uOnNlc2FtZQ=="));  // ann:sesame
     EXPECT_TRUE(IsGranted("basic Ym9iOm9wZW46dXA="));  // bob:open:up
-    EXPECT_EQ(authenticator.Judge("Basic YW5uOnNlc2FtZQ==").user, "ann");
+    EXPECT_EQ(authenticator.Judge("Basic YW5uOnNlc2FtZQ==").user, "'ann'");
 }
 
 TEST_F(AuthenticatorTest, WrongPassword_IsRefused) {
@@ -32,7 +32,7 @@ TEST_F(AuthenticatorTest, WrongPassword_IsRefused) {
 TEST_F(AuthenticatorTest, Stranger_IsRefusedEvenWithAUsersPassword) {
     const auto verdict = authenticator.Judge("Basic ZXZlOnNlc2FtZQ==");  // eve:sesame
     EXPECT_FALSE(verdict.isGranted);
-    EXPECT_EQ(verdict.user, "eve");
+    EXPECT_EQ(verdict.user, "'eve'");
 }
 
 TEST_F(AuthenticatorTest, WhatIsNotBasic_IsRefused) {
@@ -43,8 +43,16 @@ TEST_F(AuthenticatorTest, WhatIsNotBasic_IsRefused) {
     EXPECT_FALSE(IsGranted("Basic " + std::string(2000, 'A')));
 }
 
-TEST_F(AuthenticatorTest, ControlCharactersOfAName_AreNotLogged) {
-    EXPECT_EQ(authenticator.Judge("Basic YQpiOng=").user, "a?b");  // a, line break, b:x
+TEST_F(AuthenticatorTest, NameThatCouldForgeALogLine_IsEscaped) {
+    EXPECT_EQ(authenticator.Judge("Basic YQpiOng=").user, "'a\\x0ab'");    // a, line break, b:x
+    EXPECT_EQ(authenticator.Judge("Basic YSdcYjp4").user, "'a\\'\\\\b'");  // a'\b:x
+    EXPECT_EQ(authenticator.Judge("Basic /w==").user, "'\\xff'");
+}
+
+TEST_F(AuthenticatorTest, PasswordWithNul_IsRefused) {
+    EXPECT_FALSE(IsGranted("Basic YW5uOnNlc2FtZQA="));   // ann:sesame, NUL
+    EXPECT_FALSE(IsGranted("Basic YW5uOnNlc2FtZQB4"));   // ann:sesame, NUL, x
+    EXPECT_FALSE(IsGranted("Basic YW5uOnNlc2FtZQ==="));  // too much padding
 }
 
 TEST_F(AuthenticatorTest, Sameness_IsExact) {

@@ -2,68 +2,93 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <future>
-
 #include "QuickHash.h"
 
 namespace cimxml {
 namespace {
-
-using std::chrono_literals::operator""h;
-using std::chrono_literals::operator""ms;
 
 constexpr const char* kRight = "Basic YW5uOnNlc2FtZQ==";  // ann:sesame
 constexpr const char* kWrong = "Basic YW5uOlNlc2FtZQ==";  // ann:Sesame
 
 class CimHandlerTest : public testing::Test {
 protected:
-    static HttpRequest Head(const std::string& authorization) {
+    using Access = HttpHandler::Access;
+
+    CimHandlerTest() { handler.UseAuthenticator(Users("sesame")); }
+
+    static std::shared_ptr<const Authenticator> Users(const std::string& password) {
+        return std::make_shared<Authenticator>(
+            std::vector<User>{{"ann", HashLike(password, kQuickHash)}});
+    }
+
+    static HttpRequest Head(const std::string& authorization, const std::string& method = "POST",
+                            const std::string& target = "/cimom") {
         Headers headers = {
             {"Host", "h"}, {"Content-Type", "application/xml"}, {"CIMOperation", "MethodCall"}};
         if (!authorization.empty()) headers.emplace_back("Authorization", authorization);
-        return {"POST", "/cimom", false, headers, ""};
+        return {method, target, false, headers, ""};
     }
 
-    // The status of the refusal; 0 when the request may go on.
-    int Refusal(const std::string& authorization) {
-        const auto refusal = handler.Refuse(Head(authorization), client);
-        return refusal ? refusal->status : 0;
+    Access AccessOf(const std::string& authorization) {
+        return handler.AccessOf(Head(authorization), client);
     }
 
-    const Limits limits{.failurePause = 1h};  // which no test waits for
+    const Limits limits;
     const Operations operations{NameSpaces()};
-    const Authenticator authenticator{{{"ann", HashLike("sesame", kQuickHash)}}};
-    StopSignal stop;
-    std::promise<std::string> logged;
-    const CimHandler handler{operations, limits, &authenticator, stop,
-                             [this](const std::string& line) { logged.set_value(line); }};
-    Client client{"192.0.2.1:40000", ""};
+    std::vector<std::string> logged;
+    CimHandler handler{operations, limits,
+                       [this](const std::string& line) { logged.push_back(line); },
+                       [] { return std::string("numbers\n# EOF\n"); }};
+    Client client{"192.0.2.1:40000", "", nullptr};
 };
 
-TEST_F(CimHandlerTest, RightPassword_LetsTheRequestGoOn) {
-    EXPECT_EQ(Refusal(kRight), 0);
-    EXPECT_EQ(client.grantedCredentials, kRight);
-    EXPECT_EQ(Refusal(kRight), 0);
+TEST_F(CimHandlerTest, RightPassword_IsJudgedOnce) {
+    EXPECT_EQ(AccessOf(kRight), Access::MustBeJudged);
+    EXPECT_TRUE(handler.Judge(Head(kRight), client));
+    EXPECT_EQ(AccessOf(kRight), Access::Granted);
+    EXPECT_EQ(AccessOf(kWrong), Access::MustBeJudged);
+    EXPECT_EQ(AccessOf(""), Access::Refused);
+    EXPECT_THAT(logged, testing::IsEmpty());
 }
 
-TEST_F(CimHandlerTest, NoPassword_IsAskedForAtOnce) {
-    EXPECT_EQ(Refusal(kRight), 0);
-    EXPECT_EQ(Refusal(""), 401);
+TEST_F(CimHandlerTest, NewUsers_AreAskedAnew) {
+    EXPECT_TRUE(handler.Judge(Head(kRight), client));
+    handler.UseAuthenticator(Users("other"));
+    EXPECT_EQ(AccessOf(kRight), Access::MustBeJudged);
+    EXPECT_FALSE(handler.Judge(Head(kRight), client));
 }
 
-TEST_F(CimHandlerTest, WrongPassword_IsLoggedAndAnsweredAfterAPause) {
-    EXPECT_EQ(Refusal(kRight), 0);
-    auto refusal = std::async(std::launch::async, [&] { return Refusal(kWrong); });
-    EXPECT_EQ(logged.get_future().get(),
-              "The user 'ann' at 192.0.2.1:40000 gave a wrong password.");
-    EXPECT_EQ(refusal.wait_for(100ms), std::future_status::timeout);
-    stop.Set();
-    EXPECT_EQ(refusal.get(), 401);
+TEST_F(CimHandlerTest, WrongPassword_IsLogged) {
+    EXPECT_FALSE(handler.Judge(Head(kWrong), client));
+    EXPECT_THAT(logged,
+                testing::ElementsAre("The user 'ann' at 192.0.2.1:40000 gave a wrong password."));
 }
 
 TEST_F(CimHandlerTest, ServerThatIsOpenToAll_AsksForNoPassword) {
-    const CimHandler open(operations, limits, nullptr, stop, {});
-    EXPECT_FALSE(open.Refuse(Head(""), client));
+    handler.UseAuthenticator(nullptr);
+    EXPECT_EQ(AccessOf(""), Access::Granted);
+}
+
+TEST_F(CimHandlerTest, Health_IsToldToEverybody) {
+    EXPECT_EQ(handler.AccessOf(Head("", "GET", "/healthz"), client), Access::Granted);
+    EXPECT_EQ(handler.AnswerHead(Head("", "GET", "/healthz"))->body, "ok\n");
+    EXPECT_EQ(handler.AnswerHead(Head("", "POST", "/healthz"))->status, 404);
+}
+
+TEST_F(CimHandlerTest, Metrics_AreForUsers) {
+    EXPECT_EQ(handler.AccessOf(Head("", "GET", "/metrics"), client), Access::Refused);
+    EXPECT_EQ(handler.AnswerHead(Head(kRight, "GET", "/metrics"))->body, "numbers\n# EOF\n");
+    const CimHandler without(operations, limits, {});
+    EXPECT_EQ(without.AnswerHead(Head(kRight, "GET", "/metrics"))->status, 404);
+}
+
+TEST_F(CimHandlerTest, Run_IsToldByItsHeader) {
+    HttpRequest head = Head(kRight);
+    EXPECT_FALSE(handler.IsRun(head));
+    head.headers.emplace_back("CIMMethod", "Run%44iagnostic");
+    EXPECT_TRUE(handler.IsRun(head));
+    head.headers.back().second = "GetClass";
+    EXPECT_FALSE(handler.IsRun(head));
 }
 
 }  // namespace

@@ -3,14 +3,15 @@
 #include <cimxml/codec/ProtocolError.h>
 #include <cimxml/codec/RequestReader.h>
 #include <cimxml/http/CimHandler.h>
-#include <cimxml/http/Connection.h>
-#include <sys/socket.h>
+#include <cimxml/net/HttpServer.h>
 
 #include <array>
+#include <mutex>
 #include <random>
+#include <thread>
 
 #include "OperationsFixture.h"
-#include "ScriptedStream.h"
+#include "Peer.h"
 
 namespace cimxml {
 namespace {
@@ -146,32 +147,36 @@ std::string Post(const Example& example) {
            example.document;
 }
 
-// A socket whose other end is closed.
-Descriptor HungUpSocket() {
-    int ends[2] = {-1, -1};
-    EXPECT_EQ(::socketpair(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK, 0, ends), 0);
-    const Descriptor closed(ends[1]);
-    return Descriptor(ends[0]);
-}
-
 class DamagedRequestsTest : public OperationsTest {
 protected:
-    // What a client gets that sends the bytes and waits for no answer.
-    std::string AnswerTo(const std::string& bytes) {
-        ScriptedStream stream(bytes, 4096, HungUpSocket());
-        const CimHandler handler(operations, limits, nullptr, stop,
-                                 [this](const std::string& line) { log.push_back(line); });
-        try {
-            ServeConnection(stream, limits, handler, stop, {});
-        } catch (const ConnectionLost&) {
-            // The request was cut short: nobody waits for an answer.
-        }
-        return stream.written;
+    DamagedRequestsTest() {
+        listener.Listen();
+        running = std::thread([this] { server.Run(); });
+    }
+    ~DamagedRequestsTest() override {
+        server.Stop();
+        running.join();
+    }
+
+    // What a client gets that sends the bytes and waits for the end.
+    std::string AnswerTo(const std::string& bytes) const {
+        const Peer peer(listener.Address());
+        peer.Send(bytes);
+        peer.EndSending();
+        return peer.Rest();
     }
 
     const Limits limits{};
-    const StopSignal stop;
+    std::mutex mutex;  // guards the log
     std::vector<std::string> log;
+    const CimHandler handler{operations, limits, [this](const std::string& line) {
+                                 const std::lock_guard lock(mutex);
+                                 log.push_back(line);
+                             }};
+    Metrics metrics;
+    Listener listener{"127.0.0.1:0"};
+    HttpServer server{listener, limits, nullptr, handler, metrics};
+    std::thread running;
     Damage damage;
 };
 

@@ -1,13 +1,13 @@
-#include <arpa/inet.h>
-#include <cimxml/http/HttpServer.h>
+#include <cimxml/net/HttpServer.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 
 #include <atomic>
 #include <future>
+#include <list>
 #include <thread>
+
+#include "Peer.h"
 
 namespace cimxml {
 namespace {
@@ -18,10 +18,27 @@ using testing::StartsWith;
 // Answers with the body that it got; a request for /wait waits until Release() is called.
 class EchoHandler : public HttpHandler {
 public:
-    std::optional<HttpResponse> Refuse(const HttpRequest& head, Client&) const override {
+    Access AccessOf(const HttpRequest& head, const Client&) const override {
+        return head.Header("Authorization") ? Access::MustBeJudged : Access::Granted;
+    }
+
+    bool Judge(const HttpRequest& head, Client&) const override {
+        ++judged;
+        judged.notify_all();
+        if (head.target == "/wait") released.wait(false);
+        return *head.Header("Authorization") == "right";
+    }
+
+    HttpResponse Unauthorized() const override { return TextResponse(401, "Wrong."); }
+
+    std::optional<HttpResponse> AnswerHead(const HttpRequest& head) const override {
         if (head.target == "/refused") return TextResponse(405, "Refused.");
         return std::nullopt;
     }
+
+    bool IsRun(const HttpRequest& request) const override { return request.Header("Run"); }
+
+    HttpResponse RefuseRun(const HttpRequest&) const override { return TextResponse(200, "Busy"); }
 
     HttpResponse Answer(const HttpRequest& request) const override {
         if (request.target == "/wait") {
@@ -29,59 +46,29 @@ public:
             arrived.notify_all();
             released.wait(false);
         }
+        ++answered;
         return TextResponse(200, "Got " + request.body);
     }
 
     void AwaitArrival() const { arrived.wait(false); }
+
+    void AwaitJudged(int count) const {
+        for (int seen = judged; seen < count; seen = judged) judged.wait(seen);
+    }
+
+    int Judged() const { return judged; }
 
     void Release() {
         released.store(true);
         released.notify_all();
     }
 
+    mutable std::atomic<int> answered = 0;
+
 private:
+    mutable std::atomic<int> judged = 0;
     mutable std::atomic<bool> arrived = false;
     std::atomic<bool> released = false;
-};
-
-// A client's end of a connection.
-class Peer {
-public:
-    explicit Peer(const std::string& address) : socket(::socket(AF_INET, SOCK_STREAM, 0)) {
-        sockaddr_in server{};
-        server.sin_family = AF_INET;
-        server.sin_port =
-            htons(static_cast<std::uint16_t>(std::stoi(address.substr(address.rfind(':') + 1))));
-        server.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        const int failed =
-            ::connect(socket.Get(), reinterpret_cast<sockaddr*>(&server), sizeof server);
-        EXPECT_EQ(failed, 0);
-    }
-
-    void Send(const std::string& text) const {
-        EXPECT_EQ(::send(socket.Get(), text.data(), text.size(), MSG_NOSIGNAL),
-                  static_cast<ssize_t>(text.size()));
-    }
-
-    // Everything until the server closes.
-    std::string Rest() const {
-        std::string all;
-        char block[4096];
-        for (ssize_t count = 0; (count = ::recv(socket.Get(), block, sizeof block, 0)) > 0;)
-            all.append(block, static_cast<std::size_t>(count));
-        return all;
-    }
-
-    // Until the text has come.
-    std::string Until(const std::string& text) const {
-        std::string all;
-        char letter = 0;
-        while (!all.ends_with(text) && ::recv(socket.Get(), &letter, 1, 0) == 1) all += letter;
-        return all;
-    }
-
-private:
-    const Descriptor socket;
 };
 
 std::string Post(const std::string& target, const std::string& body,
@@ -95,13 +82,13 @@ protected:
     void Start(const Limits& chosen) {
         limits = chosen;
         listener.Listen();
-        server.emplace(listener, limits, nullptr, handler, stop);
+        server.emplace(listener, limits, nullptr, handler, metrics);
         running = std::thread([this] { server->Run(); });
     }
 
     // Ends the server and waits for the requests under way.
     void Finish() {
-        stop.Set();
+        if (server) server->Stop();
         if (running.joinable()) running.join();
         server.reset();
     }
@@ -115,7 +102,7 @@ protected:
 
     Limits limits;
     Listener listener{"127.0.0.1:0"};
-    StopSignal stop;
+    Metrics metrics;
     EchoHandler handler;
     std::optional<HttpServer> server;
     std::thread running;
@@ -217,13 +204,117 @@ TEST_F(HttpServerTest, ConnectionBeyondTheLimit_IsToldToComeBack) {
     EXPECT_THAT(first.Rest(), HasSubstr("Got first\n"));
 }
 
+TEST_F(HttpServerTest, ManySilentConnections_MakeRoomForNewOnes) {
+    Start({.maxConnections = 4});
+    std::list<Peer> silent;
+    for (int number = 0; number < 20; ++number) silent.emplace_back(listener.Address());
+    const Peer honest = Connect();
+    honest.Send(Post("/", "hello", kClose));
+    EXPECT_THAT(honest.Rest(), HasSubstr("Got hello\n"));
+    EXPECT_EQ(silent.front().Rest(), "");
+    EXPECT_GE(metrics.connectionsDisplaced, 16U);
+}
+
+TEST_F(HttpServerTest, ConnectionsOfOneAddress_AreLimited) {
+    Start({.maxConnectionsPerAddress = 1});
+    const Peer first = Connect();
+    first.Send(Post("/wait", "first", kClose));
+    handler.AwaitArrival();
+    EXPECT_THAT(Connect().Rest(), StartsWith("HTTP/1.1 503 Service Unavailable\r\n"));
+    handler.Release();
+    EXPECT_THAT(first.Rest(), HasSubstr("Got first\n"));
+}
+
+TEST_F(HttpServerTest, FirstRequestThatDoesNotCome_TimesOut) {
+    Start({.firstRequestTime = std::chrono::seconds(1)});
+    const Peer slow = Connect();
+    slow.Send("POST / HTTP/1.1\r\n");
+    EXPECT_THAT(slow.Rest(), HasSubstr("The request did not arrive within 1 s.\n"));
+    EXPECT_EQ(Connect().Rest(), "");
+}
+
+TEST_F(HttpServerTest, WrongPassword_IsAnsweredAfterAPauseThatEndsWithTheServer) {
+    Start({.failurePause = std::chrono::hours(1)});
+    const Peer peer = Connect();
+    peer.Send(Post("/", "x", "Authorization: wrong\r\n"));
+    handler.AwaitJudged(1);
+    while (metrics.wrongPasswords == 0) std::this_thread::yield();
+    EXPECT_EQ(metrics.requests[401], 0U);
+    server->Stop();
+    EXPECT_THAT(peer.Rest(), StartsWith("HTTP/1.1 401 Unauthorized\r\n"));
+}
+
+TEST_F(HttpServerTest, Passwords_AreJudgedTwoAtATime) {
+    Start({});
+    std::list<Peer> peers;
+    for (int number = 0; number < 6; ++number) {
+        peers.emplace_back(listener.Address());
+        peers.back().Send(Post("/wait", "x", std::string("Authorization: right\r\n") + kClose));
+    }
+    handler.AwaitJudged(2);
+    const Peer other = Connect();
+    other.Send(Post("/", "y", kClose));
+    EXPECT_THAT(other.Rest(), HasSubstr("Got y\n"));
+    EXPECT_EQ(handler.Judged(), 2);
+    handler.Release();
+    for (const Peer& peer : peers) EXPECT_THAT(peer.Rest(), HasSubstr("Got x\n"));
+    EXPECT_EQ(handler.Judged(), 6);
+}
+
+TEST_F(HttpServerTest, RunThatComesDuringARun_WaitsForItsTurn) {
+    Start({});
+    const Peer first = Connect();
+    first.Send(Post("/wait", "first", "Run: 1\r\n"));
+    handler.AwaitArrival();
+    const Peer second = Connect();
+    second.Send(Post("/", "second", std::string("Run: 1\r\n") + kClose));
+    while (metrics.runsWaiting == 0) std::this_thread::yield();
+    const Peer reader = Connect();
+    reader.Send(Post("/", "reader", kClose));
+    EXPECT_THAT(reader.Rest(), HasSubstr("Got reader\n"));
+    EXPECT_EQ(handler.answered, 1);
+    handler.Release();
+    EXPECT_THAT(second.Rest(), HasSubstr("Got second\n"));
+    EXPECT_EQ(metrics.runs, 2U);
+}
+
+TEST_F(HttpServerTest, RunWhoseTurnDoesNotCome_IsRefused) {
+    Start({.runWait = std::chrono::seconds(1)});
+    const Peer first = Connect();
+    first.Send(Post("/wait", "first", "Run: 1\r\n"));
+    handler.AwaitArrival();
+    const Peer second = Connect();
+    second.Send(Post("/", "second", std::string("Run: 1\r\n") + kClose));
+    EXPECT_THAT(second.Rest(), HasSubstr("Busy\n"));
+    EXPECT_EQ(metrics.runsRefused, 1U);
+    handler.Release();
+    EXPECT_THAT(first.Until("Got first\n"), StartsWith("HTTP/1.1 200 OK\r\n"));
+}
+
+TEST_F(HttpServerTest, ClientThatHasGone_LeavesNoRunBehind) {
+    Start({});
+    const Peer first = Connect();
+    first.Send(Post("/wait", "first", std::string("Run: 1\r\n") + kClose));
+    handler.AwaitArrival();
+    {
+        const Peer second = Connect();
+        second.Send(Post("/", "second", "Run: 1\r\n"));
+        while (metrics.runsWaiting == 0) std::this_thread::yield();
+    }
+    handler.Release();
+    EXPECT_THAT(first.Rest(), HasSubstr("Got first\n"));
+    Finish();
+    EXPECT_EQ(handler.answered, 1);
+    EXPECT_EQ(metrics.runs, 1U);
+}
+
 TEST_F(HttpServerTest, RequestUnderWay_IsAnsweredBeforeTheEnd) {
     Start({});
     const Peer idle = Connect();
     const Peer busy = Connect();
     busy.Send(Post("/wait", "last"));
     handler.AwaitArrival();
-    stop.Set();
+    server->Stop();
     EXPECT_EQ(idle.Rest(), "");
     handler.Release();
     EXPECT_THAT(busy.Rest(), HasSubstr("Connection: close\r\n\r\nGot last\n"));

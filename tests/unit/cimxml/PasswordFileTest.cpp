@@ -8,6 +8,9 @@
 
 #include <filesystem>
 #include <fstream>
+#include <thread>
+
+#include "QuickHash.h"
 
 namespace cimxml {
 namespace {
@@ -116,6 +119,66 @@ TEST_F(PasswordFileTest, LineWithoutHash_IsNamed) {
                                    "'bmci2c passwd'.")
             << line;
     }
+}
+
+TEST_F(PasswordFileTest, UnsafeHash_IsRefused) {
+    for (const char* hash : {
+             "abJnggxhB/yWI",                   // DES: cuts after 8 letters
+             "$1$salt$qJH7.N4xYta3aEG/dfqo/0",  // MD5
+             "$2b$05$CCCCCCCCCCCCCCCCCCCCC.E5YPO9kmyuRGyh0XouQYb4YMJKvyOeW",  // cuts after 72
+             "$3$$8846f7eaee8fb117ad06bdd830b7586c",                          // no salt
+             "$6$$BaRJ3rVqbjXuOPFmTjVpCbjdVkjfSGQYjGdxlQzYnOvFE6kHdVSLPH0hqwjOv5WJBYl4VLkIvRNpN",
+             "$y$jMT$salt$hash",  // 16 GB
+             "$y$j9T$$hash",      // no salt
+         }) {
+        Write("ann:" + std::string(hash) + "\n");
+        EXPECT_THAT(ReadError(), HasSubstr("has a hash in line 1 that is not safe here")) << hash;
+    }
+}
+
+TEST_F(PasswordFileTest, HashesOfDifferentKinds_AreRefused) {
+    SetPassword(path, "ann", "sesame");
+    Write(Text() + "bob:" + HashLike("x", kQuickHash) + "\n");
+    EXPECT_THAT(ReadError(), HasSubstr("has hashes of different kinds, $y$j9T and $6$rounds=1000"));
+}
+
+TEST_F(PasswordFileTest, UserThatStandsTwice_IsNamed) {
+    SetPassword(path, "ann", "sesame");
+    const std::string ann = Text();
+    Write("# one\n" + ann + "# two\n" + ann);
+    const std::string expected = "The password file '" + path +
+                                 "' names the user 'ann' twice, in lines 2 and 4; remove one of "
+                                 "them.";
+    EXPECT_EQ(ReadError(), expected);
+    EXPECT_EQ(ErrorOf([&] { SetPassword(path, "ann", "new"); }), expected);
+}
+
+TEST_F(PasswordFileTest, WhatIsNoFile_IsLeftAlone) {
+    const std::string expected = "The password file '" + path + "' is not a regular file.";
+    ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+    EXPECT_EQ(ErrorOf([&] { SetPassword(path, "ann", "sesame"); }), expected);
+    EXPECT_EQ(ReadError(), expected);
+    EXPECT_TRUE(std::filesystem::is_fifo(path));
+}
+
+TEST_F(PasswordFileTest, SymbolicLink_StaysOne) {
+    const std::string link = folder + "/link";
+    SetPassword(path, "ann", "sesame");
+    std::filesystem::create_symlink("passwords", link);
+    SetPassword(link, "bob", "other");
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(ReadPasswordFile(path).size(), 2U);
+}
+
+TEST_F(PasswordFileTest, WritersAtOnce_LoseNothing) {
+    constexpr std::size_t kWriters = 8;
+    {
+        std::vector<std::jthread> writers;
+        for (std::size_t number = 0; number < kWriters; ++number)
+            writers.emplace_back(
+                [&, number] { SetPassword(path, "user" + std::to_string(number), "x"); });
+    }
+    EXPECT_EQ(ReadPasswordFile(path).size(), kWriters);
 }
 
 TEST_F(PasswordFileTest, UnusableUserName_IsRefused) {

@@ -1,5 +1,6 @@
 // Requests in parallel.
 #include <atomic>
+#include <chrono>
 #include <thread>
 
 #include "Adapter_Fixture.h"
@@ -100,4 +101,59 @@ TEST_F(Serialisation, RequestsOfTwoProviders_RunAtTheSameTime) {
             cools.instances, &context, &own, broker.arena.path("root/acme", "ACME_Cools"), nullptr);
     });
     EXPECT_EQ(to_text(enumerate_fans()), "0");
+}
+
+TEST_F(Serialisation, RequestsOfAProviderWithoutData_RunAtTheSameTime) {
+    std::atomic<int> inside = 0;
+    // For ever, if the first request kept the second one waiting.
+    coolsScript.enumInstances = [&](const ACME_Cools*, auto*) {
+        ++inside;
+        inside.notify_all();
+        for (int seen = inside; seen < 2; seen = inside) inside.wait(seen);
+        return 0;
+    };
+    {
+        std::vector<std::jthread> threads;
+        for (int t = 0; t < 2; ++t) {
+            threads.emplace_back([this] {
+                fake::Result own;
+                fake::Broker paths;
+                cools.instances->ft->enumerateInstances(cools.instances, &context, &own,
+                                                        paths.arena.path("root/acme", "ACME_Cools"),
+                                                        nullptr);
+            });
+        }
+    }
+    EXPECT_EQ(inside, 2);
+}
+
+TEST_F(Serialisation, CleanupAtTheEnd_WaitsForTheRequestsOfAProviderWithoutData) {
+    std::atomic<bool> isInside = false;
+    std::atomic<bool> mayEnd = false;
+    std::atomic<bool> isCleanedUp = false;
+    bool wasCleanedUpMeanwhile = true;
+    coolsScript.enumInstances = [&](const ACME_Cools*, auto*) {
+        isInside = true;
+        isInside.notify_all();
+        mayEnd.wait(false);
+        wasCleanedUpMeanwhile = isCleanedUp;
+        return 0;
+    };
+    std::jthread request([this] {
+        fake::Result own;
+        cools.instances->ft->enumerateInstances(
+            cools.instances, &context, &own, broker.arena.path("root/acme", "ACME_Cools"), nullptr);
+    });
+    isInside.wait(false);
+    std::jthread cleanup([&] {
+        cools.instances->ft->cleanup(cools.instances, &context, 1);
+        isCleanedUp = true;
+    });
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    mayEnd = true;
+    mayEnd.notify_all();
+    request.join();
+    cleanup.join();
+    EXPECT_FALSE(wasCleanedUpMeanwhile);
+    EXPECT_TRUE(isCleanedUp);
 }

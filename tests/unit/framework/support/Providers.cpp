@@ -43,6 +43,7 @@ int ACME_Fan_Provider::get_instance(const ACME_Fan* model, ACME_Fan*& instance) 
 
 int ACME_Fan_Provider::enum_instances(const ACME_Fan* model,
                                       cimple::Enum_Instances_Handler<ACME_Fan>* handler) {
+    ++requests;
     return fanScript.enumInstances ? fanScript.enumInstances(model, handler) : cimple::STATUS_OK;
 }
 
@@ -62,6 +63,7 @@ int ACME_Fan_Provider::modify_instance(const ACME_Fan* model, const ACME_Fan* in
 }
 
 int ACME_Fan_Provider::Reset(const ACME_Fan* self, cimple::Property<std::uint32_t>& return_value) {
+    ++requests;
     return fanScript.reset(self, return_value);
 }
 

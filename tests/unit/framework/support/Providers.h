@@ -44,6 +44,9 @@ public:
              cimple::Property<std::uint32_t>& return_value);
 
     static constexpr cimple::Unsupported_Method Stop{};
+
+private:
+    int requests = 0;  // what makes the adapter handle one request at a time
 };
 
 // What the association's provider does.
@@ -61,6 +64,7 @@ struct Cools_Script {
 };
 extern Cools_Script coolsScript;
 
+// Has no data members.
 class ACME_Cools_Provider : public cimple::Default_Instance_Operations<ACME_Cools>,
                             public cimple::Default_Association_Operations<ACME_Cools> {
 public:

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cimxml/SetupError.h>
-#include <cimxml/http/Descriptor.h>
+#include <cimxml/net/Descriptor.h>
 #include <sys/socket.h>
 
 #include <string>
@@ -25,14 +25,8 @@ public:
     // The address with the port that Listen() found: "127.0.0.1:5988".
     std::string Address() const;
 
-    // The next connection's socket, which does not block, and the client's address. A descriptor
-    // that is not open: there was none after all.
-    struct Accepted {
-        Descriptor socket;
-        std::string clientAddress;
-    };
-    Accepted Accept() const;
-
+    // AF_INET or AF_INET6.
+    int Family() const { return address.ss_family; }
     int Socket() const { return socket.Get(); }
 
 private:

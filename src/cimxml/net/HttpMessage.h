@@ -17,6 +17,7 @@ struct HttpRequest {
     bool isVersion10 = false;
     Headers headers;
     std::string body = {};
+    bool isLast = false;  // the client wants the connection to end behind it
 
     // The header of that name in any letter case, or null.
     const std::string* Header(std::string_view name) const;
@@ -40,10 +41,7 @@ public:
 // A response whose body is the text.
 HttpResponse TextResponse(int status, const std::string& text);
 
-// Reads a request's line and headers, without the empty line at their end. Throws HttpError.
-HttpRequest ParseHead(std::string_view head);
-
-// The response as bytes. `isLast`: the connection ends behind it.
-std::string ToBytes(const HttpResponse& response, bool isLast);
+// The response's line and headers as bytes. `isLast`: the connection ends behind it.
+std::string HeadOf(const HttpResponse& response, bool isLast);
 
 }  // namespace cimxml

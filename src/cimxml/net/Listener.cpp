@@ -1,8 +1,7 @@
 #include <arpa/inet.h>
-#include <cimxml/http/Listener.h>
+#include <cimxml/net/Listener.h>
 #include <netdb.h>
 #include <netinet/in.h>
-#include <netinet/tcp.h>
 #include <sys/socket.h>
 
 #include <cerrno>
@@ -103,16 +102,6 @@ std::string Listener::Address() const {
     socklen_t length = sizeof found;
     ::getsockname(Socket(), reinterpret_cast<sockaddr*>(&found), &length);
     return AddressText(found);
-}
-
-Listener::Accepted Listener::Accept() const {
-    sockaddr_storage client{};
-    socklen_t length = sizeof client;
-    Descriptor accepted(::accept4(Socket(), reinterpret_cast<sockaddr*>(&client), &length,
-                                  SOCK_NONBLOCK | SOCK_CLOEXEC));
-    if (!accepted.IsOpen()) return {};
-    Enable(accepted.Get(), IPPROTO_TCP, TCP_NODELAY);
-    return {std::move(accepted), AddressText(client)};
 }
 
 }  // namespace cimxml

@@ -1,0 +1,360 @@
+#include <cimxml/net/Connection.h>
+#include <mof/Names.h>
+
+#include <boost/asio/post.hpp>
+#include <boost/asio/redirect_error.hpp>
+#include <boost/asio/use_awaitable.hpp>
+#include <boost/asio/write.hpp>
+#include <exception>
+#include <optional>
+
+namespace cimxml {
+
+namespace {
+
+namespace asio = boost::asio;
+
+constexpr asio::use_awaitable_t<Executor> kAwaitable;
+constexpr std::chrono::seconds kGoodbyeTime{2};
+constexpr std::size_t kMostDiscarded = std::size_t{4} << 20;  // bytes that a goodbye waits for
+constexpr std::size_t kTlsBlock = std::size_t{4} << 10;
+constexpr int kRequestTimeout = 408;
+constexpr int kExpectationFailed = 417;
+constexpr int kUnavailable = 503;
+
+using Failure = boost::system::error_code;
+
+// The client is gone, or its connection was closed: there is nobody to answer.
+struct Lost {};
+struct TimedOut {};
+
+auto Into(Failure& failure) { return asio::redirect_error(kAwaitable, failure); }
+
+std::string TextOf(const asio::ip::tcp::endpoint& client) {
+    const std::string machine = client.address().to_string();
+    return (client.address().is_v6() ? "[" + machine + "]" : machine) + ":" +
+           std::to_string(client.port());
+}
+
+}  // namespace
+
+Connection::Connection(Socket itsSocket, Shared& itsShared)
+    : socket(std::move(itsSocket)),
+      timer(socket.get_executor()),
+      shared(itsShared),
+      tlsContext(itsShared.tls) {
+    Failure ignored;  // of a client that is gone already, as the first read will tell
+    socket.non_blocking(true, ignored);
+    socket.set_option(asio::ip::tcp::no_delay(true), ignored);
+    const auto endpoint = socket.remote_endpoint(ignored);
+    client.address = TextOf(endpoint);
+    machine = endpoint.address().to_string();
+    waitingSince = accepted;
+}
+
+void Connection::Interrupt() {
+    isTimedOut = true;
+    deadline = Deadline::max();
+    Failure ignored;
+    socket.cancel(ignored);
+    timer.cancel();
+}
+
+void Connection::CloseNow() {
+    isClosed = true;
+    Failure ignored;
+    socket.close(ignored);
+    timer.cancel();
+}
+
+bool Connection::HasEvent(short wanted) const {
+    pollfd watched{const_cast<Socket&>(socket).native_handle(), wanted, 0};
+    return ::poll(&watched, 1, 0) > 0;
+}
+
+void Connection::LimitTime(Deadline start, std::chrono::seconds time) {
+    deadline = start + time;
+    timeLimit = time;
+}
+
+std::chrono::seconds Connection::FirstTime() const {
+    return std::min(shared.limits.firstRequestTime, shared.limits.requestTime);
+}
+
+// Carries the work out in the pool.
+template <class Work>
+auto Connection::OnPool(Work work) -> Task<std::invoke_result_t<Work>> {
+    std::optional<std::invoke_result_t<Work>> result;
+    std::exception_ptr failure;
+    const std::function<void()> job = [&] {
+        try {
+            result = work();
+        } catch (...) {
+            failure = std::current_exception();
+        }
+    };
+    deadline = Deadline::max();
+    auto begin = [](auto handler, asio::thread_pool* pool, const std::function<void()>* todo) {
+        asio::post(*pool, [handler = std::move(handler), todo]() mutable {
+            (*todo)();
+            const auto executor = asio::get_associated_executor(handler);
+            asio::post(executor, std::move(handler));
+        });
+    };
+    co_await asio::async_initiate<const asio::use_awaitable_t<Executor>&, void()>(
+        begin, kAwaitable, &shared.pool, &job);
+    if (failure) std::rethrow_exception(failure);
+    co_return std::move(*result);
+}
+
+Task<> Connection::Serve() {
+    co_await Handshake();
+    bool goesOn = true;
+    while (goesOn) {
+        std::optional<HttpResponse> refusal;
+        try {
+            goesOn = co_await ServeOne();
+        } catch (const HttpError& error) {
+            refusal = TextResponse(error.status, error.what());
+        } catch (const TimedOut&) {
+            goesOn = false;
+            if (hasBegun)
+                refusal =
+                    TextResponse(kRequestTimeout, "The request did not arrive within " +
+                                                      std::to_string(timeLimit.count()) + " s.");
+        }
+        if (!refusal) continue;
+        co_await Respond(*refusal, true);
+        goesOn = false;
+    }
+    co_await Finish();
+}
+
+Task<> Connection::Refuse() {
+    LimitTime(Clock::now(), kGoodbyeTime);
+    co_await Handshake();
+    HttpResponse response = TextResponse(
+        kUnavailable, "The server has as many connections as it takes. Try again later.");
+    response.headers.emplace_back("Retry-After", "1");
+    co_await Respond(response, true);
+    co_await Finish();
+}
+
+Task<> Connection::Handshake() {
+    if (!tlsContext) co_return;
+    if (deadline == Deadline::max()) LimitTime(accepted, FirstTime());
+    Failure failure;
+    // A client that says nothing costs no more than its socket.
+    co_await socket.async_wait(Socket::wait_read, Into(failure));
+    if (!failure) {
+        tls = std::make_unique<asio::ssl::stream<Socket&>>(socket, *tlsContext);
+        co_await tls->async_handshake(asio::ssl::stream_base::server, Into(failure));
+    }
+    if (failure) throw Lost();
+}
+
+// False when the connection is to end.
+Task<bool> Connection::ServeOne() {
+    if (shared.isStopping && bytes.empty()) co_return false;
+    parser = std::make_unique<RequestParser>(shared.limits);
+    co_await ReadHead();
+    HttpRequest& request = parser->Request();
+    const bool isLetIn = co_await LetIn(request);
+    if (!isLetIn) co_return false;
+    if (const std::string* const expected = request.Header("Expect")) co_await Encourage(*expected);
+    while (!parser->TakeBody(bytes)) co_await ReadMore();
+    const HttpResponse response = co_await Answer(request);
+    const bool isLast = request.isLast || shared.isStopping;
+    co_await Respond(response, isLast);
+    co_return !isLast;
+}
+
+Task<> Connection::ReadHead() {
+    const Clock::time_point start = isFirst ? accepted : Clock::now();
+    hasBegun = !bytes.empty();
+    isWaiting = true;
+    waitingSince = start;
+    if (isFirst)
+        LimitTime(start, std::min(FirstTime(), shared.limits.idleTime));
+    else
+        LimitTime(start, hasBegun ? shared.limits.requestTime : shared.limits.idleTime);
+    while (!parser->TakeHead(bytes)) {
+        co_await ReadMore();
+        if (hasBegun) continue;
+        hasBegun = true;
+        LimitTime(isFirst ? start : Clock::now(),
+                  isFirst ? FirstTime() : shared.limits.requestTime);
+    }
+}
+
+// Checks credentials and headers; false when the request has been refused.
+Task<bool> Connection::LetIn(const HttpRequest& head) {
+    auto access = shared.handler.AccessOf(head, client);
+    if (access == HttpHandler::Access::MustBeJudged) {
+        const bool isRight = co_await Judge(head);
+        access = isRight ? HttpHandler::Access::Granted : HttpHandler::Access::Refused;
+    }
+    std::optional<HttpResponse> refusal;
+    if (access == HttpHandler::Access::Refused)
+        refusal = shared.handler.Unauthorized();
+    else
+        refusal = shared.handler.AnswerHead(head);
+    if (refusal) {
+        if (head.method == "HEAD") refusal->body.clear();
+        co_await Respond(*refusal, true);
+        co_return false;
+    }
+    isWaiting = false;
+    isFirst = false;
+    LimitTime(Clock::now(), shared.limits.requestTime);
+    co_return true;
+}
+
+Task<bool> Connection::Judge(const HttpRequest& head) {
+    Turns::Ticket ticket;
+    const bool hasTurn = co_await AwaitTurn(shared.hashes, ticket, Deadline::max());
+    if (!hasTurn) throw Lost();
+    bool isRight = false;
+    {
+        const Turns::Holder turn(shared.hashes);
+        isRight = co_await OnPool([&] { return shared.handler.Judge(head, client); });
+    }
+    if (isClosed) throw Lost();
+    if (!isRight) {
+        ++shared.metrics.wrongPasswords;
+        co_await Rest(shared.limits.failurePause);
+    }
+    co_return isRight;
+}
+
+// Waits, until the server stops at the latest.
+Task<> Connection::Rest(std::chrono::seconds time) {
+    if (shared.isStopping) co_return;
+    isResting = true;
+    timer.expires_after(time);
+    Failure ignored;
+    co_await timer.async_wait(Into(ignored));
+    isResting = false;
+    isTimedOut = false;
+    if (isClosed) throw Lost();
+}
+
+// True when it is this connection's turn before the time is over and before somebody wakes it.
+Task<bool> Connection::AwaitTurn(Turns& turns, Turns::Ticket& ticket, Deadline end) {
+    ticket.wake = [this] { timer.cancel(); };
+    deadline = Deadline::max();
+    if (turns.Ask(ticket)) co_return true;
+    isResting = true;
+    timer.expires_at(end);
+    Failure ignored;
+    co_await timer.async_wait(Into(ignored));
+    isResting = false;
+    isTimedOut = false;
+    if (!ticket.hasTurn) turns.Leave(ticket);
+    co_return ticket.hasTurn;
+}
+
+Task<> Connection::Encourage(const std::string& expected) {
+    if (!mof::SameName(expected, "100-continue"))
+        throw HttpError(kExpectationFailed,
+                        "This server cannot meet the expectation '" + expected + "'.");
+    co_await Write("HTTP/1.1 100 Continue\r\n\r\n", "");
+}
+
+Task<HttpResponse> Connection::Answer(const HttpRequest& request) {
+    if (shared.handler.IsRun(request)) co_return co_await AnswerRun(request);
+    co_return co_await OnPool([&] { return shared.handler.Answer(request); });
+}
+
+Task<HttpResponse> Connection::AnswerRun(const HttpRequest& request) {
+    Turns::Ticket ticket;
+    waitsForRun = true;
+    ++shared.metrics.runsWaiting;
+    bool hasTurn = co_await AwaitTurn(shared.runs, ticket, Clock::now() + shared.limits.runWait);
+    --shared.metrics.runsWaiting;
+    waitsForRun = false;
+    std::optional<Turns::Holder> turn;
+    if (hasTurn) turn.emplace(shared.runs);
+    if (HasLeft()) throw Lost();
+    if (!hasTurn || shared.isStopping) {
+        ++shared.metrics.runsRefused;
+        co_return co_await OnPool([&] { return shared.handler.RefuseRun(request); });
+    }
+    ++shared.metrics.runsUnderWay;
+    HttpResponse response = co_await OnPool([&] { return shared.handler.Answer(request); });
+    --shared.metrics.runsUnderWay;
+    ++shared.metrics.runs;
+    co_return response;
+}
+
+// Reads more bytes.
+Task<> Connection::ReadMore() {
+    Failure failure;
+    std::size_t count = 0;
+    if (tls) {
+        const std::size_t used = bytes.size();
+        bytes.resize(used + kTlsBlock);
+        count = co_await tls->async_read_some(asio::buffer(bytes.data() + used, kTlsBlock),
+                                              Into(failure));
+        bytes.resize(used + count);
+    } else {
+        // Waiting takes no buffer, and all connections read into the same one.
+        co_await socket.async_wait(Socket::wait_read, Into(failure));
+        if (!failure) count = socket.read_some(asio::buffer(shared.block), failure);
+        if (failure == asio::error::would_block) failure.clear();
+        bytes.append(shared.block.data(), count);
+    }
+    // A client that sends without a pause never has to be waited for.
+    if (!isClosed && (isTimedOut || Clock::now() >= deadline)) {
+        isTimedOut = false;
+        throw TimedOut();
+    }
+    if (failure) throw Lost();
+}
+
+Task<> Connection::Respond(const HttpResponse& response, bool isLast) {
+    shared.metrics.CountRequest(response.status);
+    LimitTime(Clock::now(), shared.limits.requestTime);
+    co_await Write(HeadOf(response, isLast), response.body);
+}
+
+Task<> Connection::Write(std::string head, const std::string& body) {
+    Failure failure;
+    if (tls) {
+        head += body;  // for both to go in one record
+        co_await asio::async_write(*tls, asio::buffer(head), Into(failure));
+    } else {
+        std::array<asio::const_buffer, 2> parts = {asio::buffer(head), asio::buffer(body)};
+        std::size_t sent = socket.write_some(parts, failure);
+        if (failure == asio::error::would_block) failure.clear();
+        for (auto& part : parts) {
+            const std::size_t gone = std::min(sent, part.size());
+            part += gone;
+            sent -= gone;
+        }
+        if (!failure && asio::buffer_size(parts) > 0)
+            co_await asio::async_write(socket, parts, Into(failure));
+    }
+    if (failure || isTimedOut) throw Lost();
+}
+
+// Says goodbye, and reads what the client still sends until it closes: a connection closed with
+// unread bytes is reset, and the client would lose the answer.
+Task<> Connection::Finish() {
+    isWaiting = true;
+    waitingSince = Clock::now();
+    LimitTime(waitingSince, kGoodbyeTime);
+    hasBegun = true;
+    Failure failure;
+    if (tls) co_await tls->async_shutdown(Into(failure));
+    socket.shutdown(Socket::shutdown_send, failure);
+    std::size_t total = 0;
+    while (!isTimedOut && total < kMostDiscarded) {
+        co_await socket.async_wait(Socket::wait_read, Into(failure));
+        if (failure) break;
+        total += socket.read_some(asio::buffer(shared.block), failure);
+        if (failure && failure != asio::error::would_block) break;
+    }
+}
+
+}  // namespace cimxml

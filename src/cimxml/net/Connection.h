@@ -1,0 +1,98 @@
+// One connection: its requests are read, checked and answered in turn.
+#pragma once
+
+#include <cimxml/load/Metrics.h>
+#include <cimxml/load/Turns.h>
+#include <cimxml/net/ConnectionTable.h>
+#include <cimxml/net/HttpHandler.h>
+#include <cimxml/net/Limits.h>
+#include <cimxml/net/RequestParser.h>
+#include <cimxml/net/Tls.h>
+#include <poll.h>
+
+#include <array>
+#include <boost/asio/awaitable.hpp>
+#include <boost/asio/basic_stream_socket.hpp>
+#include <boost/asio/basic_waitable_timer.hpp>
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/ssl/stream.hpp>
+#include <boost/asio/thread_pool.hpp>
+#include <memory>
+#include <string>
+#include <type_traits>
+#include <utility>  // which Asio lacks
+
+namespace cimxml {
+
+using Executor = boost::asio::io_context::executor_type;
+using Socket = boost::asio::basic_stream_socket<boost::asio::ip::tcp, Executor>;
+using Timer = boost::asio::basic_waitable_timer<Clock, boost::asio::wait_traits<Clock>, Executor>;
+template <class Result = void>
+using Task = boost::asio::awaitable<Result, Executor>;
+
+// What the connections of a server share. Used by the server's one thread, but for the pool.
+struct Shared {
+    const Limits& limits;
+    const HttpHandler& handler;
+    Metrics& metrics;
+    boost::asio::thread_pool& pool;
+    TlsContext tls;
+    Turns hashes;
+    Turns runs;
+    bool isStopping = false;
+    std::array<char, std::size_t{64} << 10> block{};  // for what a socket gives at once
+};
+
+class Connection : public Guest {
+public:
+    Connection(Socket accepted, Shared& itsShared);
+
+    // Serves the connection to its end.
+    Task<> Serve();
+    // Tells the client to come back later.
+    Task<> Refuse();
+
+    void Interrupt() override;
+    void CloseNow() override;
+    bool HasUnread() const override { return HasEvent(POLLIN); }
+    bool HasLeft() const override { return isClosed || HasEvent(POLLRDHUP); }
+
+private:
+    Task<> Handshake();
+    Task<bool> ServeOne();
+    Task<> ReadHead();
+    Task<bool> LetIn(const HttpRequest& head);
+    Task<bool> Judge(const HttpRequest& head);
+    Task<> Encourage(const std::string& expected);
+    Task<HttpResponse> Answer(const HttpRequest& request);
+    Task<HttpResponse> AnswerRun(const HttpRequest& request);
+    Task<bool> AwaitTurn(Turns& turns, Turns::Ticket& ticket, Deadline end);
+    Task<> ReadMore();
+    Task<> Respond(const HttpResponse& response, bool isLast);
+    Task<> Write(std::string head, const std::string& body);
+    Task<> Finish();
+    Task<> Rest(std::chrono::seconds time);
+    template <class Work>
+    Task<std::invoke_result_t<Work>> OnPool(Work work);
+
+    bool HasEvent(short wanted) const;
+    void LimitTime(Deadline start, std::chrono::seconds time);
+    std::chrono::seconds FirstTime() const;
+
+    Socket socket;
+    Timer timer;
+    Shared& shared;
+    Client client;
+    TlsContext tlsContext;  // outlives the stream, also when the server has a new one
+    std::unique_ptr<boost::asio::ssl::stream<Socket&>> tls;
+    std::unique_ptr<RequestParser> parser;
+    std::string bytes;  // read, not yet used
+    const Clock::time_point accepted = Clock::now();
+    std::chrono::seconds timeLimit{};  // behind `deadline`
+    bool isFirst = true;
+    bool isTimedOut = false;
+    bool isClosed = false;
+};
+
+}  // namespace cimxml

@@ -5,14 +5,16 @@ import os
 import pty
 import re
 import select
+import signal
 import ssl
 import stat
 import subprocess
+import time
 from pathlib import Path
 
 import pytest
 from conftest import node
-from serving import GET_CLASS, parse, request, rest
+from serving import GET_CLASS, parse, read_answer, request, rest
 
 
 @pytest.fixture
@@ -137,7 +139,7 @@ def test_limits_have_the_defaults_that_the_page_says(bmci2c):
     help_text = bmci2c("serve", "--help").out
     limits = help_text[help_text.index("\nLimits:\n") :]
     listed = re.findall(r"^  (--[a-z-]+) [^\[]*\[(\d+)\]$", limits, re.MULTILINE)
-    assert len(said) == 6 and said == listed
+    assert len(said) == 9 and said == listed
 
 
 def test_tls_is_spoken(serve, certificate):
@@ -183,6 +185,114 @@ def test_old_tls_and_clear_text_are_refused(serve, certificate):
     assert b"HTTP" not in answer
 
 
+def test_tls_1_2_has_forward_secrecy(serve, tmp_path):
+    files = str(tmp_path / "rsa.pem"), str(tmp_path / "rsa.key")
+    subprocess.run(
+        ["openssl", "req", "-x509", "-nodes", "-days", "2", "-subj", "/CN=x", "-newkey", "rsa:2048"]
+        + ["-out", files[0], "-keyout", files[1]],
+        check=True,
+        capture_output=True,
+    )
+    server = serve("--certificate", files[0], "--key", files[1])
+
+    def cipher_of(offered):
+        context = ssl.SSLContext(ssl.PROTOCOL_TLS_CLIENT)
+        context.check_hostname = False
+        context.verify_mode = ssl.CERT_NONE
+        context.maximum_version = ssl.TLSVersion.TLSv1_2
+        context.set_ciphers(offered)
+        with context.wrap_socket(server.connect()) as connection:
+            return connection.cipher()[0]
+
+    assert cipher_of("ALL") in ("ECDHE-RSA-AES256-GCM-SHA384", "ECDHE-RSA-CHACHA20-POLY1305")
+    with pytest.raises((ssl.SSLError, ConnectionError)):
+        cipher_of("AES256-GCM-SHA384:AES128-SHA")
+
+
+def test_key_that_others_can_read_is_refused(refused, certificate):
+    os.chmod(certificate[1], 0o604)
+    tls = ["--certificate", certificate[0], "--key", certificate[1]]
+    assert refused("--listen", "127.0.0.1:0", *tls) == (
+        f"bmci2c: The key '{certificate[1]}' is open to every user of this machine; say "
+        f"'chmod o= {certificate[1]}'.\n"
+    )
+
+
+def await_log(server, lines):
+    """Waits until the server has logged so many lines."""
+    for _ in range(600):
+        logged = server.log().splitlines()
+        if len(logged) >= lines:
+            return logged
+        time.sleep(0.1)
+    raise AssertionError(logged)
+
+
+def test_hangup_reads_password_file_and_certificate_again(bmci2c, serve, certificate, password_file):
+    tls = ["--certificate", certificate[0], "--key", certificate[1]]
+    server = serve(*tls, "--password-file", password_file)
+    context = ssl.SSLContext(ssl.PROTOCOL_TLS_CLIENT)
+    context.check_hostname = False
+    context.verify_mode = ssl.CERT_NONE
+
+    def ask(user, password):
+        with context.wrap_socket(server.connect()) as connection:
+            connection.sendall(request(GET_CLASS, Authorization=basic(user, password)))
+            return parse(rest(connection))[0], connection.getpeercert(binary_form=True)
+
+    _, old = ask("ann", "sesame")
+    assert passwd(bmci2c, password_file, "ann", "changed") == (0, "")
+    subprocess.run(
+        ["openssl", "req", "-x509", "-new", "-days", "3", "-subj", "/CN=new"]
+        + ["-key", certificate[1], "-out", certificate[0]],
+        check=True,
+        capture_output=True,
+    )
+    server.process.send_signal(signal.SIGHUP)
+    assert await_log(server, 2) == [
+        "bmci2c: The certificate has been read again.",
+        "bmci2c: The password file has been read again.",
+    ]
+    status_now, new = ask("ann", "changed")
+    assert (status_now, new != old) == (200, True)
+    assert ask("ann", "sesame")[0] == 401
+
+    for broken in (certificate[0], password_file):
+        Path(broken).write_text("broken", encoding="utf-8")
+    server.process.send_signal(signal.SIGHUP)
+    logged = await_log(server, 5)[3:]
+    assert all(line.endswith(" The old one stays in use.") for line in logged)
+    assert ask("ann", "changed") == (200, new)
+
+
+def test_user_who_is_gone_is_not_known_on_an_open_connection(bmci2c, serve, password_file):
+    server = serve("--password-file", password_file)
+    with server.connect() as connection:
+        answers = connection.makefile("rb")
+        data = request(GET_CLASS, Authorization=basic("ann", "sesame"), Connection=None)
+        connection.sendall(data)
+        assert read_answer(answers)[0].startswith("HTTP/1.1 200 ")
+        assert passwd(bmci2c, password_file, "ann", "changed") == (0, "")
+        server.process.send_signal(signal.SIGHUP)
+        await_log(server, 1)
+        connection.sendall(data)
+        assert read_answer(answers)[0].startswith("HTTP/1.1 401 ")
+
+
+def test_passwd_leaves_devices_alone_and_follows_links(bmci2c, password_file, tmp_path):
+    fifo = str(tmp_path / "fifo")
+    os.mkfifo(fifo)
+    assert passwd(bmci2c, fifo, "ann", "x") == (
+        64,
+        f"bmci2c: The password file '{fifo}' is not a regular file.\n",
+    )
+    link = tmp_path / "link"
+    link.symlink_to("passwords")
+    assert passwd(bmci2c, str(link), "eve", "x") == (0, "")
+    assert link.is_symlink()
+    assert len(Path(password_file).read_text(encoding="utf-8").splitlines()) == 3
+
+
 def test_pywbem_comes_through_tls_with_a_password(serve, certificate, password_file, monkeypatch):
     import pywbem
 
@@ -226,7 +336,7 @@ def test_name_that_forges_log_lines_stays_one_line(serve, password_file):
     server = serve("--password-file", password_file)
     assert status(server, basic("x\nbmci2c is well", "y")) == 401
     (line,) = server.log().splitlines()
-    assert line.startswith("bmci2c: The user 'x?bmci2c is well' at 127.0.0.1:")
+    assert line.startswith("bmci2c: The user 'x\\x0abmci2c is well' at 127.0.0.1:")
 
 
 def test_every_request_of_a_connection_is_judged(serve, password_file):

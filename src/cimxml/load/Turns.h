@@ -23,6 +23,8 @@ public:
     bool Ask(Ticket& ticket);
     void Leave(const Ticket& ticket);
 
+    bool IsFree() const { return free > 0; }
+
     // Ends a turn; the next one begins.
     void End();
 

@@ -36,6 +36,14 @@ std::string TextOf(const asio::ip::tcp::endpoint& client) {
            std::to_string(client.port());
 }
 
+// The address without what one machine may choose freely, which is half of one of IPv6.
+std::string MachineOf(const asio::ip::address& address) {
+    if (!address.is_v6()) return address.to_string();
+    auto bytes = address.to_v6().to_bytes();
+    std::fill(bytes.begin() + bytes.size() / 2, bytes.end(), static_cast<unsigned char>(0));
+    return asio::ip::address_v6(bytes).to_string();
+}
+
 }  // namespace
 
 Connection::Connection(Socket itsSocket, Shared& itsShared)
@@ -48,7 +56,7 @@ Connection::Connection(Socket itsSocket, Shared& itsShared)
     socket.set_option(asio::ip::tcp::no_delay(true), ignored);
     const auto endpoint = socket.remote_endpoint(ignored);
     client.address = TextOf(endpoint);
-    machine = endpoint.address().to_string();
+    machine = MachineOf(endpoint.address());
     waitingSince = accepted;
 }
 
@@ -172,6 +180,7 @@ Task<bool> Connection::ServeOne() {
 Task<> Connection::ReadHead() {
     const Clock::time_point start = isFirst ? accepted : Clock::now();
     hasBegun = !bytes.empty();
+    begun = Clock::now();
     isWaiting = true;
     waitingSince = start;
     if (isFirst)
@@ -182,8 +191,8 @@ Task<> Connection::ReadHead() {
         co_await ReadMore();
         if (hasBegun) continue;
         hasBegun = true;
-        LimitTime(isFirst ? start : Clock::now(),
-                  isFirst ? FirstTime() : shared.limits.requestTime);
+        begun = Clock::now();
+        LimitTime(isFirst ? start : begun, isFirst ? FirstTime() : shared.limits.requestTime);
     }
 }
 
@@ -206,11 +215,12 @@ Task<bool> Connection::LetIn(const HttpRequest& head) {
     }
     isWaiting = false;
     isFirst = false;
-    LimitTime(Clock::now(), shared.limits.requestTime);
+    LimitTime(begun, shared.limits.requestTime);
     co_return true;
 }
 
 Task<bool> Connection::Judge(const HttpRequest& head) {
+    const Clock::time_point start = Clock::now();
     Turns::Ticket ticket;
     const bool hasTurn = co_await AwaitTurn(shared.hashes, ticket, Deadline::max());
     if (!hasTurn) throw Lost();
@@ -220,6 +230,7 @@ Task<bool> Connection::Judge(const HttpRequest& head) {
         isRight = co_await OnPool([&] { return shared.handler.Judge(head, client); });
     }
     if (isClosed) throw Lost();
+    begun += Clock::now() - start;
     if (!isRight) {
         ++shared.metrics.wrongPasswords;
         co_await Rest(shared.limits.failurePause);
@@ -244,11 +255,9 @@ Task<bool> Connection::AwaitTurn(Turns& turns, Turns::Ticket& ticket, Deadline e
     ticket.wake = [this] { timer.cancel(); };
     deadline = Deadline::max();
     if (turns.Ask(ticket)) co_return true;
-    isResting = true;
     timer.expires_at(end);
     Failure ignored;
     co_await timer.async_wait(Into(ignored));
-    isResting = false;
     isTimedOut = false;
     if (!ticket.hasTurn) turns.Leave(ticket);
     co_return ticket.hasTurn;
@@ -268,15 +277,10 @@ Task<HttpResponse> Connection::Answer(const HttpRequest& request) {
 
 Task<HttpResponse> Connection::AnswerRun(const HttpRequest& request) {
     Turns::Ticket ticket;
-    waitsForRun = true;
-    ++shared.metrics.runsWaiting;
-    bool hasTurn = co_await AwaitTurn(shared.runs, ticket, Clock::now() + shared.limits.runWait);
-    --shared.metrics.runsWaiting;
-    waitsForRun = false;
+    const bool mayRun = co_await AwaitRun(ticket);
     std::optional<Turns::Holder> turn;
-    if (hasTurn) turn.emplace(shared.runs);
-    if (HasLeft()) throw Lost();
-    if (!hasTurn || shared.isStopping) {
+    if (ticket.hasTurn) turn.emplace(shared.runs);
+    if (!mayRun) {
         ++shared.metrics.runsRefused;
         co_return co_await OnPool([&] { return shared.handler.RefuseRun(request); });
     }
@@ -285,6 +289,21 @@ Task<HttpResponse> Connection::AnswerRun(const HttpRequest& request) {
     --shared.metrics.runsUnderWay;
     ++shared.metrics.runs;
     co_return response;
+}
+
+// True when the run may begin. Throws Lost when the client has left while it waited.
+Task<bool> Connection::AwaitRun(Turns::Ticket& ticket) {
+    if (shared.runs.IsFree()) co_return shared.runs.Ask(ticket);
+    waitsForRun = true;
+    isResting = true;
+    ++shared.metrics.runsWaiting;
+    co_await AwaitTurn(shared.runs, ticket, Clock::now() + shared.limits.runWait);
+    --shared.metrics.runsWaiting;
+    isResting = false;
+    waitsForRun = false;
+    if (!HasLeft()) co_return ticket.hasTurn && !shared.isStopping;
+    if (ticket.hasTurn) shared.runs.End();
+    throw Lost();
 }
 
 // Reads more bytes.

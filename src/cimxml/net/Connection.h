@@ -68,6 +68,7 @@ private:
     Task<HttpResponse> Answer(const HttpRequest& request);
     Task<HttpResponse> AnswerRun(const HttpRequest& request);
     Task<bool> AwaitTurn(Turns& turns, Turns::Ticket& ticket, Deadline end);
+    Task<bool> AwaitRun(Turns::Ticket& ticket);
     Task<> ReadMore();
     Task<> Respond(const HttpResponse& response, bool isLast);
     Task<> Write(std::string head, const std::string& body);
@@ -89,6 +90,7 @@ private:
     std::unique_ptr<RequestParser> parser;
     std::string bytes;  // read, not yet used
     const Clock::time_point accepted = Clock::now();
+    Clock::time_point begun{};         // when the request's first byte came, without waits of ours
     std::chrono::seconds timeLimit{};  // behind `deadline`
     bool isFirst = true;
     bool isTimedOut = false;

@@ -7,6 +7,7 @@
 #include <boost/asio/post.hpp>
 #include <boost/asio/redirect_error.hpp>
 #include <boost/asio/use_awaitable.hpp>
+#include <new>
 #include <thread>
 
 namespace cimxml {
@@ -73,13 +74,22 @@ struct HttpServer::State {
                        });
     }
 
+    // Without memory for one connection the others go on.
+    void TryToServe(Socket socket) {
+        try {
+            Serve(std::move(socket));
+        } catch (const std::bad_alloc&) {
+            ++metrics.connectionsRefused;
+        }
+    }
+
     Task<> Accept() {
         while (!shared.isStopping) {
             boost::system::error_code failure;
             Socket socket =
                 co_await acceptor.async_accept(io, asio::redirect_error(kAwaitable, failure));
             if (!failure) {
-                Serve(std::move(socket));
+                TryToServe(std::move(socket));
             } else if (failure != asio::error::connection_aborted && !shared.isStopping) {
                 Timer pause(io, kPauseWithoutDescriptors);
                 co_await pause.async_wait(asio::redirect_error(kAwaitable, failure));

@@ -2,6 +2,10 @@
 // to every request. What `bmci2c serve` is held against.
 //
 //     bench_bare_server BODY    # prints its port; serves the file's text on 127.0.0.1 until killed
+// clang-format off: Asio lacks this one.
+#include <utility>
+// clang-format on
+
 #include <boost/asio/co_spawn.hpp>
 #include <boost/asio/detached.hpp>
 #include <boost/asio/io_context.hpp>
@@ -15,7 +19,6 @@
 #include <iterator>
 #include <memory>
 #include <string>
-#include <utility>
 
 namespace {
 

@@ -132,7 +132,7 @@ Task<> Connection::Serve() {
                                                       std::to_string(timeLimit.count()) + " s.");
         }
         if (!refusal) continue;
-        co_await Respond(*refusal, true);
+        co_await Respond(std::move(*refusal), true);
         goesOn = false;
     }
     co_await Finish();
@@ -144,7 +144,7 @@ Task<> Connection::Refuse() {
     HttpResponse response = TextResponse(
         kUnavailable, "The server has as many connections as it takes. Try again later.");
     response.headers.emplace_back("Retry-After", "1");
-    co_await Respond(response, true);
+    co_await Respond(std::move(response), true);
     co_await Finish();
 }
 
@@ -171,10 +171,7 @@ Task<bool> Connection::ServeOne() {
     if (!isLetIn) co_return false;
     if (const std::string* const expected = request.Header("Expect")) co_await Encourage(*expected);
     while (!parser->TakeBody(bytes)) co_await ReadMore();
-    const HttpResponse response = co_await Answer(request);
-    const bool isLast = request.isLast || shared.isStopping;
-    co_await Respond(response, isLast);
-    co_return !isLast;
+    co_return co_await Answer(request);
 }
 
 Task<> Connection::ReadHead() {
@@ -210,7 +207,7 @@ Task<bool> Connection::LetIn(const HttpRequest& head) {
         refusal = shared.handler.AnswerHead(head);
     if (refusal) {
         if (head.method == "HEAD") refusal->body.clear();
-        co_await Respond(*refusal, true);
+        co_await Respond(std::move(*refusal), true);
         co_return false;
     }
     isWaiting = false;
@@ -267,12 +264,31 @@ Task<> Connection::Encourage(const std::string& expected) {
     if (!mof::SameName(expected, "100-continue"))
         throw HttpError(kExpectationFailed,
                         "This server cannot meet the expectation '" + expected + "'.");
-    co_await Write("HTTP/1.1 100 Continue\r\n\r\n", "");
+    // A braced temporary behind co_await is destroyed twice by GCC 12.
+    Outgoing encouragement;
+    encouragement.head = "HTTP/1.1 100 Continue\r\n\r\n";
+    co_await Send(std::move(encouragement));
+    LimitTime(begun, shared.limits.requestTime);
 }
 
-Task<HttpResponse> Connection::Answer(const HttpRequest& request) {
-    if (shared.handler.IsRun(request)) co_return co_await AnswerRun(request);
-    co_return co_await OnPool([&] { return shared.handler.Answer(request); });
+// False when the connection is to end.
+Task<bool> Connection::Answer(const HttpRequest& request) {
+    if (shared.handler.IsRun(request)) {
+        HttpResponse response = co_await AnswerRun(request);
+        const bool isLast = request.isLast || shared.isStopping;
+        co_await Respond(std::move(response), isLast);
+        co_return !isLast;
+    }
+    // What the socket takes at once goes from the pool's thread, which spares the client a wait.
+    Outgoing outgoing = co_await OnPool([&] {
+        HttpResponse response = shared.handler.Answer(request);
+        Outgoing made = Packed(std::move(response), request.isLast || shared.isStopping);
+        SendAtOnce(made);
+        return made;
+    });
+    const bool isLast = outgoing.isLast;
+    co_await Send(std::move(outgoing));
+    co_return !isLast;
 }
 
 Task<HttpResponse> Connection::AnswerRun(const HttpRequest& request) {
@@ -331,28 +347,43 @@ Task<> Connection::ReadMore() {
     if (failure) throw Lost();
 }
 
-Task<> Connection::Respond(const HttpResponse& response, bool isLast) {
-    shared.metrics.CountRequest(response.status);
-    LimitTime(Clock::now(), shared.limits.requestTime);
-    co_await Write(HeadOf(response, isLast), response.body);
+Connection::Outgoing Connection::Packed(HttpResponse response, bool isLast) const {
+    std::string head = HeadOf(response, isLast);
+    if (tls) head += response.body;  // for both to go in one record
+    return {std::move(head), tls ? "" : std::move(response.body), response.status, isLast};
 }
 
-Task<> Connection::Write(std::string head, const std::string& body) {
-    Failure failure;
-    if (tls) {
-        head += body;  // for both to go in one record
-        co_await asio::async_write(*tls, asio::buffer(head), Into(failure));
-    } else {
-        std::array<asio::const_buffer, 2> parts = {asio::buffer(head), asio::buffer(body)};
-        std::size_t sent = socket.write_some(parts, failure);
-        if (failure == asio::error::would_block) failure.clear();
+Task<> Connection::Respond(HttpResponse response, bool isLast) {
+    Outgoing outgoing = Packed(std::move(response), isLast);
+    co_await Send(std::move(outgoing));
+}
+
+// Sends what the socket takes without a wait. On whichever thread has the connection.
+void Connection::SendAtOnce(Outgoing& outgoing) {
+    if (tls) return;
+    const std::array<asio::const_buffer, 2> parts = {asio::buffer(outgoing.head),
+                                                     asio::buffer(outgoing.body)};
+    outgoing.sent = socket.write_some(parts, outgoing.failure);
+    if (outgoing.failure == asio::error::would_block) outgoing.failure.clear();
+}
+
+// Sends the rest.
+Task<> Connection::Send(Outgoing outgoing) {
+    if (outgoing.status != 0) shared.metrics.CountRequest(outgoing.status);
+    LimitTime(Clock::now(), shared.limits.requestTime);
+    if (outgoing.sent == 0 && !outgoing.failure) SendAtOnce(outgoing);
+    Failure failure = outgoing.failure;
+    if (!failure && tls) {
+        co_await asio::async_write(*tls, asio::buffer(outgoing.head), Into(failure));
+    } else if (!failure && outgoing.sent < outgoing.head.size() + outgoing.body.size()) {
+        std::array<asio::const_buffer, 2> parts = {asio::buffer(outgoing.head),
+                                                   asio::buffer(outgoing.body)};
         for (auto& part : parts) {
-            const std::size_t gone = std::min(sent, part.size());
+            const std::size_t gone = std::min(outgoing.sent, part.size());
             part += gone;
-            sent -= gone;
+            outgoing.sent -= gone;
         }
-        if (!failure && asio::buffer_size(parts) > 0)
-            co_await asio::async_write(socket, parts, Into(failure));
+        co_await asio::async_write(socket, parts, Into(failure));
     }
     if (failure || isTimedOut) throw Lost();
 }

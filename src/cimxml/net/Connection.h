@@ -11,6 +11,7 @@
 #include <poll.h>
 
 #include <array>
+#include <atomic>
 #include <boost/asio/awaitable.hpp>
 #include <boost/asio/basic_stream_socket.hpp>
 #include <boost/asio/basic_waitable_timer.hpp>
@@ -40,7 +41,7 @@ struct Shared {
     TlsContext tls;
     Turns hashes;
     Turns runs;
-    bool isStopping = false;
+    std::atomic<bool> isStopping = false;             // also read in the pool
     std::array<char, std::size_t{64} << 10> block{};  // for what a socket gives at once
 };
 
@@ -65,13 +66,24 @@ private:
     Task<bool> LetIn(const HttpRequest& head);
     Task<bool> Judge(const HttpRequest& head);
     Task<> Encourage(const std::string& expected);
-    Task<HttpResponse> Answer(const HttpRequest& request);
+    Task<bool> Answer(const HttpRequest& request);
     Task<HttpResponse> AnswerRun(const HttpRequest& request);
     Task<bool> AwaitTurn(Turns& turns, Turns::Ticket& ticket, Deadline end);
     Task<bool> AwaitRun(Turns::Ticket& ticket);
     Task<> ReadMore();
-    Task<> Respond(const HttpResponse& response, bool isLast);
-    Task<> Write(std::string head, const std::string& body);
+    // Bytes for the client, and how many of them have been sent.
+    struct Outgoing {
+        std::string head;
+        std::string body = {};
+        int status = 0;  // 0: no response
+        bool isLast = false;
+        std::size_t sent = 0;
+        boost::system::error_code failure = {};
+    };
+    Outgoing Packed(HttpResponse response, bool isLast) const;
+    Task<> Respond(HttpResponse response, bool isLast);
+    void SendAtOnce(Outgoing& outgoing);
+    Task<> Send(Outgoing outgoing);
     Task<> Finish();
     Task<> Rest(std::chrono::seconds time);
     template <class Work>

@@ -88,11 +88,11 @@ def run(folder, peers, password="sesame-open", k_g=None, **keys):
 
 
 def write_settings(command, peers, password="sesame-open", k_g=None, **keys):
-    """The settings file of such a run."""
+    """The settings file of such a run; the key oxc is that of all controllers."""
     keys["password_file"] = _write_secret(command, "password", password)
     if k_g is not None:
         keys["k_g_file"] = _write_secret(command, "k_g", k_g)
-    settings = MACHINE
+    settings = MACHINE + "[controllers]\n" + e2e.toml_keys({"oxc": keys.pop("oxc", False)})
     for peer in peers:
         address = {"transport": "lan", "host": "127.0.0.1", "port": peer.port}
         settings += "[[controller]]\n" + e2e.toml_keys({**address, "user": "tester", **keys})

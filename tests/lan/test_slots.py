@@ -23,6 +23,14 @@ def test_runs_at_once_wait_for_a_slot(tmp_path):
             assert_read(done)
 
 
+def test_runs_at_once_wait_for_a_controller_that_works_one_request_at_a_time(tmp_path):
+    with Peer(data=b"\0\0", seconds_otherwise=0.1) as peer, ThreadPoolExecutor(20) as pool:
+        for done in list(
+            pool.map(lambda number: run(tmp_path / str(number), [peer]), range(20))
+        ):
+            assert_read(done)
+
+
 def test_full_controller_is_told_as_such(tmp_path):
     with Peer(slots=0) as peer:
         done = run(tmp_path, [peer])

@@ -6,6 +6,8 @@
 #include <platform/settings/FileText.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <cerrno>
 #include <vector>
 
@@ -53,9 +55,19 @@ std::string CheckBefore(const ProbedNode& node, const std::string& code) {
                : "";
 }
 
+// Whether the trouble came from the controller itself.
 bool HasAnswered(const std::string& code) {
     using enum platform::TroubleCode;
-    return code == NameOf(Busy) || code == NameOf(Refused);
+    constexpr std::array kAnswers = {Busy,
+                                     Refused,
+                                     NoSession,
+                                     RefusedUser,
+                                     RefusedPassword,
+                                     RefusedPrivilege,
+                                     RefusedAuthentication,
+                                     RefusedLogin,
+                                     UnusableAnswers};
+    return std::ranges::any_of(kAnswers, [&](auto answer) { return code == NameOf(answer); });
 }
 
 std::string GeneralAdvice(const ProbedNode& node) {

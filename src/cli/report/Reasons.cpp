@@ -1,7 +1,10 @@
 #include <cli/Text.h>
 #include <cli/report/Names.h>
 #include <cli/report/Reasons.h>
+#include <platform/service_processor/TransportError.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <utility>
 
@@ -77,6 +80,24 @@ std::string AdviceOf(const ControllerResult& controller) {
                          : "Find out why it was not examined in full, then run the test again.";
 }
 
+// What came instead of an answer to the command.
+std::string Undelivered(const ControllerResult& controller) {
+    using enum platform::TroubleCode;
+    constexpr std::array kRefusals = {NoSession,
+                                      RefusedUser,
+                                      RefusedPassword,
+                                      RefusedPrivilege,
+                                      RefusedAuthentication,
+                                      RefusedLogin,
+                                      Refused,
+                                      Busy};
+    const std::string code = controller.trouble ? controller.trouble->code : "";
+    if (code == NameOf(UnusableAnswers)) return "no usable answer";
+    const bool isRefused =
+        std::ranges::any_of(kRefusals, [&](auto refusal) { return code == NameOf(refusal); });
+    return isRefused ? "no session" : "no answer";
+}
+
 }  // namespace
 
 bool IsWhollyExamined(const ControllerResult& controller) {
@@ -87,7 +108,7 @@ bool IsWhollyExamined(const ControllerResult& controller) {
 std::string ShortReason(const ControllerResult& controller) {
     switch (controller.outcome) {
         case Outcome::NotDelivered:
-            return "not examined: no answer";
+            return "not examined: " + Undelivered(controller);
         case Outcome::UnusableAnswer:
             return "not examined: answer too short";
         case Outcome::Refused:

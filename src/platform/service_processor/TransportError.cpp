@@ -6,8 +6,6 @@ std::string NameOf(TroubleCode code) {
     switch (code) {
         case TroubleCode::Request:
             return "request";
-        case TroubleCode::Settings:
-            return "settings";
         case TroubleCode::NotPresent:
             return "not_present";
         case TroubleCode::NoDevice:

@@ -11,7 +11,6 @@ namespace platform {
 
 enum class TroubleCode {
     Request,                // the request cannot be sent as it is
-    Settings,               // a setting of the controller is wrong
     NotPresent,             // simulated: the profile says that it does not exist
     NoDevice,               // in-band: the device does not exist
     Permission,             // in-band: the device may not be opened

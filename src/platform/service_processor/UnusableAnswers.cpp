@@ -25,6 +25,7 @@ std::string FlawInWords(Flaw flaw) {
         case Flaw::Command:
             return "to another command";
         case Flaw::Late:
+            return "to an earlier request";
         case Flaw::Unreadable:
             break;
     }
@@ -32,10 +33,6 @@ std::string FlawInWords(Flaw flaw) {
 }
 
 }  // namespace
-
-void UnusableAnswers::Add(Flaw flaw) {
-    if (flaw != Flaw::Late) ++counts[flaw];
-}
 
 std::string UnusableAnswers::InWords() const {
     std::string words;

@@ -8,7 +8,7 @@ namespace platform {
 
 // Why a message does not answer the request.
 enum class Flaw {
-    Late,  // it answers an earlier request of the session: nothing is wrong with it
+    Late,  // it answers an earlier request of the session
     Unreadable,
     TooShort,
     Checksum,
@@ -23,7 +23,7 @@ enum class Flaw {
 
 class UnusableAnswers {
 public:
-    void Add(Flaw flaw);
+    void Add(Flaw flaw) { ++counts[flaw]; }
 
     bool IsEmpty() const { return counts.empty(); }
 

@@ -46,6 +46,7 @@ int Receive(ipmi_recv& place) {
     const FakeKernel::Request& request = FakeKernel::requests.back();
     const std::size_t fitting = std::min<std::size_t>(message.data.size(), place.msg.data_len);
     place.recv_type = message.kind;
+    reinterpret_cast<ipmi_addr*>(place.addr)->addr_type = message.addressType;
     place.msgid = message.messageId.value_or(request.messageId);
     place.msg.netfn = message.netFn.value_or(static_cast<std::uint8_t>(request.netFn + 1));
     place.msg.cmd = message.command.value_or(request.command);

@@ -19,7 +19,8 @@ public:
     // request.
     struct Message {
         std::chrono::milliseconds after{0};
-        int kind = 1;  // IPMI_RESPONSE_RECV_TYPE
+        int kind = 1;            // IPMI_RESPONSE_RECV_TYPE
+        int addressType = 0x0C;  // IPMI_SYSTEM_INTERFACE_ADDR_TYPE
         std::optional<long> messageId = std::nullopt;
         std::optional<std::uint8_t> netFn = std::nullopt;
         std::optional<std::uint8_t> command = std::nullopt;

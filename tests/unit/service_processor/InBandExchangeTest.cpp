@@ -124,6 +124,7 @@ TEST_F(InBandExchange, AnswersToOtherRequestsFirst_AreIgnored) {
     FakeKernel::messages = {{.messageId = -1, .data = {0x00, 0x07}},
                             {.netFn = 0x07, .data = {0x00, 0x07}},
                             {.command = 0x01, .data = {0x00, 0x07}},
+                            {.addressType = IPMI_IPMB_ADDR_TYPE, .data = {0x00, 0x07}},
                             {.data = {0x00, 0x01}}};
     EXPECT_THAT(Send().data, ElementsAre(0x01));
 }
@@ -131,14 +132,16 @@ TEST_F(InBandExchange, AnswersToOtherRequestsFirst_AreIgnored) {
 TEST_F(InBandExchange, AnswersToOtherRequestsOnly_AreCountedByKind) {
     FakeKernel::messages = {{.messageId = -1, .data = {0x00, 0x07}},
                             {.netFn = 0x07, .data = {0x00, 0x07}},
+                            {.addressType = IPMI_IPMB_ADDR_TYPE, .data = {0x00, 0x07}},
                             {.netFn = 0x3A, .data = {0x00, 0x07}},
                             {.command = 0x01, .data = {0x00, 0x07}}};
     EXPECT_EQ(Trouble(),
               (ThrownTrouble{TroubleCode::UnusableAnswers,
                              "The controller behind /dev/ipmi0 sent nothing usable within 4 s, but "
-                             "1 answer with another sequence number, 2 answers with another "
-                             "network function, 1 answer to another command. Try again; if that "
-                             "does not help, restart the controller."}));
+                             "1 answer with another sequence number, 1 answer from another "
+                             "responder address, 2 answers with another network function, 1 answer "
+                             "to another command. Try again; if that does not help, restart the "
+                             "controller."}));
 }
 
 TEST_F(InBandExchange, EndlessAnswersToOthers_EndAtTheTimeLimit) {

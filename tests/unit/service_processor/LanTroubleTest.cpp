@@ -187,9 +187,9 @@ TEST(CompletionCodeOfTheOpening, IsPutIntoWords) {
 }
 
 TEST(CompletionCodeOfTheOpening, BusyController_IsAskedLater) {
-    const Expected busy{TroubleCode::NoSession,
-                        "has no session free: completion code 0xc0 (the controller is busy).",
-                        kCloseOne, Retry::Later};
+    const Expected busy{TroubleCode::Busy,
+                        "is busy: completion code 0xc0 (the controller is busy).",
+                        "Wait a while, then run the test again.", Retry::Later};
     ExpectFailure(Refused(Account20(), Step::Capabilities, 0xC0), busy);
     ExpectFailure(Refused(Account15(), Step::Challenge, 0xC0), busy);
     ExpectFailure(Refused(Account15(), Step::Activation, 0xC0), busy);
@@ -259,12 +259,14 @@ TEST(FellSilent, UnusableAnswers_AreCounted) {
                    kRestart, Retry::Once});
 }
 
-TEST(FellSilent, LateAnswersToEarlierRequests_AreSilence) {
+TEST(FellSilent, AnswersToEarlierRequests_AreTold) {
     Silence silence;
     silence.unusable.Add(Flaw::Late);
     ExpectFailure(FellSilent(Account20(), Stage::LoggedIn, silence, kLimit),
-                  {TroubleCode::NoAnswer, "opened a session, but did not answer the command.",
-                   "If it is slow, raise its time_limit.", Retry::Once});
+                  {TroubleCode::UnusableAnswers,
+                   "sent nothing usable within 4 s in answer to the command, but 1 answer to an "
+                   "earlier request.",
+                   kRestart, Retry::Once});
 }
 
 TEST(FellSilent, ErrorOfTheNetwork_IsNamed) {

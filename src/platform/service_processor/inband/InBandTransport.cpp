@@ -22,6 +22,7 @@ std::optional<Flaw> FlawOf(const IpmiDevice::Message& message, const IpmiRequest
                            long messageId) {
     constexpr std::uint8_t kAnswerBit = 0x01;
     if (message.messageId != messageId) return Flaw::Sequence;
+    if (!message.isFromController) return Flaw::Responder;
     if (message.netFn != (request.netFn | kAnswerBit)) return Flaw::NetworkFunction;
     if (message.command != request.command) return Flaw::Command;
     return std::nullopt;

@@ -126,6 +126,7 @@ std::optional<IpmiDevice::Message> IpmiDevice::Receive(Time end, const std::atom
         if (result >= 0 || errno == EMSGSIZE) {
             const auto length = std::min<std::size_t>(received.msg.data_len, data.size());
             return Message{.isAnswer = received.recv_type == IPMI_RESPONSE_RECV_TYPE,
+                           .isFromController = sender.addr_type == IPMI_SYSTEM_INTERFACE_ADDR_TYPE,
                            .messageId = received.msgid,
                            .netFn = received.msg.netfn,
                            .command = received.msg.cmd,

@@ -34,7 +34,8 @@ public:
     // The next message of the driver, whatever it answers; nothing when none comes until `end`, or
     // soon after `stop` has become true. Throws TransportError.
     struct Message {
-        bool isAnswer = false;  // else an event, or a request to this program
+        bool isAnswer = false;          // else an event, or a request to this program
+        bool isFromController = false;  // else from another address of its busses
         long messageId = 0;
         std::uint8_t netFn = 0;
         std::uint8_t command = 0;

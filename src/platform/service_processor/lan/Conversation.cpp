@@ -15,16 +15,18 @@ LanChannel::Read Conversation::Reader(const LanFormat& format, const LanMessage&
     };
 }
 
-IpmiAnswer Conversation::Ask(LanFormat& format, const IpmiRequest& request) {
+IpmiAnswer Conversation::Ask(LanFormat& format, const IpmiRequest& request,
+                             LanChannel::Patience patience) {
     const LanMessage message = Next(request);
     IpmiAnswer answer;
-    channel.Exchange([&] { return format.Pack(message); }, Reader(format, message, answer));
+    channel.Exchange([&] { return format.Pack(message); }, Reader(format, message, answer),
+                     patience);
     return answer;
 }
 
 Bytes Conversation::AskStep(LanFormat& format, Step step, const IpmiRequest& request,
                             std::size_t least) {
-    IpmiAnswer answer = Ask(format, request);
+    IpmiAnswer answer = Ask(format, request, LanChannel::Patience::Short);
     if (answer.completionCode != kCompleted) throw Refused(account, step, answer.completionCode);
     if (answer.data.size() < least) throw Failure(account, kCutShort);
     return std::move(answer.data);

@@ -12,8 +12,10 @@ public:
     Conversation(const LanAccount& lanAccount, LanChannel& lanChannel)
         : account(lanAccount), channel(lanChannel) {}
 
-    // As LanChannel::Exchange().
-    IpmiAnswer Ask(LanFormat& format, const IpmiRequest& request);
+    // The answer to the command that the session is for. Throws as LanChannel::Exchange().
+    IpmiAnswer Ask(LanFormat& format, const IpmiRequest& request) {
+        return Ask(format, request, LanChannel::Patience::Most);
+    }
 
     // The data of the answer to a step of the opening. Throws LanFailure when the controller
     // refuses the step, or has fewer bytes than `least` in its answer.
@@ -26,6 +28,7 @@ public:
     void Abandon(LanFormat& format, const IpmiRequest& request);
 
 private:
+    IpmiAnswer Ask(LanFormat& format, const IpmiRequest& request, LanChannel::Patience patience);
     LanMessage Next(const IpmiRequest& request) { return {request, ++sequence}; }
     LanChannel::Read Reader(const LanFormat& format, const LanMessage& message,
                             IpmiAnswer& answer) const;

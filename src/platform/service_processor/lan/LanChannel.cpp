@@ -20,14 +20,21 @@ LanChannel::LanChannel(const std::string& address, std::uint16_t port, TimeAllow
                        Time requestDeadline)
     : socket(address, port), allowance(timeAllowance), deadline(requestDeadline) {}
 
-int LanChannel::Exchange(const Write& write, const Read& read) {
-    const milliseconds shortest = std::min(kSecond, allowance.limit / 2);
-    return Repeat(write, read,
-                  {.first = std::max(allowance.limit / 4, shortest), .limit = allowance.limit});
+int LanChannel::Exchange(const Write& write, const Read& read, Patience patience) {
+    const Time begin = Now();
+    const int sent = Repeat(write, read, {.first = FirstWait(patience), .limit = allowance.limit});
+    slowest = std::max(slowest, std::chrono::duration_cast<milliseconds>(Now() - begin));
+    repetitions += sent - 1;
+    return sent;
 }
 
-int LanChannel::ExchangePatiently(const Write& write, const Read& read) {
-    return Repeat(write, read, {.first = allowance.limit / 2, .limit = allowance.limit});
+milliseconds LanChannel::FirstWait(Patience patience) const {
+    const milliseconds limit = allowance.limit;
+    const milliseconds latest = limit * 9 / 10;
+    const milliseconds usual = patience == Patience::Short  ? std::max(limit / 4, kSecond)
+                               : patience == Patience::Long ? limit / 2
+                                                            : latest;
+    return std::min(std::max(usual, 2 * slowest), latest);
 }
 
 void LanChannel::Finish(const Write& write, const Read& read) {
@@ -40,7 +47,7 @@ void LanChannel::Finish(const Write& write, const Read& read) {
 }
 
 int LanChannel::Repeat(const Write& write, const Read& read, Pace pace) {
-    const Time end = std::min(Now() + pace.limit, deadline);
+    Time end = std::min(Now() + pace.limit, deadline);
     Silence silence;
     socket.ForgetError();
     Time next = Now();
@@ -62,7 +69,13 @@ int LanChannel::Repeat(const Write& write, const Read& read, Pace pace) {
         if (!packet) continue;
         const std::optional<Flaw> flaw = read(*packet);
         if (!flaw) return sent;
-        silence.unusable.Add(*flaw);
+        if (*flaw == Flaw::Late && repetitions > 0) {
+            --repetitions;
+            end = std::min(Now() + pace.limit, deadline);
+            next = std::max(next, Now() + pace.first);
+        } else {
+            silence.unusable.Add(*flaw);
+        }
     }
 }
 

@@ -70,12 +70,12 @@ private:
         return false;
     }
 
-    // It may take a second longer than the session before it.
+    // It may take a second longer than the session before it, but no less than the time limit.
     bool BeginSecondTry(const lan::LanFailure& failure) {
         const Time now = Now();
         if (first || now >= allowance.end) return false;
         first = failure;
-        deadline = now + (now - begin) + kSpareSecond;
+        deadline = now + std::max<Time::duration>(now - begin, allowance.limit) + kSpareSecond;
         return true;
     }
 

@@ -12,8 +12,8 @@ public:
 
     // Opens a session, sends and closes. Another session follows
     // - once, when the controller fell silent after it had answered something, or lost track of the
-    //   session. It takes no more than a second longer than the first one, so a controller that
-    //   falls silent at once is given up after twice the time limit and a second;
+    //   session. It takes no more than a second longer than the first one (or than the time limit),
+    //   so a controller that falls silent at once is given up after twice the limit and a second;
     // - after a pause, as long as the controller has no session free.
     IpmiAnswer Send(const IpmiRequest& request, TimeAllowance allowance) override;
 

@@ -14,6 +14,8 @@ namespace {
 constexpr Fault kNoSession{TroubleCode::NoSession,
                            "The controller at <host> has no session free: <reason>.",
                            "Close one, or try again.", Retry::Later};
+constexpr Fault kBusy{TroubleCode::Busy, "The controller at <host> is busy: <reason>.",
+                      "Wait a while, then run the test again.", Retry::Later};
 constexpr Fault kUnknownUser{TroubleCode::RefusedUser,
                              "The controller at <host> does not know the user '<user>': <reason>.",
                              "Correct the setting user."};
@@ -123,7 +125,7 @@ constexpr struct {
     {{}, kCapabilitiesRefused},
     {kChallengeCodes, kLogInRefused},
     {kActivationCodes, kLogInRefused},
-    {kPrivilegeCodes, kLevelRefused},
+    {kPrivilegeCodes, kLogInRefused},
 };
 
 // Null when the code is not among them.
@@ -171,10 +173,11 @@ LanFailure Failure(const LanAccount& account, const Fault& fault, Places places)
 
 LanFailure Refused(const LanAccount& account, Step step, std::uint8_t completionCode) {
     const auto& [codes, otherwise] = kSteps[static_cast<std::size_t>(step)];
-    const bool isBusy = completionCode == kNodeBusy || completionCode == kStarting;
+    const bool isBusy = completionCode == kNodeBusy || completionCode == kStarting ||
+                        completionCode == kControllerBusy;
     const Refusal* const known = Find(codes, completionCode);
     return Failure(account,
-                   isBusy             ? kNoSession
+                   isBusy             ? kBusy
                    : known != nullptr ? known->fault
                                       : otherwise,
                    {{"reason", "completion code " + Hexadecimal(completionCode) +

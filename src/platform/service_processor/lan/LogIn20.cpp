@@ -125,8 +125,8 @@ FiidObject RmcpPlusHandshake::Ask(const HandshakeStep& step, const FiidObject& m
     };
     // A repeated Open Session may take a second slot, a repeated RAKP 1 another random number.
     const bool isLast = step.number == kRakp3.number;
-    const int sent =
-        isLast ? channel.Exchange(write, read) : channel.ExchangePatiently(write, read);
+    const int sent = channel.Exchange(
+        write, read, isLast ? LanChannel::Patience::Short : LanChannel::Patience::Long);
     const auto status = static_cast<std::uint8_t>(answer.Number("rmcpplus_status_code"));
     if (status != RMCPPLUS_STATUS_NO_ERRORS) {
         LanFailure refusal = StatusRefused(account, status);

@@ -2,6 +2,8 @@
 #include <host/broker/Services.h>
 #include <host/loading/Factories.h>
 #include <host/loading/RegistrationsFile.h>
+#include <host/requests/AssociationRequests.h>
+#include <host/requests/MethodRequests.h>
 #include <mof/Reader.h>
 
 #include <utility>
@@ -35,10 +37,6 @@ std::vector<Registration> ReadServable(const HostFiles& files, const ClassReposi
     return registrations;
 }
 
-struct PlainAnswer {
-    Status status;
-};
-
 }  // namespace
 
 struct Host::State {
@@ -51,8 +49,7 @@ struct Host::State {
           providers(module, broker, classes, sink),
           instances(router, providers, sink),
           associations(router, providers, instances, sink),
-          methods(router, providers),
-          threads(classes) {
+          methods(router, providers) {
         CheckFactories(module, registrations);
     }
 
@@ -70,8 +67,7 @@ struct Host::State {
     InstanceRequests instances;
     AssociationRequests associations;
     MethodRequests methods;
-    AttachedThreads threads;
-    const Services services{classes, instances, associations, methods, threads, sink};
+    const Services services{classes, instances};
     const CMPIBroker broker{&services, &kUpCalls, &kFactories, nullptr, nullptr};
 };
 
@@ -101,28 +97,6 @@ InstancesResult Host::GetInstance(const ObjectPath& instancePath,
         answer.instances.push_back(
             state->instances.Get(ClientContext(instancePath.nameSpace), instancePath, properties));
     });
-}
-
-Status Host::CreateInstance(const ObjectPath& classPath, const Instance& instance) {
-    return Answered<PlainAnswer>([&](PlainAnswer&) {
-               state->instances.Create(ClientContext(classPath.nameSpace), classPath, instance);
-           })
-        .status;
-}
-
-Status Host::ModifyInstance(const ObjectPath& instancePath, const Instance& instance) {
-    return Answered<PlainAnswer>([&](PlainAnswer&) {
-               state->instances.Modify(ClientContext(instancePath.nameSpace), instancePath,
-                                       instance, nullptr);
-           })
-        .status;
-}
-
-Status Host::DeleteInstance(const ObjectPath& instancePath) {
-    return Answered<PlainAnswer>([&](PlainAnswer&) {
-               state->instances.Delete(ClientContext(instancePath.nameSpace), instancePath);
-           })
-        .status;
 }
 
 InstancesResult Host::Associators(const ObjectPath& source, const std::string& associationClass,

@@ -44,7 +44,7 @@ struct MethodResult {
 
 class Host {
 public:
-    // Loads everything; `sink` takes what the providers log and trace. Throws LoadError.
+    // Loads everything; `sink` takes what the host has to tell. Throws LoadError.
     explicit Host(const HostFiles& files, MessageSink sink = {});
 
     // Cleans up every interface, as a CIMOM does when it ends, and closes the module (unless one of
@@ -69,9 +69,6 @@ public:
     NamesResult EnumerateInstanceNames(const ObjectPath& classPath);
     InstancesResult GetInstance(const ObjectPath& instancePath,
                                 const std::vector<std::string>* properties = nullptr);
-    Status CreateInstance(const ObjectPath& classPath, const Instance& instance);
-    Status ModifyInstance(const ObjectPath& instancePath, const Instance& instance);
-    Status DeleteInstance(const ObjectPath& instancePath);
     InstancesResult Associators(const ObjectPath& source, const std::string& associationClass,
                                 const std::string& resultClass, const std::string& role,
                                 const std::string& resultRole,

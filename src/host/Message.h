@@ -1,5 +1,7 @@
-// What providers, and the host itself, have to tell whoever runs the host.
+// What the host has to tell whoever runs it.
 #pragma once
+
+#include <cmpi/cmpi.h>
 
 #include <functional>
 #include <string>
@@ -7,11 +9,8 @@
 namespace host {
 
 struct Message {
-    enum class Kind { Log, Trace };
-
-    Kind kind = Kind::Log;
-    int level = 0;  // a CMPISeverity of a log message, a CMPILevel of a trace message
-    std::string component;
+    CMPISeverity severity = CMPI_SEV_INFO;
+    std::string component;  // the provider
     std::string text;
 };
 

@@ -19,7 +19,7 @@ public:
     bool isInArena = false;  // false for a clone, which lives until it is released
 };
 
-// An arena belongs to one thread at a time, so it needs no lock.
+// An arena belongs to one thread, so it needs no lock.
 class Arena {
 public:
     explicit Arena(const ClassRepository& repository) : classes(repository) {}

@@ -134,8 +134,4 @@ Instance Exported(const InstanceData& data);
 // The instance's path: its name space and class, and the key properties that are not NULL.
 ObjectPath PathOf(const InstanceData& data);
 
-// The handle type of any CMPI object of the host ("CMPIInstance", ...); null for anything else.
-// Throws Failure for null.
-const char* TypeNameOf(const void* object);
-
 }  // namespace host

@@ -13,13 +13,6 @@ namespace {
 
 CMPIObjectPath* PathObject(const Target& target) { return Make<CMPIObjectPath>({target.path}); }
 
-// The object of an instance that a request carries, under the target's class.
-CMPIInstance* InstanceObject(const ClassRepository& classes, const Target& target,
-                             Instance instance) {
-    instance.path = target.path;
-    return Make<CMPIInstance>(Imported(classes, instance));
-}
-
 template <class Object>
 void Append(std::vector<Object>& all, std::vector<Object> part) {
     all.insert(all.end(), std::make_move_iterator(part.begin()),
@@ -125,43 +118,6 @@ std::vector<Instance> InstanceRequests::GotByEnumeration(const ContextEntries& c
         return !SameObject(instance.path, target.path);
     });
     return instances;
-}
-
-ObjectPath InstanceRequests::Create(const ContextEntries& context, const ObjectPath& classPath,
-                                    const Instance& instance) {
-    const Target target = router.One(classPath, kInstanceType);
-    auto& mi = providers.Get<CMPIInstanceMI>(target.registration->provider);
-    const ProviderCall call = Call(context, target, CMPI_ref);
-    CMPIInstance* const object = InstanceObject(router.Classes(), target, instance);
-    call.Run([&] {
-        return Implemented(mi.ft->createInstance)(&mi, call.Context(), call.Result(),
-                                                  PathObject(target), object);
-    });
-    auto paths = call.Paths(target.path.nameSpace);
-    return paths.empty() ? PathOf(Data(object)) : std::move(paths.front());
-}
-
-void InstanceRequests::Modify(const ContextEntries& context, const ObjectPath& path,
-                              const Instance& instance, PropertyList properties) {
-    const Target target = router.One(path, kInstanceType);
-    auto& mi = providers.Get<CMPIInstanceMI>(target.registration->provider);
-    const ProviderCall call = Call(context, target, CMPI_null);
-    CMPIInstance* const object = InstanceObject(router.Classes(), target, instance);
-    NameList names(properties);
-    call.Run([&] {
-        return Implemented(mi.ft->modifyInstance)(&mi, call.Context(), call.Result(),
-                                                  PathObject(target), object, names.Get());
-    });
-}
-
-void InstanceRequests::Delete(const ContextEntries& context, const ObjectPath& path) {
-    const Target target = router.One(path, kInstanceType);
-    auto& mi = providers.Get<CMPIInstanceMI>(target.registration->provider);
-    const ProviderCall call = Call(context, target, CMPI_null);
-    call.Run([&] {
-        return Implemented(mi.ft->deleteInstance)(&mi, call.Context(), call.Result(),
-                                                  PathObject(target));
-    });
 }
 
 }  // namespace host

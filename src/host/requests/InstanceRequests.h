@@ -30,14 +30,6 @@ public:
     // for among those that the provider enumerates.
     Instance Get(const ContextEntries& context, const ObjectPath& path, PropertyList properties);
 
-    // Returns the new instance's path.
-    ObjectPath Create(const ContextEntries& context, const ObjectPath& classPath,
-                      const Instance& instance);
-
-    void Modify(const ContextEntries& context, const ObjectPath& path, const Instance& instance,
-                PropertyList properties);
-    void Delete(const ContextEntries& context, const ObjectPath& path);
-
 private:
     std::vector<Instance> GotFromProvider(const ContextEntries& context, const Target& target,
                                           PropertyList properties);

@@ -77,7 +77,7 @@ void ProviderTable::CleanUpAll(const Slots<Interface>& all) {
             if (code == CMPI_RC_DO_NOT_UNLOAD || code == CMPI_RC_NEVER_UNLOAD)
                 module.KeepLoaded();
             else if (sink)
-                sink({Message::Kind::Log, CMPI_SEV_ERROR, provider, failure.status.text});
+                sink({CMPI_SEV_ERROR, provider, failure.status.text});
         }
     }
 }

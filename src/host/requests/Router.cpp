@@ -92,7 +92,7 @@ void AskEach(const std::vector<Target>& targets, const MessageSink& sink,
             if (!firstError) firstError = failure.status;
             if (sink && targets.size() > 1)
                 sink(
-                    {Message::Kind::Log, CMPI_SEV_WARNING, target.registration->provider,
+                    {CMPI_SEV_WARNING, target.registration->provider,
                      "The class '" + target.cls->Name() + "' is left out: " + failure.status.text});
         }
     }

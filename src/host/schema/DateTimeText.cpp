@@ -1,9 +1,7 @@
-#include <host/Status.h>
 #include <host/schema/DateTimeText.h>
 
 #include <algorithm>
 #include <chrono>
-#include <cstdio>
 
 namespace host {
 
@@ -18,8 +16,6 @@ using std::chrono::seconds;
 constexpr std::size_t kLength = 25;
 constexpr std::size_t kPointAt = 14;
 constexpr std::size_t kSignAt = 21;
-constexpr std::uint64_t kMostIntervalDays = 99999999;
-constexpr int kLastYear = 9999;
 constexpr int kLeapYear = 2000;  // stands for an unknown year
 
 // The number in a field; its unknown digits read as 0.
@@ -57,30 +53,6 @@ microseconds TimeOfDay(const std::string& text) {
            microseconds(Field(text, 15, 6));
 }
 
-// The last argument is a time stamp's offset or an interval's mark.
-std::string Format(const std::string& date, microseconds timeOfDay, const char* tail) {
-    const std::chrono::hh_mm_ss time(timeOfDay);
-    char text[kLength + 1];
-    std::snprintf(text, sizeof text, "%.8s%02u%02u%02u.%06u%.4s", date.c_str(),
-                  static_cast<unsigned int>(time.hours().count()) % 24,
-                  static_cast<unsigned int>(time.minutes().count()) % 60,
-                  static_cast<unsigned int>(time.seconds().count()) % 60,
-                  static_cast<unsigned int>(time.subseconds().count()) % 1000000, tail);
-    return text;
-}
-
-std::string DigitsOf(std::uint64_t number, std::size_t count) {
-    const std::string digits = std::to_string(number);
-    return std::string(count - std::min(count, digits.size()), '0') + digits;
-}
-
-std::string DateText(std::chrono::sys_days day) {
-    const std::chrono::year_month_day date(day);
-    return DigitsOf(static_cast<std::uint64_t>(static_cast<int>(date.year())), 4) +
-           DigitsOf(static_cast<unsigned int>(date.month()), 2) +
-           DigitsOf(static_cast<unsigned int>(date.day()), 2);
-}
-
 }  // namespace
 
 bool IsInterval(const std::string& text) { return text[kSignAt] == ':'; }
@@ -100,26 +72,6 @@ std::uint64_t ToMicroseconds(const std::string& text) {
     const auto time = std::chrono::sys_days(DateOf(text)) + TimeOfDay(text) - offset;
     return static_cast<std::uint64_t>(
         std::max<std::int64_t>(0, microseconds(time.time_since_epoch()).count()));
-}
-
-std::string FromMicroseconds(std::uint64_t count, bool isInterval) {
-    constexpr std::uint64_t kPerDay = microseconds(days(1)).count();
-    const std::uint64_t wholeDays = count / kPerDay;
-    const microseconds timeOfDay(count % kPerDay);
-    const std::chrono::sys_days last = std::chrono::year(kLastYear) / 12 / 31;
-    const auto mostDays = isInterval ? kMostIntervalDays
-                                     : static_cast<std::uint64_t>(last.time_since_epoch().count());
-    if (wholeDays > mostDays)
-        throw Failure(CMPI_RC_ERR_INVALID_PARAMETER,
-                      "A date-time cannot hold " + std::to_string(count) + " microseconds.");
-    if (isInterval) return Format(DigitsOf(wholeDays, 8), timeOfDay, ":000");
-    return Format(DateText(std::chrono::sys_days(days(wholeDays))), timeOfDay, "+000");
-}
-
-std::string CurrentDateTime() {
-    const auto now = std::chrono::system_clock::now().time_since_epoch();
-    return FromMicroseconds(
-        static_cast<std::uint64_t>(std::chrono::duration_cast<microseconds>(now).count()), false);
 }
 
 }  // namespace host

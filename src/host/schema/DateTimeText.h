@@ -17,11 +17,4 @@ bool IsInterval(const std::string& text);
 // Microseconds of an interval, or of a time stamp since 1970 in UTC (0 for earlier ones).
 std::uint64_t ToMicroseconds(const std::string& text);
 
-// The date-time of so many microseconds, time stamps in UTC. Throws Failure
-// (CMPI_RC_ERR_INVALID_PARAMETER) when its days or years have more digits than there are.
-std::string FromMicroseconds(std::uint64_t microseconds, bool isInterval);
-
-// The current time.
-std::string CurrentDateTime();
-
 }  // namespace host

@@ -1,3 +1,5 @@
+#include <host/objects/Objects.h>
+
 #include "HostFixture.h"
 
 namespace host {
@@ -7,9 +9,9 @@ class ArgsObjectTest : public HostTest {};
 class ContextObjectTest : public HostTest {};
 
 TEST_F(ArgsObjectTest, Arguments_AreReadByNameAndIndex) {
-    InProvider([](const ProviderSide& provider) {
+    InProvider([](const ProviderSide&) {
         CMPIStatus status{};
-        CMPIArgs* const args = provider.broker->eft->newArgs(provider.broker, &status);
+        CMPIArgs* const args = Make<CMPIArgs>({});
         EXPECT_EQ(args->ft->getArgCount(args, &status), 0U);
         CMPIValue number{};
         number.uint32 = 5;
@@ -30,9 +32,9 @@ TEST_F(ArgsObjectTest, Arguments_AreReadByNameAndIndex) {
 }
 
 TEST_F(ArgsObjectTest, MissingArgument_IsNotFound) {
-    InProvider([](const ProviderSide& provider) {
+    InProvider([](const ProviderSide&) {
         CMPIStatus status{};
-        CMPIArgs* const args = provider.broker->eft->newArgs(provider.broker, &status);
+        CMPIArgs* const args = Make<CMPIArgs>({});
         EXPECT_EQ(args->ft->getArg(args, "A", &status).state, CMPI_notFound);
         EXPECT_THAT(status, IsError(CMPI_RC_ERR_NOT_FOUND, "There is no argument 'A'."));
         args->ft->getArgAt(args, 0, nullptr, &status);
@@ -41,9 +43,9 @@ TEST_F(ArgsObjectTest, MissingArgument_IsNotFound) {
 }
 
 TEST_F(ArgsObjectTest, Misuse_IsRefused) {
-    InProvider([](const ProviderSide& provider) {
+    InProvider([](const ProviderSide&) {
         CMPIStatus status{};
-        CMPIArgs* const args = provider.broker->eft->newArgs(provider.broker, &status);
+        CMPIArgs* const args = Make<CMPIArgs>({});
         const CMPIArgsFT& table = *args->ft;
         EXPECT_THAT(table.addArg(args, nullptr, Chars("x"), CMPI_chars),
                     IsError(CMPI_RC_ERR_INVALID_PARAMETER, "The argument's name is NULL."));

@@ -44,7 +44,7 @@ TEST_F(LifetimeTest, FailingCleanup_IsLogged) {
     module.SetCleanupAnswer(CMPI_RC_ERR_FAILED);
     host.reset();
     ASSERT_EQ(messages.size(), 1U);
-    EXPECT_EQ(messages[0].level, CMPI_SEV_ERROR);
+    EXPECT_EQ(messages[0].severity, CMPI_SEV_ERROR);
     EXPECT_EQ(messages[0].component, "T_Thing_Provider");
     EXPECT_EQ(messages[0].text,
               "The provider 'T_Thing_Provider' answered with code 1 and without a text.");

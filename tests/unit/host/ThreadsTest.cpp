@@ -43,28 +43,7 @@ TEST_F(ThreadsTest, ParallelFirstRequests_MakeEachInterfaceOnce) {
     EXPECT_EQ(module.TakeInterfaceCounts().made, 1);
 }
 
-TEST_F(ThreadsTest, AttachedThread_MakesObjectsAndUpCalls) {
-    InProvider([](const ProviderSide& provider) {
-        const CMPIBroker* const broker = provider.broker;
-        CMPIContext* const context = broker->bft->prepareAttachThread(broker, provider.context);
-        ASSERT_TRUE(context);
-        std::thread([&] {
-            EXPECT_THAT(broker->bft->attachThread(broker, context), IsError(CMPI_RC_OK, ""));
-            CMPIStatus status{};
-            EXPECT_EQ(TextOf(provider.NewString("x")), "x");
-            EXPECT_TRUE(broker->bft->enumerateInstances(
-                broker, context, provider.NewPath("T_Thing"), nullptr, &status));
-            EXPECT_EQ(status.rc, CMPI_RC_OK);
-            EXPECT_THAT(
-                broker->bft->attachThread(broker, context),
-                IsError(CMPI_RC_ERR_FAILED, "The thread, or the context, is attached already."));
-            EXPECT_EQ(broker->bft->detachThread(broker, context).rc, CMPI_RC_OK);
-            EXPECT_EQ(broker->bft->detachThread(broker, context).rc, CMPI_RC_ERR_INVALID_HANDLE);
-        }).join();
-    });
-}
-
-TEST_F(ThreadsTest, UnattachedThread_CannotMakeObjects) {
+TEST_F(ThreadsTest, ThreadWithoutARequest_CannotMakeObjects) {
     InProvider([](const ProviderSide& provider) {
         const CMPIBroker* const broker = provider.broker;
         std::thread([&] {
@@ -73,34 +52,6 @@ TEST_F(ThreadsTest, UnattachedThread_CannotMakeObjects) {
             EXPECT_EQ(status.rc, CMPI_RC_ERR_FAILED);
             EXPECT_EQ(status.msg, nullptr);
         }).join();
-    });
-}
-
-TEST_F(ThreadsTest, AttachWithoutPreparation_IsRefused) {
-    InProvider([](const ProviderSide& provider) {
-        const CMPIBroker* const broker = provider.broker;
-        const auto unprepared =
-            IsError(CMPI_RC_ERR_INVALID_HANDLE, "The context was not prepared for a thread.");
-        EXPECT_THAT(broker->bft->attachThread(broker, provider.context), unprepared);
-        EXPECT_THAT(broker->bft->attachThread(broker, nullptr), unprepared);
-        EXPECT_THAT(broker->bft->detachThread(broker, provider.context), unprepared);
-        EXPECT_EQ(broker->bft->prepareAttachThread(broker, nullptr), nullptr);
-        EXPECT_EQ(broker->bft->prepareAttachThread(nullptr, provider.context), nullptr);
-        EXPECT_EQ(broker->bft->attachThread(nullptr, provider.context).rc,
-                  CMPI_RC_ERR_INVALID_HANDLE);
-    });
-}
-
-TEST_F(ThreadsTest, ThreadOfARequest_CannotBeAttachedToo) {
-    InProvider([](const ProviderSide& provider) {
-        const CMPIBroker* const broker = provider.broker;
-        const CMPIContext* const context =
-            broker->bft->prepareAttachThread(broker, provider.context);
-        EXPECT_THAT(
-            broker->bft->attachThread(broker, context),
-            IsError(CMPI_RC_ERR_FAILED, "The thread, or the context, is attached already."));
-        EXPECT_THAT(broker->bft->detachThread(broker, context),
-                    IsError(CMPI_RC_ERR_FAILED, "The thread was not attached with this context."));
     });
 }
 

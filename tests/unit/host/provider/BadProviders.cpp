@@ -78,7 +78,7 @@ TEST_EXPORT CMPIInstanceMI* T_Curious_Provider_Create_InstanceMI(const CMPIBroke
                                                                  CMPIStatus* rc) {
     const CMPIObjectPath* const path =
         mb->eft->newObjectPath(mb, "root/test", "T_Curious", nullptr);
-    mb->bft->enumerateInstanceNames(mb, context, path, rc);
+    mb->bft->enumerateInstances(mb, context, path, nullptr, rc);
     return nullptr;
 }
 

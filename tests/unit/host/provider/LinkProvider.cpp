@@ -55,11 +55,13 @@ std::vector<CMPIInstance*> LinksOf(const CMPIObjectPath* classPath) {
     return links;
 }
 
-CMPIStatus EnumerateInstances(CMPIInstanceMI*, const CMPIContext*, const CMPIResult* result,
+CMPIStatus EnumerateInstances(CMPIInstanceMI*, const CMPIContext* context, const CMPIResult* result,
                               const CMPIObjectPath* classPath, const char**) {
     ++enumerations;
-    if (ClassName(classPath) == "T_Failing")
+    if (ClassName(classPath) == "T_Failing") {
+        RunProbe(broker, context, result);
         return Error(broker, CMPI_RC_ERR_FAILED, "An end of the link is missing.");
+    }
     for (const CMPIInstance* const link : LinksOf(classPath))
         result->ft->returnInstance(result, link);
     return kOk;

@@ -5,11 +5,11 @@
 
 extern "C" {
 
-// Runs in a provider's method call, with the broker and context that the provider got.
+// Runs in a provider, with the broker and context that the provider got.
 using ProbeFunction = void (*)(void* data, const CMPIBroker* broker, const CMPIContext* context,
                                const CMPIResult* result);
 
-// What "Probe" of T_Thing calls.
+// What "Probe" of T_Thing calls, and an enumeration of T_Failing.
 using SetProbeFunction = void (*)(ProbeFunction function, void* data);
 
 // What every interface's cleanup answers.

@@ -1,6 +1,5 @@
-// T_Thing and its relatives: instances that requests may change.
+// T_Thing and its relatives: a store of instances.
 #include <map>
-#include <mutex>
 #include <utility>
 
 #include "Support.h"
@@ -11,11 +10,8 @@ namespace {
 
 const CMPIBroker* broker = nullptr;
 
-// Guards the store.
-std::mutex storeMutex;
-
 // Captions by class and name.
-std::map<std::pair<std::string, std::string>, std::string> store{
+const std::map<std::pair<std::string, std::string>, std::string> store{
     {{"T_Thing", "one"}, "first"},    {{"T_Thing", "two"}, "second"},
     {{"T_Widget", "three"}, "third"}, {{"T_Numbered", "four"}, "fourth"},
     {{"T_Whole", "five"}, "unused"},
@@ -41,7 +37,6 @@ CMPIInstance* MakeInstance(const CMPIObjectPath* classPath, const std::string& n
 
 CMPIStatus EnumerateInstances(CMPIInstanceMI*, const CMPIContext*, const CMPIResult* result,
                               const CMPIObjectPath* classPath, const char** properties) {
-    const std::lock_guard lock(storeMutex);
     for (const auto& [id, caption] : store)
         if (id.first == ClassName(classPath))
             result->ft->returnInstance(result,
@@ -52,7 +47,6 @@ CMPIStatus EnumerateInstances(CMPIInstanceMI*, const CMPIContext*, const CMPIRes
 
 CMPIStatus EnumerateInstanceNames(CMPIInstanceMI*, const CMPIContext*, const CMPIResult* result,
                                   const CMPIObjectPath* classPath) {
-    const std::lock_guard lock(storeMutex);
     for (const auto& [id, caption] : store) {
         if (id.first != ClassName(classPath)) continue;
         const CMPIInstance* const instance = MakeInstance(classPath, id.second, caption, nullptr);
@@ -68,41 +62,10 @@ std::pair<std::string, std::string> IdOf(const CMPIObjectPath* path) {
 
 CMPIStatus GetInstance(CMPIInstanceMI*, const CMPIContext*, const CMPIResult* result,
                        const CMPIObjectPath* path, const char** properties) {
-    const std::lock_guard lock(storeMutex);
     const auto found = store.find(IdOf(path));
     if (found != store.end())
         result->ft->returnInstance(
             result, MakeInstance(path, found->first.second, found->second, properties));
-    return kOk;
-}
-
-std::string CaptionOf(const CMPIInstance* instance) {
-    return Text(instance->ft->getProperty(instance, "Caption", nullptr).value.string);
-}
-
-CMPIStatus CreateInstance(CMPIInstanceMI*, const CMPIContext*, const CMPIResult* result,
-                          const CMPIObjectPath*, const CMPIInstance* instance) {
-    const CMPIObjectPath* const path = instance->ft->getObjectPath(instance, nullptr);
-    const std::lock_guard lock(storeMutex);
-    if (!store.emplace(IdOf(path), CaptionOf(instance)).second)
-        return Error(broker, CMPI_RC_ERR_ALREADY_EXISTS, "That thing is stored already.");
-    result->ft->returnObjectPath(result, path);
-    return kOk;
-}
-
-CMPIStatus ModifyInstance(CMPIInstanceMI*, const CMPIContext*, const CMPIResult*,
-                          const CMPIObjectPath* path, const CMPIInstance* instance, const char**) {
-    const std::lock_guard lock(storeMutex);
-    const auto found = store.find(IdOf(path));
-    if (found == store.end()) return Error(broker, CMPI_RC_ERR_NOT_FOUND, "No such thing.");
-    found->second = CaptionOf(instance);
-    return kOk;
-}
-
-CMPIStatus DeleteInstance(CMPIInstanceMI*, const CMPIContext*, const CMPIResult*,
-                          const CMPIObjectPath* path) {
-    const std::lock_guard lock(storeMutex);
-    if (!store.erase(IdOf(path))) return Error(broker, CMPI_RC_ERR_NOT_FOUND, "No such thing.");
     return kOk;
 }
 
@@ -114,9 +77,9 @@ const CMPIInstanceMIFT kTable = {
     .enumerateInstanceNames = EnumerateInstanceNames,
     .enumerateInstances = EnumerateInstances,
     .getInstance = GetInstance,
-    .createInstance = CreateInstance,
-    .modifyInstance = ModifyInstance,
-    .deleteInstance = DeleteInstance,
+    .createInstance = NotSupported,
+    .modifyInstance = NotSupported,
+    .deleteInstance = NotSupported,
     .execQuery = NotSupported,
 };
 

@@ -1,4 +1,5 @@
 #include <cli/SettingList.h>
+#include <platform/settings/Keys.h>
 
 #include <optional>
 #include <utility>
@@ -7,6 +8,8 @@
 namespace cli {
 
 namespace {
+
+namespace keys = platform::keys;
 
 using platform::ControllerSettings;
 using platform::Origin;
@@ -18,7 +21,7 @@ Json SettingValueJson(const platform::OxcFamily& oxc) {
     Json products = Json::array();
     for (const auto& [manufacturer, product] :
          std::get<std::vector<platform::ControllerProduct>>(oxc))
-        products.push_back({{"manufacturer", manufacturer}, {"product", product}});
+        products.push_back({{keys::kManufacturer, manufacturer}, {keys::kProduct, product}});
     return products;
 }
 
@@ -42,22 +45,25 @@ struct ControllerKey {
 };
 
 constexpr ControllerKey kInBandKeys[] = {
-    {"device", [](const ControllerSettings& one) { return Json(one.device); }},
+    {keys::kDevice, [](const ControllerSettings& one) { return Json(one.device); }},
 };
 constexpr ControllerKey kLanKeys[] = {
-    {"host", [](const ControllerSettings& one) { return Json(one.host); }},
-    {"port", [](const ControllerSettings& one) { return Json(one.port); }},
-    {"user", [](const ControllerSettings& one) { return Json(one.user); }},
-    {"password_file", [](const ControllerSettings& one) { return Json(one.passwordFile); }},
-    {"k_g_file", [](const ControllerSettings& one) { return Json(one.keyFile); }},
-    {"protocol", [](const ControllerSettings& one) { return Json(one.protocol); }},
-    {"cipher_suite", [](const ControllerSettings& one) { return Json(one.cipherSuite); }},
-    {"privilege_level", [](const ControllerSettings& one) { return Json(one.privilegeLevel); }},
-    {"workarounds", [](const ControllerSettings& one) { return Json(one.workarounds); }},
+    {keys::kHost, [](const ControllerSettings& one) { return Json(one.host); }},
+    {keys::kPort, [](const ControllerSettings& one) { return Json(one.port); }},
+    {keys::kUser, [](const ControllerSettings& one) { return Json(one.user); }},
+    {keys::kPasswordFile, [](const ControllerSettings& one) { return Json(one.passwordFile); }},
+    {keys::kKeyFile, [](const ControllerSettings& one) { return Json(one.keyFile); }},
+    {keys::kProtocol, [](const ControllerSettings& one) { return Json(one.protocol); }},
+    {keys::kCipherSuite, [](const ControllerSettings& one) { return Json(one.cipherSuite); }},
+    {keys::kPrivilegeLevel, [](const ControllerSettings& one) { return Json(one.privilegeLevel); }},
+    {keys::kWorkarounds, [](const ControllerSettings& one) { return Json(one.workarounds); }},
 };
 constexpr ControllerKey kSimulatedKeys[] = {
-    {"profile", [](const ControllerSettings& one) { return Json(one.profile); }},
+    {keys::kProfile, [](const ControllerSettings& one) { return Json(one.profile); }},
 };
+
+// A key of a table by its full name: "machine.type".
+std::string Key(const std::string& table, const char* key) { return table + "." + key; }
 
 // The option of the command that sets a variable instead of whoever called it.
 std::string OptionOf(const GlobalOptions& options, const std::string& variable) {
@@ -78,24 +84,24 @@ public:
     }
 
     void Add(const std::string& name, const platform::SmbiosSource& source) {
-        Add(name + ".folder", source.folder);
-        Add(name + ".file", source.file);
-        Add(name + ".pattern", source.pattern);
-        Add(name + ".replacement", source.replacement);
+        Add(Key(name, keys::kFolder), source.folder);
+        Add(Key(name, keys::kFile), source.file);
+        Add(Key(name, keys::kPattern), source.pattern);
+        Add(Key(name, keys::kReplacement), source.replacement);
     }
 
     void Add(const std::string& name, const ControllerSettings& controller) {
         switch (controller.transport) {
             case platform::TransportKind::InBand:
-                AddKeys(name, controller, "inband", kInBandKeys);
+                AddKeys(name, controller, keys::kInBand, kInBandKeys);
                 AddTimeLimit(name, controller);
                 break;
             case platform::TransportKind::Lan:
-                AddKeys(name, controller, "lan", kLanKeys);
+                AddKeys(name, controller, keys::kLan, kLanKeys);
                 AddTimeLimit(name, controller);
                 break;
             case platform::TransportKind::Simulated:
-                AddKeys(name, controller, "simulated", kSimulatedKeys);
+                AddKeys(name, controller, keys::kSimulated, kSimulatedKeys);
                 break;
         }
     }
@@ -124,22 +130,22 @@ private:
                 Json value, const Source& otherwise) {
         const auto place = controller.places.find(key);
         settings.push_back(
-            {name + "." + key, std::move(value),
+            {Key(name, key), std::move(value),
              place == controller.places.end() ? otherwise : Source{"file", place->second}});
     }
 
     template <class Keys>
     void AddKeys(const std::string& name, const ControllerSettings& controller,
-                 const char* transport, const Keys& keys) {
+                 const char* transport, const Keys& rest) {
         const Source byDefault{"default", ""};
-        AddKey(name, controller, "transport", transport, byDefault);
-        for (const ControllerKey& key : keys)
+        AddKey(name, controller, keys::kTransport, transport, byDefault);
+        for (const ControllerKey& key : rest)
             AddKey(name, controller, key.name, key.value(controller), byDefault);
     }
 
     void AddTimeLimit(const std::string& name, const ControllerSettings& controller) {
         const Setting<int>& ofAll = session.settings.timeLimit;
-        AddKey(name, controller, "time_limit", controller.timeLimit.value_or(ofAll.value),
+        AddKey(name, controller, keys::kTimeLimit, controller.timeLimit.value_or(ofAll.value),
                SourceOf(ofAll));
     }
 
@@ -154,22 +160,22 @@ std::vector<ListedSetting> ListSettings(const Session& session) {
     Collector all(session);
     all.Add("config_file", settings.configFile);
     all.Add("profile", settings.profileFile);
-    all.Add("machine.type", settings.machineType);
-    all.Add("machine.bios_id", settings.biosId);
-    all.Add("machine.type_source", settings.machineTypeSource);
-    all.Add("machine.bios_id_source", settings.biosIdSource);
-    all.Add("diagnostics.root", settings.root);
-    all.Add("diagnostics.oem_build", settings.oemBuild);
-    all.Add("controllers.oxc", settings.oxc);
-    all.Add("controllers.time_limit", settings.timeLimit);
-    all.Add("cim.derive_associations", settings.deriveAssociations);
-    all.Add("log.sink", settings.log, session.choseLog);
-    all.Add("log.level", settings.logLevel, session.choseLogLevel);
-    all.Add("controller", settings.controllers);
+    all.Add(Key(keys::kMachine, keys::kType), settings.machineType);
+    all.Add(Key(keys::kMachine, keys::kBiosId), settings.biosId);
+    all.Add(Key(keys::kMachine, keys::kTypeSource), settings.machineTypeSource);
+    all.Add(Key(keys::kMachine, keys::kBiosIdSource), settings.biosIdSource);
+    all.Add(Key(keys::kDiagnostics, keys::kRoot), settings.root);
+    all.Add(Key(keys::kDiagnostics, keys::kOemBuild), settings.oemBuild);
+    all.Add(Key(keys::kControllers, keys::kOxc), settings.oxc);
+    all.Add(Key(keys::kControllers, keys::kTimeLimit), settings.timeLimit);
+    all.Add(Key(keys::kCim, keys::kDeriveAssociations), settings.deriveAssociations);
+    all.Add(Key(keys::kLog, keys::kSink), settings.log, session.choseLog);
+    all.Add(Key(keys::kLog, keys::kLevel), settings.logLevel, session.choseLogLevel);
+    all.Add(keys::kController, settings.controllers);
     if (settings.controllers.origin == Origin::File) {
         std::size_t position = 0;
         for (const ControllerSettings& controller : *settings.controllers.value)
-            all.Add("controller[" + std::to_string(position++) + "]", controller);
+            all.Add(keys::kController + ("[" + std::to_string(position++) + "]"), controller);
     }
     return all.Take();
 }

@@ -1,5 +1,6 @@
 #include <platform/settings/ControllerTable.h>
 #include <platform/settings/FileText.h>
+#include <platform/settings/Keys.h>
 #include <platform/settings/LanSupport.h>
 #include <platform/settings/NameList.h>
 
@@ -17,40 +18,41 @@ std::string RequiredText(TomlTable& table, std::string_view key, const std::stri
 }
 
 std::optional<std::string> ReadUser(TomlTable& table) {
-    const std::optional<std::string> user = table.Text("user");
+    const std::optional<std::string> user = table.Text(keys::kUser);
     if (user && user->size() > kLongestUserName)
-        table.Reject("user", "a string of " + std::to_string(user->size()) + " bytes",
+        table.Reject(keys::kUser, "a string of " + std::to_string(user->size()) + " bytes",
                      "is a string of at most " + std::to_string(kLongestUserName));
     return user;
 }
 
 std::optional<int> ReadCipherSuite(TomlTable& table) {
-    const std::optional<int> suite = table.Integer("cipher_suite", 0, kLastCipherSuite);
+    const std::optional<int> suite = table.Integer(keys::kCipherSuite, 0, kLastCipherSuite);
     if (suite && !IsSupportedCipherSuite(*suite))
-        table.Reject("cipher_suite", std::to_string(*suite),
+        table.Reject(keys::kCipherSuite, std::to_string(*suite),
                      std::string("are ") + kCipherSuitesInWords + ", which FreeIPMI supports");
     return suite;
 }
 
 void ReadInBand(TomlTable& table, const std::filesystem::path& folder, ControllerSettings& inBand) {
-    inBand.device =
-        folder / RequiredText(table, "device", R"(is the path of a device, such as "/dev/ipmi0")");
-    inBand.timeLimit = ReadTimeLimit(table, "time_limit");
+    inBand.device = folder / RequiredText(table, keys::kDevice,
+                                          R"(is the path of a device, such as "/dev/ipmi0")");
+    inBand.timeLimit = ReadTimeLimit(table, keys::kTimeLimit);
 }
 
 void ReadLan(TomlTable& table, const std::filesystem::path& folder, ControllerSettings& lan) {
-    lan.host = RequiredText(table, "host", "is the name or the address of the controller");
-    lan.timeLimit = ReadTimeLimit(table, "time_limit");
-    lan.port = table.Integer<std::uint16_t>("port", 1, 65535).value_or(lan.port);
+    lan.host = RequiredText(table, keys::kHost, "is the name or the address of the controller");
+    lan.timeLimit = ReadTimeLimit(table, keys::kTimeLimit);
+    lan.port = table.Integer<std::uint16_t>(keys::kPort, 1, 65535).value_or(lan.port);
     lan.user = ReadUser(table).value_or(lan.user);
-    if (const auto file = table.NonEmptyText("password_file")) lan.passwordFile = folder / *file;
-    if (const auto file = table.NonEmptyText("k_g_file")) lan.keyFile = folder / *file;
-    lan.protocol = table.Choice("protocol", {"2.0", "1.5"}).value_or(lan.protocol);
+    if (const auto file = table.NonEmptyText(keys::kPasswordFile))
+        lan.passwordFile = folder / *file;
+    if (const auto file = table.NonEmptyText(keys::kKeyFile)) lan.keyFile = folder / *file;
+    lan.protocol = table.Choice(keys::kProtocol, {"2.0", "1.5"}).value_or(lan.protocol);
     lan.cipherSuite = ReadCipherSuite(table).value_or(lan.cipherSuite);
     lan.workarounds =
-        table.Choices("workarounds", WorkaroundNames(lan.protocol)).value_or(lan.workarounds);
+        table.Choices(keys::kWorkarounds, WorkaroundNames(lan.protocol)).value_or(lan.workarounds);
     lan.privilegeLevel =
-        table.Choice("privilege_level", PrivilegeLevelNames()).value_or(lan.privilegeLevel);
+        table.Choice(keys::kPrivilegeLevel, PrivilegeLevelNames()).value_or(lan.privilegeLevel);
 }
 
 SimulatedProfile ReadProfile(TomlTable& table, const std::filesystem::path& folder,
@@ -58,7 +60,7 @@ SimulatedProfile ReadProfile(TomlTable& table, const std::filesystem::path& fold
     try {
         ReadFileText(folder / file);
     } catch (const std::system_error& error) {
-        table.Reject("profile", '"' + file + "\" (" + ReasonText(error.code().value()) + ')',
+        table.Reject(keys::kProfile, '"' + file + "\" (" + ReasonText(error.code().value()) + ')',
                      "is the path of a file that can be read");
     }
     return ReadSimulatedProfile(folder / file);
@@ -67,10 +69,10 @@ SimulatedProfile ReadProfile(TomlTable& table, const std::filesystem::path& fold
 ControllerSettings ReadSimulated(TomlTable& table, std::size_t position,
                                  const std::filesystem::path& folder) {
     const std::string file =
-        RequiredText(table, "profile", "is the path of a simulated machine's profile");
+        RequiredText(table, keys::kProfile, "is the path of a simulated machine's profile");
     const SimulatedProfile profile = ReadProfile(table, folder, file);
     if (position >= profile.nodes.size())
-        table.Reject("profile",
+        table.Reject(keys::kProfile,
                      "a profile with this number of [[node]] tables: " +
                          std::to_string(profile.nodes.size()),
                      "is a profile with one for this controller, the number of which is " +
@@ -88,13 +90,13 @@ std::optional<int> ReadTimeLimit(TomlTable& table, std::string_view key) {
 
 ControllerSettings ReadController(TomlTable& table, std::size_t position,
                                   const std::filesystem::path& folder) {
-    const std::vector<std::string> transports = {"inband", "lan", "simulated"};
-    const std::string transport =
-        table.Required("transport", table.Choice("transport", transports), QuotedNames(transports));
+    const std::vector<std::string> transports = {keys::kInBand, keys::kLan, keys::kSimulated};
+    const std::string transport = table.Required(
+        keys::kTransport, table.Choice(keys::kTransport, transports), QuotedNames(transports));
     ControllerSettings controller;
-    if (transport == "simulated") {
+    if (transport == keys::kSimulated) {
         controller = ReadSimulated(table, position, folder);
-    } else if (transport == "lan") {
+    } else if (transport == keys::kLan) {
         controller.transport = TransportKind::Lan;
         ReadLan(table, folder, controller);
     } else {

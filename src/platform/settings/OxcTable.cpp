@@ -1,3 +1,4 @@
+#include <platform/settings/Keys.h>
 #include <platform/settings/OxcTable.h>
 
 #include <limits>
@@ -17,8 +18,9 @@ Number RequiredNumber(TomlTable& table, std::string_view key, Number most) {
 
 ControllerProduct ReadProduct(TomlTable& table) {
     const ControllerProduct product{
-        .manufacturer = RequiredNumber(table, "manufacturer", kLastManufacturer),
-        .product = RequiredNumber(table, "product", std::numeric_limits<std::uint16_t>::max())};
+        .manufacturer = RequiredNumber(table, keys::kManufacturer, kLastManufacturer),
+        .product =
+            RequiredNumber(table, keys::kProduct, std::numeric_limits<std::uint16_t>::max())};
     table.RejectOtherKeys();
     return product;
 }

@@ -1,6 +1,7 @@
 #include <platform/settings/ControllerTable.h>
 #include <platform/settings/DefaultPaths.h>
 #include <platform/settings/Environment.h>
+#include <platform/settings/Keys.h>
 #include <platform/settings/LogTarget.h>
 #include <platform/settings/OxcTable.h>
 #include <platform/settings/SettingsFile.h>
@@ -16,25 +17,25 @@ namespace platform {
 namespace {
 
 void ReadMachine(TomlTable& table, const std::filesystem::path& folder, Settings& settings) {
-    Apply(table, "type", settings.machineType, &TomlTable::Text);
-    Apply(table, "bios_id", settings.biosId, &TomlTable::Text);
-    ReadSmbiosSource(table, "type_source", folder, settings.machineTypeSource);
-    ReadSmbiosSource(table, "bios_id_source", folder, settings.biosIdSource);
+    Apply(table, keys::kType, settings.machineType, &TomlTable::Text);
+    Apply(table, keys::kBiosId, settings.biosId, &TomlTable::Text);
+    ReadSmbiosSource(table, keys::kTypeSource, folder, settings.machineTypeSource);
+    ReadSmbiosSource(table, keys::kBiosIdSource, folder, settings.biosIdSource);
 }
 
 void ReadDiagnostics(TomlTable& table, const std::filesystem::path& folder, Settings& settings) {
-    Apply(table, "root", settings.root, ReadPath, folder);
-    Apply(table, "oem_build", settings.oemBuild, &TomlTable::Boolean);
+    Apply(table, keys::kRoot, settings.root, ReadPath, folder);
+    Apply(table, keys::kOemBuild, settings.oemBuild, &TomlTable::Boolean);
 }
 
 void ReadControllers(TomlTable& table, const std::filesystem::path& /*folder*/,
                      Settings& settings) {
-    Apply(table, "oxc", settings.oxc, ReadOxcFamily);
-    Apply(table, "time_limit", settings.timeLimit, ReadTimeLimit);
+    Apply(table, keys::kOxc, settings.oxc, ReadOxcFamily);
+    Apply(table, keys::kTimeLimit, settings.timeLimit, ReadTimeLimit);
 }
 
 void ReadCim(TomlTable& table, const std::filesystem::path& /*folder*/, Settings& settings) {
-    Apply(table, "derive_associations", settings.deriveAssociations, &TomlTable::Boolean);
+    Apply(table, keys::kDeriveAssociations, settings.deriveAssociations, &TomlTable::Boolean);
 }
 
 std::optional<std::string> ReadSink(TomlTable& table, std::string_view key,
@@ -48,8 +49,8 @@ std::optional<std::string> ReadSink(TomlTable& table, std::string_view key,
 }
 
 void ReadLog(TomlTable& table, const std::filesystem::path& folder, Settings& settings) {
-    Apply(table, "sink", settings.log, ReadSink, folder);
-    Apply(table, "level", settings.logLevel, &TomlTable::Integer<int>, kLowestLogLevel,
+    Apply(table, keys::kSink, settings.log, ReadSink, folder);
+    Apply(table, keys::kLevel, settings.logLevel, &TomlTable::Integer<int>, kLowestLogLevel,
           kHighestLogLevel);
 }
 
@@ -66,11 +67,11 @@ std::optional<std::vector<ControllerSettings>> ReadControllerList(
 using ReadSection = void (*)(TomlTable&, const std::filesystem::path&, Settings&);
 
 constexpr std::pair<const char*, ReadSection> kSections[] = {
-    {"machine", ReadMachine},
-    {"diagnostics", ReadDiagnostics},
-    {"controllers", ReadControllers},
-    {"cim", ReadCim},
-    {"log", ReadLog},
+    {keys::kMachine, ReadMachine},
+    {keys::kDiagnostics, ReadDiagnostics},
+    {keys::kControllers, ReadControllers},
+    {keys::kCim, ReadCim},
+    {keys::kLog, ReadLog},
 };
 
 void ReadSettingsFile(const std::string& path, Settings& settings) {
@@ -82,7 +83,7 @@ void ReadSettingsFile(const std::string& path, Settings& settings) {
         read(*table, folder, settings);
         table->RejectOtherKeys();
     }
-    Apply(file, "controller", settings.controllers, ReadControllerList, folder);
+    Apply(file, keys::kController, settings.controllers, ReadControllerList, folder);
     file.RejectOtherKeys();
 }
 

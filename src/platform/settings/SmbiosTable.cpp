@@ -1,3 +1,4 @@
+#include <platform/settings/Keys.h>
 #include <platform/settings/SmbiosTable.h>
 #include <platform/settings/TextPattern.h>
 #include <platform/settings/TomlSetting.h>
@@ -41,10 +42,10 @@ void ReadSmbiosSource(TomlTable& machine, std::string_view key, const std::files
                       SmbiosSource& source) {
     std::optional<TomlTable> table = machine.Table(key);
     if (!table) return;
-    Apply(*table, "folder", source.folder, ReadPath, folder);
-    Apply(*table, "file", source.file, &TomlTable::NonEmptyText);
-    Apply(*table, "pattern", source.pattern, ReadPattern);
-    Apply(*table, "replacement", source.replacement, ReadReplacement, source.pattern.value);
+    Apply(*table, keys::kFolder, source.folder, ReadPath, folder);
+    Apply(*table, keys::kFile, source.file, &TomlTable::NonEmptyText);
+    Apply(*table, keys::kPattern, source.pattern, ReadPattern);
+    Apply(*table, keys::kReplacement, source.replacement, ReadReplacement, source.pattern.value);
     table->RejectOtherKeys();
 }
 

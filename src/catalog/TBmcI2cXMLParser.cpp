@@ -1,4 +1,5 @@
 #include <catalog/IndexError.h>
+#include <catalog/MessageIndex.h>
 #include <catalog/TBmcI2cXMLParser.h>
 #include <platform/diagnostics/TOSSpecific.h>
 #include <platform/diagnostics/TRootObject.h>
@@ -7,10 +8,10 @@
 #include <array>
 #include <boost/algorithm/string/case_conv.hpp>
 #include <boost/algorithm/string/replace.hpp>
-#include <boost/lexical_cast.hpp>
 #include <boost/make_shared.hpp>
 #include <cstddef>
 #include <locale>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
 
@@ -320,12 +321,9 @@ void TBmcI2cXMLParser::StorePendingRecommendation() {
 }
 
 unsigned int TBmcI2cXMLParser::PropertyNumber() const {
-    unsigned int number = 0;
-    // The conversion takes the separators of a locale that groups digits: "1.109" is no index.
-    const bool isPlain = propertyIndex.find_first_not_of("+-0123456789") == std::string::npos;
-    if (!isPlain || !boost::conversion::try_lexical_convert(propertyIndex, number))
-        throw IndexError(GetCurLine(), propertyIndex);
-    return number;
+    const std::optional<unsigned int> number = MessageNumber(propertyIndex);
+    if (!number) throw IndexError(GetCurLine(), propertyIndex);
+    return *number;
 }
 
 // --- Helpers for catalog readers; reading the catalog itself does without them. ---

@@ -295,8 +295,8 @@ def test_catalog_with_errors(bmci2c, doctor):
     path = bmci2c.root / "bmci2c" / "bmci2c.msg.xml"
     bmci2c.write_catalog(catalog_text().replace("<machine ", "<colour></colour>\n<machine ", 1))
     assert troubles(doctor()) == [
-        f"FAIL  catalog: The catalog {path} has 2 errors, the first in line 2: Unrecognized "
-        "identifier: colour. Fix it; docs/catalog-guide.md explains how to write a catalog."
+        f"FAIL  catalog: The catalog {path} has 1 error, the first in line 2: There is no "
+        f"element 'colour'. See 'bmci2c catalog check {path}' for all."
     ]
 
 

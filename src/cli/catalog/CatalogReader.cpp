@@ -1,3 +1,4 @@
+#include <catalog/MessageIndex.h>
 #include <cli/catalog/CatalogReader.h>
 #include <cli/catalog/ParserSentences.h>
 #include <mof/Names.h>
@@ -13,9 +14,12 @@ constexpr const char* kUnusedIndex = "65535";
 
 constexpr const char* kEnd = "Nothing from here on is read.";
 
-bool IsDecimal(const std::string& index) {
+// Of an index that the parser does not take.
+std::string IndexSentence(const std::string& index) {
     const std::size_t sign = index.find_first_of("+-") == 0 ? 1 : 0;
-    return index.size() > sign && index.find_first_not_of("0123456789", sign) == index.npos;
+    const bool isDecimal =
+        index.size() > sign && index.find_first_not_of("0123456789", sign) == index.npos;
+    return "The index '" + index + (isDecimal ? "' is too high." : "' is not decimal.");
 }
 
 std::string_view LineOf(std::string_view document, int line) {
@@ -63,9 +67,8 @@ void CatalogReader::FatalError(const char* message) {
 
 void CatalogReader::CorrectIndex(std::map<std::string, std::string>& attributes) {
     const auto index = attributes.find("index");
-    if (index == attributes.end() || IsDecimal(index->second)) return;
-    errors.push_back({Here(), CatalogReport::Severity::Error,
-                      "The index '" + index->second + "' is not decimal."});
+    if (index == attributes.end() || MessageNumber(index->second)) return;
+    errors.push_back({Here(), CatalogReport::Severity::Error, IndexSentence(index->second)});
     index->second = kUnusedIndex;
 }
 

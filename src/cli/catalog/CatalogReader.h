@@ -14,7 +14,7 @@ namespace cli {
 
 class CatalogReader : public TBmcI2cXMLParser {
 public:
-    // Reads a whole file. An index that is not decimal is reported and its values are left out; the
+    // Reads a whole file. An index that is no number is reported and its values are left out; the
     // parser alone would stop there.
     void Read(std::string text);
 

@@ -1,6 +1,7 @@
-#include <catalog/TBmcI2cXMLParser.h>
 #include <cli/ScopedVariable.h>
+#include <cli/ShellWord.h>
 #include <cli/Text.h>
+#include <cli/catalog/CatalogReader.h>
 #include <cli/doctor/CatalogChecks.h>
 #include <platform/settings/FileText.h>
 #include <test/MachineTypes.h>
@@ -18,34 +19,6 @@ namespace {
 constexpr const char* kReadingName = "catalog";
 constexpr const char* kMachineName = "machine in the catalog";
 
-// Keeps what the parser reports as errors.
-class CatalogReader : public TBmcI2cXMLParser {
-public:
-    using TBmcI2cXMLParser::FatalError;
-
-    void FatalError(const char* message) override {
-        AddError(message == nullptr ? "" : message);
-        TBmcI2cXMLParser::FatalError(message);
-    }
-
-    void AddError(const std::string& message) {
-        if (errorCount++ == 0) firstError = "line " + std::to_string(GetCurLine()) + ": " + message;
-    }
-
-    std::size_t errorCount = 0;
-    std::string firstError;
-};
-
-void Parse(CatalogReader& reader, std::string text) {
-    try {
-        reader.Parse(text.data(), text.size());
-    } catch (const std::exception& error) {
-        reader.AddError(error.what());
-    }
-}
-
-std::string Sentence(const std::string& text) { return text.ends_with('.') ? text : text + "."; }
-
 std::set<std::string> MachineTypes(const CatalogReader& reader) {
     std::set<std::string> types;
     for (const auto& entry : reader.GetMachineList())
@@ -60,14 +33,16 @@ std::vector<std::string_view> GenericEntries(const platform::OxcFamily& oxc) {
     return {*all ? GEN_MACHINE_TYPE_OXC : GEN_MACHINE_TYPE};
 }
 
-Check CheckReading(const std::string& path, const CatalogReader& reader, std::size_t entries) {
-    constexpr const char* kFix = "Fix it; docs/catalog-guide.md explains how to write a catalog.";
-    if (reader.errorCount != 0)
+Check CheckReading(const std::string& path, const CatalogReports& errors, std::size_t entries) {
+    if (!errors.empty())
         return Bad(kReadingName,
-                   "The catalog " + path + " has " + Counted(reader.errorCount, "error", "errors") +
-                       ", the first in " + Sentence(reader.firstError),
-                   kFix);
-    if (entries == 0) return Bad(kReadingName, "The catalog " + path + " has no machine.", kFix);
+                   "The catalog " + path + " has " + Counted(errors.size(), "error", "errors") +
+                       ", the first in line " + std::to_string(errors.front().place.line) + ": " +
+                       errors.front().text,
+                   "See 'bmci2c catalog check " + ShellWord(path) + "' for all.");
+    if (entries == 0)
+        return Bad(kReadingName, "The catalog " + path + " has no machine.",
+                   "Fix it; docs/catalog-guide.md explains how to write a catalog.");
     return Good(kReadingName,
                 "The catalog " + path + " has " + Counted(entries, "entry", "entries") + ".");
 }
@@ -104,7 +79,7 @@ Checks CheckCatalog(const std::string& path, const std::optional<CatalogMachine>
     const ScopedVariable silence = SilentLog();  // before the parser looks at the settings
     CatalogReader reader;
     try {
-        Parse(reader, platform::ReadFileText(path, std::numeric_limits<std::size_t>::max()));
+        reader.Read(platform::ReadFileText(path, std::numeric_limits<std::size_t>::max()));
     } catch (const std::system_error& error) {
         return {Bad(kReadingName,
                     "The catalog " + path +
@@ -112,10 +87,10 @@ Checks CheckCatalog(const std::string& path, const std::optional<CatalogMachine>
                     "Name the folder that holds bmci2c/bmci2c.msg.xml with the key root under "
                     "[diagnostics], with BMCI2C_ROOT or with --root.")};
     }
-    Checks checks = {CheckReading(path, reader, reader.GetMachineList().size())};
+    Checks checks = {CheckReading(path, reader.Errors(), reader.GetMachineList().size())};
     if (machine) {
         const Check found = CheckMachine(MachineTypes(reader), *machine);
-        const bool isUncertain = found.grade == Grade::Fail && reader.errorCount != 0;
+        const bool isUncertain = found.grade == Grade::Fail && !reader.Errors().empty();
         checks.push_back(isUncertain ? NotExamined(kMachineName,
                                                    "The catalog has errors, so it is not known "
                                                    "which machines it lists.",

@@ -54,14 +54,14 @@ TEST_F(CatalogChecks, CatalogThatIsAFolder_IsBad) {
               "The catalog " + folder.File("folder") + " cannot be read: Is a directory.");
 }
 
-TEST_F(CatalogChecks, UnknownElement_IsAnErrorOfBothItsTags) {
+TEST_F(CatalogChecks, UnknownElement_IsBadWithItsLine) {
     const std::string path = Write("<colour></colour>\n" + Entry("GENERIC_QUV"));
     EXPECT_THAT(CheckCatalog(path, {}),
                 ElementsAre(Bad(kCatalog,
                                 "The catalog " + path +
-                                    " has 2 errors, the first in line 2: Unrecognized identifier: "
-                                    "colour.",
-                                kMend)));
+                                    " has 1 error, the first in line 2: There is no element "
+                                    "'colour'.",
+                                "See 'bmci2c catalog check " + path + "' for all.")));
 }
 
 TEST_F(CatalogChecks, SyntaxError_IsBadWithItsLine) {
@@ -70,8 +70,8 @@ TEST_F(CatalogChecks, SyntaxError_IsBadWithItsLine) {
     const Check check = CheckCatalog(path, {}).at(0);
     EXPECT_EQ(check.grade, Grade::Fail);
     EXPECT_EQ(check.text, "The catalog " + path +
-                              " has 1 error, the first in line 2: Not well-formed XML at column 1: "
-                              "unclosed token. Nothing from here on is read.");
+                              " has 1 error, the first in line 2: Not well-formed XML: unclosed "
+                              "token. Nothing from here on is read.");
 }
 
 TEST_F(CatalogChecks, NumberThatIsNone_IsBadWithItsLine) {
@@ -80,8 +80,8 @@ TEST_F(CatalogChecks, NumberThatIsNone_IsBadWithItsLine) {
         "<value>text</value></property>\n</machine>\n");
     const Check check = CheckCatalog(path, {}).at(0);
     EXPECT_EQ(check.grade, Grade::Fail);
-    EXPECT_THAT(check.text,
-                testing::StartsWith("The catalog " + path + " has 1 error, the first in line "));
+    EXPECT_EQ(check.text, "The catalog " + path +
+                              " has 1 error, the first in line 3: The index 'x' is not decimal.");
 }
 
 TEST_F(CatalogChecks, CatalogWithoutMachines_IsBad) {

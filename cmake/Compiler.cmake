@@ -25,8 +25,6 @@ endif()
 set(BMCI2C_SANITIZERS "" CACHE STRING "Sanitizers to build with, as for -fsanitize=")
 string(REPLACE "," ";" BMCI2C_SANITIZER_LIST "${BMCI2C_SANITIZERS}")
 if(BMCI2C_SANITIZERS)
-  # GCC sees uninitialised values in its own library's <regex> once sanitizers instrument it.
-  add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   add_compile_options(-fsanitize=${BMCI2C_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${BMCI2C_SANITIZERS})
 else()

@@ -17,7 +17,7 @@ namespace cli {
 namespace {
 
 using Machines = std::map<std::string, const TMachine*>;
-using Source = CatalogTexts::Source;
+using TextSource = CatalogTexts::Source;
 
 void UseBuild(bool isOem) {
     platform::Settings settings;
@@ -53,9 +53,9 @@ std::set<unsigned short> NumbersFor(const TMachine& machine, const TMachine& gen
 MachineMessages Messages(const std::string& type, const TMachine& machine, const TMachine& generic,
                          const std::string& genericType) {
     const CatalogTexts texts(machine, generic);
-    const auto name = [&](Source source) {
-        if (source == Source::Fallback) return std::string("fallback text");
-        return source == Source::Machine ? machine.GetMachineTypes().front() : genericType;
+    const auto name = [&](TextSource source) {
+        if (source == TextSource::Fallback) return std::string("fallback text");
+        return source == TextSource::Machine ? machine.GetMachineTypes().front() : genericType;
     };
     MachineMessages all{type, {}};
     for (const unsigned short number : NumbersFor(machine, generic)) {

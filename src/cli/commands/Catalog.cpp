@@ -53,7 +53,7 @@ void RequireFiles(const CatalogOptions& options, std::size_t count) {
                          (count == 1 ? "one file." : "two files, the old one and the new one."));
 }
 
-int Check(const CatalogOptions& options) {
+int CheckFiles(const CatalogOptions& options) {
     std::vector<CheckedCatalog> catalogs;
     for (const std::string& file : options.files)
         catalogs.push_back({file, OfFile(file, CheckCatalogFile)});
@@ -80,7 +80,7 @@ int Diff(const CatalogOptions& options) {
 }
 
 int CarryOut(const CatalogOptions& options) {
-    if (options.action == "check") return Check(options);
+    if (options.action == "check") return CheckFiles(options);
     return options.action == "show" ? Show(options) : Diff(options);
 }
 

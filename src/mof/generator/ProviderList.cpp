@@ -8,7 +8,8 @@ namespace mof {
 
 namespace {
 
-constexpr const char* kBeginning = "// Generated from MOF: changes belong there.\n#pragma once\n\n";
+constexpr const char* kHeaderBeginning =
+    "// Generated from MOF: changes belong there.\n#pragma once\n\n";
 
 std::vector<const Class*> ByName(const Schema& schema) {
     auto classes = ModuleClasses(schema);
@@ -20,7 +21,7 @@ std::vector<const Class*> ByName(const Schema& schema) {
 
 std::string ProviderList(const Schema& schema) {
     std::ostringstream out;
-    out << kBeginning << "#define BMCI2C_PROVIDERS(PLAIN, ASSOCIATION)";
+    out << kHeaderBeginning << "#define BMCI2C_PROVIDERS(PLAIN, ASSOCIATION)";
     for (const Class* cls : ByName(schema)) {
         out << " \\\n    " << (IsAssociation(schema, *cls) ? "ASSOCIATION(" : "PLAIN(")
             << cls->name.substr(kModulePrefix.size()) << ")";
@@ -31,7 +32,7 @@ std::string ProviderList(const Schema& schema) {
 
 std::string ProviderHeaders(const Schema& schema) {
     std::ostringstream out;
-    out << kBeginning;
+    out << kHeaderBeginning;
     for (const Class* cls : ByName(schema)) {
         out << "#include <providers/" << ProviderOf(*cls) << ".h>\n";
     }

@@ -24,7 +24,7 @@ constexpr std::array kStandApart = {
     StandsApart{"QUVSG_BMCI2C_RecordAppliesToElement", ""},
 };
 
-constexpr std::string_view kBeginning =
+constexpr std::string_view kMofBeginning =
     "// Generated from bmci2c.mof: changes belong there.\n"
     "//\n"
     "// The module's classes for servers that bring the published CIM classes into every "
@@ -103,7 +103,7 @@ void WritePublishedClass(std::ostream& out, const Schema& schema, const Class& c
 
 std::string PublishedMof(const Schema& schema) {
     std::ostringstream out;
-    out << kBeginning;
+    out << kMofBeginning;
     for (const Class* cls : ModuleClasses(schema)) {
         WritePublishedClass(out, schema, *cls, AncestorOf(*cls));
     }

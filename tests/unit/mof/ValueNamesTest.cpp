@@ -13,7 +13,8 @@ constexpr const char* kQualifiers =
     "Qualifier Values : string[], Scope(property);\n";
 
 mof::Schema WithQualifiers(const std::string& qualifiers) {
-    return mof::ReadText(kQualifiers + ("class A { [" + qualifiers + "] uint16 State; };"), "a.mof");
+    return mof::ReadText(kQualifiers + ("class A { [" + qualifiers + "] uint16 State; };"),
+                         "a.mof");
 }
 
 std::vector<mof::NamedValue> NamedValuesOf(const std::string& qualifiers) {

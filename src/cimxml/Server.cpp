@@ -60,7 +60,7 @@ struct Server::State {
         return std::make_shared<Authenticator>(ReadPasswordFile(options.passwordFile));
     }
 
-    // Reads and uses something anew, or says why the old one stays.
+    // Reloads something, or logs why the old one stays in use.
     template <class Use>
     void Renew(const std::string& what, const Use& use) const {
         try {

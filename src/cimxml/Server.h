@@ -20,9 +20,9 @@ struct ServerOptions {
     std::string listen = "127.0.0.1:5988";  // port 0: any free one
     std::string certificate = {};           // with key: TLS
     std::string key = {};
-    std::string passwordFile = {};  // empty: everybody may send requests
+    std::string passwordFile = {};  // empty: no authentication
     std::string interopSchema = {};
-    std::string version = {};  // what the object manager says that it is
+    std::string version = {};  // the version of the object manager
     bool metrics = false;      // answer GET /metrics
     Limits limits = {};
     std::function<std::uint64_t()> logLinesLost = {};  // for the metrics
@@ -30,13 +30,13 @@ struct ServerOptions {
 
 class Server {
 public:
-    // Listens at the address. Clients of other machines are served only through TLS and by
-    // password. `log` takes lines, from several threads at once. The host must outlive the server.
-    // Throws SetupError and host::LoadError.
+    // Listens at the address. Serves other machines only with TLS and password. `log` takes lines,
+    // from several threads concurrently. The host must outlive the server. Throws SetupError and
+    // host::LoadError.
     Server(const ServerOptions& options, host::Host& host,
            std::function<void(const std::string&)> log);
 
-    // Waits for the requests under way.
+    // Waits for the requests in progress.
     ~Server();
 
     Server(const Server&) = delete;
@@ -45,12 +45,12 @@ public:
     // Where clients find the server, with the port that was chosen.
     std::string Url() const;
 
-    // Answers requests until Stop() is called, from whichever thread.
+    // Answers requests until Stop() is called, from any thread.
     void Run();
     void Stop();
 
-    // Reads certificate, key and password file anew, for the connections and requests that follow.
-    // What cannot be used stays as it was; both is logged.
+    // Reloads certificate, key and password file for later connections and requests. If one cannot
+    // be used, the old one stays in use; both cases are logged.
     void Reload();
 
 private:

@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view kScheme = "Basic ";
 constexpr std::size_t kMostCredentials = 1024;  // characters; a hash of longer ones costs too much
 
-// The "user:password" of the header; empty when it holds none.
+// The "user:password" of the header; empty if there is none.
 std::string Decoded(std::string_view authorization) {
     if (authorization.size() > kMostCredentials ||
         !mof::SameName(authorization.substr(0, kScheme.size()), kScheme))
@@ -37,14 +37,15 @@ bool Authenticator::IsSame(std::string_view a, std::string_view b) {
     return a.size() == b.size() && CRYPTO_memcmp(a.data(), b.data(), a.size()) == 0;
 }
 
-Authenticator::Verdict Authenticator::Judge(const std::string& authorization) const {
+Authenticator::Verdict Authenticator::Authenticate(const std::string& authorization) const {
     const std::string credentials = Decoded(authorization);
     const auto colon = credentials.find(':');
     const std::string name = credentials.substr(0, colon);
     const std::string password = colon == std::string::npos ? "" : credentials.substr(colon + 1);
-    // crypt() ends a password at NUL: what stands before it would do.
+    // crypt() ends a password at NUL, so the part before it would be accepted.
     const bool isWhole = password.find('\0') == std::string::npos;
-    // For a stranger the first user's hash is worked out, and the result is not used.
+    // For an unknown user, the first user's hash is computed and ignored, so that the time is the
+    // same.
     const User* judged = &users.front();
     bool isKnown = false;
     for (const User& user : users) {

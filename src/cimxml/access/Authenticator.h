@@ -1,4 +1,4 @@
-// Tells users from strangers by HTTP's Basic credentials.
+// Authentication with HTTP Basic credentials.
 #pragma once
 
 #include <cimxml/access/PasswordFile.h>
@@ -16,14 +16,14 @@ public:
 
     struct Verdict {
         bool isGranted;
-        std::string user;  // who the client says that it is, quoted for the log
+        std::string user;  // the user name that the client gave, quoted for the log
     };
 
-    // Judges an Authorization header. A stranger's takes as long as that of a user with a wrong
-    // password. May be called from several threads at once.
-    Verdict Judge(const std::string& authorization) const;
+    // Checks an Authorization header. An unknown user takes as long as a wrong password. May be
+    // called from several threads concurrently.
+    Verdict Authenticate(const std::string& authorization) const;
 
-    // True when both texts are the same; how long it takes tells only their lengths.
+    // True if both texts are equal; the time depends on their lengths only.
     static bool IsSame(std::string_view a, std::string_view b);
 
 private:

@@ -14,7 +14,7 @@ constexpr std::string_view kRounds = "rounds=";
 constexpr std::string_view kDigits =
     "./0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
 
-// The parts between the dollar signs; the first one is what stands before the first sign.
+// The parts between the dollar signs; the first one is the part before the first sign.
 std::vector<std::string> Parts(std::string_view hash) {
     std::vector<std::string> parts(1);
     for (const char letter : hash) {

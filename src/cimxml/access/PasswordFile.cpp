@@ -50,13 +50,13 @@ std::vector<std::string> ReadLines(const std::string& path) {
     return lines;
 }
 
-// True when crypt() could have made it. Of what else looks like the begin of a hash, such as a
-// password in clear, crypt() makes a longer text.
+// True if crypt() could have made it. From anything else that looks like the beginning of a hash,
+// such as a clear-text password, crypt() makes a longer text.
 bool IsHash(const std::string& text) {
     return !text.empty() && HashLike("", text).size() == text.size();
 }
 
-// The user of a line; nothing when the line means nothing.
+// The user of a line; nothing for a comment or an empty line.
 std::optional<User> ParseLine(const std::string& line) {
     if (line.empty() || line.front() == '#') return std::nullopt;
     const auto colon = std::min(line.find(':'), line.size());
@@ -73,7 +73,7 @@ void CheckHash(const std::string& hash, const std::string& path, const std::stri
         Fail(path, "has no user and hash in line " + line + "; write it with 'bmci2c passwd'");
 }
 
-// The lines of a file by the users that they name. Throws SetupError when a user stands twice.
+// The lines of a file by the users that they name. Throws SetupError if a user is listed twice.
 class UserLines {
 public:
     explicit UserLines(const std::string& itsPath) : path(itsPath), lines(ReadLines(path)) {
@@ -122,14 +122,14 @@ void CheckPassword(const std::string& password) {
     if (password.empty()) throw SetupError("The password is empty.");
     if (password.size() > kMost)
         throw SetupError("The password is longer than " + std::to_string(kMost) + " bytes.");
-    // crypt() would end it there, and anybody could come in with what stands before.
+    // crypt() would end it there, and the part before would be accepted as the password.
     if (password.find('\0') != std::string::npos)
         throw SetupError("The password holds a NUL character.");
 }
 
 std::string NewHash(const std::string& password) {
     char settings[CRYPT_GENSALT_OUTPUT_SIZE] = {};
-    // The library's best method, its usual cost, and a salt of its own making.
+    // The library's best method with its default cost and a random salt.
     const char* made = ::crypt_gensalt_rn(nullptr, 0, nullptr, 0, settings, sizeof settings);
     std::string hash = made ? HashLike(password, settings) : "";
     if (hash.empty()) throw SetupError("The password cannot be hashed.");
@@ -153,7 +153,7 @@ bool Exists(const std::string& path) {
     return true;
 }
 
-// The file that the path means, behind symbolic links.
+// The file that the path resolves to, through symbolic links.
 std::string Target(const std::string& path) {
     std::error_code failure;
     if (!std::filesystem::is_symlink(path, failure)) return path;
@@ -237,7 +237,7 @@ std::vector<User> ReadPasswordFile(const std::string& path) {
                            "; write it with 'bmci2c passwd'");
         CheckHash(user->hash, path, std::to_string(number));
         users.push_back(*user);
-        // How long a wrong password takes must not tell which user's hash it was held against.
+        // The time for a wrong password must not reveal which user's hash it was compared with.
         if (KindOf(user->hash) != KindOf(users.front().hash))
             Fail(path, "has hashes of different kinds, " + KindOf(users.front().hash) + " and " +
                            KindOf(user->hash) +

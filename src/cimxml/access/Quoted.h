@@ -1,4 +1,4 @@
-// Text that clients choose, for the log.
+// Quotes text from clients for the log.
 #pragma once
 
 #include <string>

@@ -58,12 +58,13 @@ private:
             return {kBadRequest, kNotWellFormed,
                     "The request holds bytes that are no characters of XML in UTF-8."};
         return {kBadRequest, kNotWellFormed,
-                "The request is no XML: " +
+                "The request is not XML: " +
                     std::string(XML_ErrorString(XML_GetErrorCode(parser.get()))) + ", at byte " +
                     std::to_string(XML_GetCurrentByteIndex(parser.get())) + "."};
     }
 
-    // No exception may pass the parser. Some events still come after it was stopped.
+    // Exceptions must not pass through the parser. It reports a few more events after it was
+    // stopped.
     template <class Handle>
     static void Guarded(void* reader, const Handle& handle) {
         auto& self = *static_cast<Reader*>(reader);

@@ -21,7 +21,7 @@ Value NumericKey(const std::string& text) {
     if (const auto number = host::NumberIn<std::uint64_t>(text)) return {CMPI_uint64, *number};
     if (const auto number = host::NumberIn<std::int64_t>(text)) return {CMPI_sint64, *number};
     if (const auto number = host::NumberIn<double>(text)) return {CMPI_real64, *number};
-    FailLooselyValid("The key value '" + text + "' is no number.");
+    FailLooselyValid("The key value '" + text + "' is not a number.");
 }
 
 Value BooleanKey(const std::string& text) {
@@ -78,11 +78,11 @@ std::string ReadNameSpace(const Element& localNameSpacePath) {
     std::string nameSpace;
     for (const Element& part : localNameSpacePath.children) {
         if (!part.Is("NAMESPACE"))
-            FailLooselyValid("A name space cannot hold the element '" + part.name + "'.");
+            FailLooselyValid("A namespace cannot hold the element '" + part.name + "'.");
         if (!nameSpace.empty()) nameSpace += '/';
         nameSpace += part.Attribute("NAME");
     }
-    if (nameSpace.empty()) FailLooselyValid("The request names no name space.");
+    if (nameSpace.empty()) FailLooselyValid("The request names no namespace.");
     return nameSpace;
 }
 
@@ -106,7 +106,7 @@ ObjectPath ReadPath(const Element& path) {
     if (path.Is("LOCALCLASSPATH"))
         return ReadWithNameSpace(path, path.Child("LOCALNAMESPACEPATH"), "CLASSNAME");
     if (path.Is("CLASSPATH")) return ReadWithNameSpace(path, LocalPathIn(path), "CLASSNAME");
-    FailLooselyValid("The element '" + path.name + "' is no object path.");
+    FailLooselyValid("The element '" + path.name + "' is not an object path.");
 }
 
 Value ReadValue(const Element& value) {
@@ -114,7 +114,7 @@ Value ReadValue(const Element& value) {
     if (value.Is("VALUE.REFERENCE")) return ReferenceTo(ReadPath(value.OnlyChild()));
     if (value.Is("VALUE.ARRAY")) return ReadArray(value, CMPI_string, "VALUE", ReadValue);
     if (value.Is("VALUE.REFARRAY")) return ReadArray(value, CMPI_ref, "VALUE.REFERENCE", ReadValue);
-    FailLooselyValid("The element '" + value.name + "' is no value.");
+    FailLooselyValid("The element '" + value.name + "' is not a value.");
 }
 
 }  // namespace cimxml

@@ -8,12 +8,12 @@
 
 namespace cimxml {
 
-// All of them throw ProtocolError for what has not the standard's form.
+// All of them throw ProtocolError if the element is malformed.
 
 // "root/QUVSD", of a LOCALNAMESPACEPATH.
 std::string ReadNameSpace(const Element& localNameSpacePath);
 
-// Of an INSTANCENAME; no name space. A key that is given without its name gets an empty one.
+// Of an INSTANCENAME; no namespace. A key that is given without its name gets an empty one.
 host::ObjectPath ReadInstanceName(const Element& instanceName);
 
 // Of an INSTANCENAME, LOCALINSTANCEPATH, INSTANCEPATH, CLASSNAME, LOCALCLASSPATH or CLASSPATH.

@@ -13,11 +13,11 @@ struct ClassName {
     std::string name;
 };
 
-// A value that this server has no use for, such as a whole instance.
+// A value that this server does not use, such as a whole instance.
 struct Unread {};
 
 // A parameter of an intrinsic method: NULL, a text, texts, the name of a class or of an instance
-// (the path has no name space).
+// (the path has no namespace).
 struct Parameter {
     using Data = std::variant<std::monostate, std::string, std::vector<std::string>, ClassName,
                               host::ObjectPath, Unread>;

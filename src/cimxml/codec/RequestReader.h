@@ -8,8 +8,8 @@
 
 namespace cimxml {
 
-// Throws ProtocolError when the text is no request of one of the supported versions, or holds
-// several requests at once.
+// Throws ProtocolError if the text is not a request of a supported version, or holds several
+// requests.
 Request ReadRequest(const std::string& text, std::size_t maxDepth);
 
 }  // namespace cimxml

@@ -26,7 +26,7 @@ std::string ShortestText(Real real) {
     return {buffer, std::to_chars(std::begin(buffer), std::end(buffer), real).ptr};
 }
 
-// CIM wants a decimal point in every real, and spells what is not finite in its own way.
+// CIM requires a decimal point in every real, and has its own spelling for infinity and NaN.
 std::string RealText(double real, CMPIType type) {
     if (std::isnan(real)) return "NaN";
     if (std::isinf(real)) return real < 0 ? "-INF" : "INF";
@@ -62,7 +62,7 @@ struct ScalarText {
 
 std::string TextOf(const Value& value) { return std::visit(ScalarText{value.type}, value.data); }
 
-// References in values always say where they lead; the server is this one.
+// References in values always have a full path; the host is this server.
 void WriteReference(XmlWriter& xml, const ObjectPath& path) {
     const auto reference = xml.Open("VALUE.REFERENCE");
     if (path.nameSpace.empty()) return WriteInstanceName(xml, path);

@@ -7,8 +7,8 @@ namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
-// The reference that stands for a character which cannot stand for itself in a text or attribute;
-// empty for others. Line ends and tabs would be changed by the reader.
+// The character reference for a character that must be escaped in a text or attribute; empty for
+// others. Line ends and tabs are escaped because readers normalise them.
 std::string_view ReferenceFor(char letter) {
     switch (letter) {
         case '&':

@@ -40,14 +40,14 @@ public:
     // The name must outlive the element.
     Element Open(std::string_view name, Attributes attributes = {});
 
-    // An element without content, or with nothing but a text.
+    // An element without content, or with text only.
     void EmptyElement(std::string_view name, Attributes attributes = {});
     void TextElement(std::string_view name, std::string_view text);
 
     // A character that XML cannot carry is written as U+FFFD.
     void Text(std::string_view text);
 
-    // Adds what is XML already.
+    // Adds text that is already XML.
     void Raw(std::string_view markup) { document += markup; }
 
     std::string Take() { return std::move(document); }

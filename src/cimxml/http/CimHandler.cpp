@@ -63,7 +63,7 @@ std::optional<HttpResponse> RefuseForm(const HttpRequest& head) {
         response.headers.emplace_back("Allow", "POST, M-POST");
         return response;
     }
-    // Browsers add it to what the scripts of web pages send, and no other client does.
+    // Browsers add it to requests of web pages' scripts; no other client does.
     if (head.Header("Origin"))
         return TextResponse(403, "This server answers no web pages: the request has an 'Origin'.");
     if (!head.isVersion10 && !head.Header("Host"))
@@ -128,21 +128,21 @@ std::shared_ptr<const Authenticator> CimHandler::CurrentAuthenticator() const {
 
 HttpHandler::Access CimHandler::AccessOf(const HttpRequest& head, const Client& client) const {
     const auto current = CurrentAuthenticator();
-    // Whoever watches over the server is told no more than that it answers.
+    // Monitoring learns only that the server answers.
     if (!current || Reads(head, kHealthPath)) return Access::Granted;
     const std::string* const authorization = head.Header("Authorization");
     if (!authorization) return Access::Refused;
-    // Hashing is slow on purpose; a connection that stays is judged once.
+    // Hashing is slow on purpose, so a keep-alive connection is authenticated once.
     if (client.grantedBy == current &&
         Authenticator::IsSame(*authorization, client.grantedCredentials))
         return Access::Granted;
-    return Access::MustBeJudged;
+    return Access::MustAuthenticate;
 }
 
-bool CimHandler::Judge(const HttpRequest& head, Client& client) const {
+bool CimHandler::Authenticate(const HttpRequest& head, Client& client) const {
     const auto current = CurrentAuthenticator();
     const std::string authorization = *head.Header("Authorization");
-    const Authenticator::Verdict verdict = current->Judge(authorization);
+    const Authenticator::Verdict verdict = current->Authenticate(authorization);
     if (verdict.isGranted) {
         client.grantedCredentials = authorization;
         client.grantedBy = current;

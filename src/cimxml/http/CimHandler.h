@@ -1,4 +1,4 @@
-// CIM-XML over HTTP: what DMTF's DSP0200 asks of the HTTP messages that carry CIM-XML.
+// CIM-XML over HTTP: the rules of DMTF's DSP0200 for HTTP messages that carry CIM-XML.
 #pragma once
 
 #include <cimxml/access/Authenticator.h>
@@ -13,7 +13,7 @@
 
 namespace cimxml {
 
-// Takes a line for the log; called from several threads at once.
+// Takes a line for the log; called from several threads concurrently.
 using LogLine = std::function<void(const std::string&)>;
 
 class CimHandler : public HttpHandler {
@@ -22,11 +22,11 @@ public:
     CimHandler(const Operations& itsOperations, const Limits& itsLimits, LogLine logLine,
                std::function<std::string()> metricsText = {});
 
-    // Who may send requests; null: everybody may. From any thread.
+    // The users who may send requests; null: no authentication. From any thread.
     void UseAuthenticator(std::shared_ptr<const Authenticator> newOne);
 
     Access AccessOf(const HttpRequest& head, const Client& client) const override;
-    bool Judge(const HttpRequest& head, Client& client) const override;
+    bool Authenticate(const HttpRequest& head, Client& client) const override;
     HttpResponse Unauthorized() const override;
     std::optional<HttpResponse> AnswerHead(const HttpRequest& head) const override;
     bool IsRun(const HttpRequest& request) const override;

@@ -28,8 +28,8 @@ public:
     // True when the CIMMethod header names the method.
     bool NameMethod(const std::string& method) const;
 
-    // Throws ProtocolError when the headers and the document do not speak of the same method and
-    // object. The keys of an instance are for the document to say.
+    // Throws ProtocolError if the headers and the document do not name the same method and object.
+    // The keys of an instance are only in the document.
     void CheckAgainst(const Request& request) const;
 
 private:

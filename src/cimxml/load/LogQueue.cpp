@@ -59,7 +59,7 @@ bool LogQueue::WriteSome() {
     std::string block;
     {
         const std::lock_guard lock(mutex);
-        // A pipe that is ready takes so many bytes without making its writer wait.
+        // A pipe that is ready takes this many bytes without blocking the writer.
         block = waiting.substr(0, PIPE_BUF);
     }
     if (block.empty()) return false;

@@ -1,5 +1,5 @@
-// Writes log lines without ever making the server wait: a reader that is too slow loses lines,
-// which are counted.
+// Writes log lines without ever blocking the server: if the reader is too slow, lines are lost and
+// counted.
 #pragma once
 
 #include <cimxml/net/Descriptor.h>
@@ -19,13 +19,13 @@ public:
     // Throws std::system_error.
     LogQueue(int openDescriptor, std::string itsPrefix);
 
-    // Gives the reader a second to take what there is.
+    // Gives the reader one second to take the remaining lines.
     ~LogQueue();
 
     LogQueue(const LogQueue&) = delete;
     LogQueue& operator=(const LogQueue&) = delete;
 
-    // Takes a line, with the line feed at its end. May be called from several threads at once.
+    // Takes a line, with the line feed at its end. May be called from several threads concurrently.
     void Write(const std::string& line);
 
     // Waits until all lines are written, for a second at most.
@@ -43,7 +43,7 @@ private:
     const Descriptor wakeUp;  // an event: there are lines, or the end
     std::atomic<std::uint64_t> lost = 0;
     std::atomic<bool> isEnding = false;
-    std::mutex mutex;  // guards what follows; held for moments
+    std::mutex mutex;  // guards the members below; held for moments
     std::string waiting;
     std::uint64_t told = 0;  // of the lost lines
     std::thread writer;

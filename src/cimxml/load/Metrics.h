@@ -14,14 +14,14 @@ struct Metrics {
 
     Number connections = 0;  // open at the moment
     Number connectionsAccepted = 0;
-    Number connectionsRefused = 0;       // told to come back later, or just closed
-    Number connectionsDisplaced = 0;     // closed for the sake of a newer one
+    Number connectionsRefused = 0;       // answered 503, or closed
+    Number connectionsDisplaced = 0;     // closed to make room for a newer one
     std::array<Number, 600> requests{};  // by HTTP status
     Number wrongPasswords = 0;
     Number runs = 0;
     Number runsUnderWay = 0;
     Number runsWaiting = 0;
-    Number runsRefused = 0;  // another one was under way for too long
+    Number runsRefused = 0;  // timed out waiting for another one
 
     void CountRequest(int status);
 

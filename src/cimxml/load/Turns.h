@@ -1,5 +1,5 @@
-// Lets so many at once do what is costly; the others wait for their turn, in the order in which
-// they came. Used by one thread.
+// A semaphore for costly work: up to a number of tickets run at once, the others queue in order of
+// arrival. Used by one thread.
 #pragma once
 
 #include <cstddef>
@@ -12,7 +12,7 @@ class Turns {
 public:
     explicit Turns(std::size_t most) : free(most) {}
 
-    // One that waits.
+    // A place in the queue.
     struct Ticket {
         std::function<void()> wake;  // called when the turn has come
         bool hasTurn = false;

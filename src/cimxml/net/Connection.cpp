@@ -16,7 +16,7 @@ namespace asio = boost::asio;
 
 constexpr asio::use_awaitable_t<Executor> kAwaitable;
 constexpr std::chrono::seconds kGoodbyeTime{2};
-constexpr std::size_t kMostDiscarded = std::size_t{4} << 20;  // bytes that a goodbye waits for
+constexpr std::size_t kMostDiscarded = std::size_t{4} << 20;  // bytes discarded before closing
 constexpr std::size_t kTlsBlock = std::size_t{4} << 10;
 constexpr int kRequestTimeout = 408;
 constexpr int kExpectationFailed = 417;
@@ -24,8 +24,8 @@ constexpr int kUnavailable = 503;
 
 using Failure = boost::system::error_code;
 
-// The client is gone, or its connection was closed: there is nobody to answer.
-struct Lost {};
+// The client has disconnected, or its connection was closed: no response is possible.
+struct Disconnected {};
 struct TimedOut {};
 
 auto Into(Failure& failure) { return asio::redirect_error(kAwaitable, failure); }
@@ -36,7 +36,7 @@ std::string TextOf(const asio::ip::tcp::endpoint& client) {
            std::to_string(client.port());
 }
 
-// The address without what one machine may choose freely, which is half of one of IPv6.
+// The address without the part that a machine may choose freely: the lower half of an IPv6 address.
 std::string MachineOf(const asio::ip::address& address) {
     if (!address.is_v6()) return address.to_string();
     auto bytes = address.to_v6().to_bytes();
@@ -89,7 +89,7 @@ std::chrono::seconds Connection::FirstTime() const {
     return std::min(shared.limits.firstRequestTime, shared.limits.requestTime);
 }
 
-// Carries the work out in the pool.
+// Runs the work in the thread pool.
 template <class Work>
 auto Connection::OnPool(Work work) -> Task<std::invoke_result_t<Work>> {
     std::optional<std::invoke_result_t<Work>> result;
@@ -152,13 +152,13 @@ Task<> Connection::Handshake() {
     if (!tlsContext) co_return;
     if (deadline == Deadline::max()) LimitTime(accepted, FirstTime());
     Failure failure;
-    // A client that says nothing costs no more than its socket.
+    // An idle client costs no more than its socket.
     co_await socket.async_wait(Socket::wait_read, Into(failure));
     if (!failure) {
         tls = std::make_unique<asio::ssl::stream<Socket&>>(socket, *tlsContext);
         co_await tls->async_handshake(asio::ssl::stream_base::server, Into(failure));
     }
-    if (failure) throw Lost();
+    if (failure) throw Disconnected();
 }
 
 // False when the connection is to end.
@@ -167,9 +167,10 @@ Task<bool> Connection::ServeOne() {
     parser = std::make_unique<RequestParser>(shared.limits);
     co_await ReadHead();
     HttpRequest& request = parser->Request();
-    const bool isLetIn = co_await LetIn(request);
-    if (!isLetIn) co_return false;
-    if (const std::string* const expected = request.Header("Expect")) co_await Encourage(*expected);
+    const bool isAuthorized = co_await Authorize(request);
+    if (!isAuthorized) co_return false;
+    if (const std::string* const expected = request.Header("Expect"))
+        co_await Send100Continue(*expected);
     while (!parser->TakeBody(bytes)) co_await ReadMore();
     co_return co_await Answer(request);
 }
@@ -194,10 +195,10 @@ Task<> Connection::ReadHead() {
 }
 
 // Checks credentials and headers; false when the request has been refused.
-Task<bool> Connection::LetIn(const HttpRequest& head) {
+Task<bool> Connection::Authorize(const HttpRequest& head) {
     auto access = shared.handler.AccessOf(head, client);
-    if (access == HttpHandler::Access::MustBeJudged) {
-        const bool isRight = co_await Judge(head);
+    if (access == HttpHandler::Access::MustAuthenticate) {
+        const bool isRight = co_await Authenticate(head);
         access = isRight ? HttpHandler::Access::Granted : HttpHandler::Access::Refused;
     }
     std::optional<HttpResponse> refusal;
@@ -216,17 +217,17 @@ Task<bool> Connection::LetIn(const HttpRequest& head) {
     co_return true;
 }
 
-Task<bool> Connection::Judge(const HttpRequest& head) {
+Task<bool> Connection::Authenticate(const HttpRequest& head) {
     const Clock::time_point start = Clock::now();
     Turns::Ticket ticket;
     const bool hasTurn = co_await AwaitTurn(shared.hashes, ticket, Deadline::max());
-    if (!hasTurn) throw Lost();
+    if (!hasTurn) throw Disconnected();
     bool isRight = false;
     {
         const Turns::Holder turn(shared.hashes);
-        isRight = co_await OnPool([&] { return shared.handler.Judge(head, client); });
+        isRight = co_await OnPool([&] { return shared.handler.Authenticate(head, client); });
     }
-    if (isClosed) throw Lost();
+    if (isClosed) throw Disconnected();
     begun += Clock::now() - start;
     if (!isRight) {
         ++shared.metrics.wrongPasswords;
@@ -235,7 +236,7 @@ Task<bool> Connection::Judge(const HttpRequest& head) {
     co_return isRight;
 }
 
-// Waits, until the server stops at the latest.
+// Waits, but no longer than until the server stops.
 Task<> Connection::Rest(std::chrono::seconds time) {
     if (shared.isStopping) co_return;
     isResting = true;
@@ -244,10 +245,10 @@ Task<> Connection::Rest(std::chrono::seconds time) {
     co_await timer.async_wait(Into(ignored));
     isResting = false;
     isTimedOut = false;
-    if (isClosed) throw Lost();
+    if (isClosed) throw Disconnected();
 }
 
-// True when it is this connection's turn before the time is over and before somebody wakes it.
+// True if the connection's turn comes before the timeout and before it is interrupted.
 Task<bool> Connection::AwaitTurn(Turns& turns, Turns::Ticket& ticket, Deadline end) {
     ticket.wake = [this] { timer.cancel(); };
     deadline = Deadline::max();
@@ -260,7 +261,7 @@ Task<bool> Connection::AwaitTurn(Turns& turns, Turns::Ticket& ticket, Deadline e
     co_return ticket.hasTurn;
 }
 
-Task<> Connection::Encourage(const std::string& expected) {
+Task<> Connection::Send100Continue(const std::string& expected) {
     if (!mof::SameName(expected, "100-continue"))
         throw HttpError(kExpectationFailed,
                         "This server cannot meet the expectation '" + expected + "'.");
@@ -279,7 +280,7 @@ Task<bool> Connection::Answer(const HttpRequest& request) {
         co_await Respond(std::move(response), isLast);
         co_return !isLast;
     }
-    // What the socket takes at once goes from the pool's thread, which spares the client a wait.
+    // The first write happens on the pool's thread, which saves a thread switch and so latency.
     Outgoing outgoing = co_await OnPool([&] {
         HttpResponse response = shared.handler.Answer(request);
         Outgoing made = Packed(std::move(response), request.isLast || shared.isStopping);
@@ -307,7 +308,7 @@ Task<HttpResponse> Connection::AnswerRun(const HttpRequest& request) {
     co_return response;
 }
 
-// True when the run may begin. Throws Lost when the client has left while it waited.
+// True when the run may begin. Throws Disconnected if the client left while it waited.
 Task<bool> Connection::AwaitRun(Turns::Ticket& ticket) {
     if (shared.runs.IsFree()) co_return shared.runs.Ask(ticket);
     waitsForRun = true;
@@ -319,7 +320,7 @@ Task<bool> Connection::AwaitRun(Turns::Ticket& ticket) {
     waitsForRun = false;
     if (!HasLeft()) co_return ticket.hasTurn && !shared.isStopping;
     if (ticket.hasTurn) shared.runs.End();
-    throw Lost();
+    throw Disconnected();
 }
 
 // Reads more bytes.
@@ -333,23 +334,23 @@ Task<> Connection::ReadMore() {
                                               Into(failure));
         bytes.resize(used + count);
     } else {
-        // Waiting takes no buffer, and all connections read into the same one.
+        // Waiting needs no buffer, and all connections read into a shared one.
         co_await socket.async_wait(Socket::wait_read, Into(failure));
         if (!failure) count = socket.read_some(asio::buffer(shared.block), failure);
         if (failure == asio::error::would_block) failure.clear();
         bytes.append(shared.block.data(), count);
     }
-    // A client that sends without a pause never has to be waited for.
+    // If the client sends without a pause, reading never blocks.
     if (!isClosed && (isTimedOut || Clock::now() >= deadline)) {
         isTimedOut = false;
         throw TimedOut();
     }
-    if (failure) throw Lost();
+    if (failure) throw Disconnected();
 }
 
 Connection::Outgoing Connection::Packed(HttpResponse response, bool isLast) const {
     std::string head = HeadOf(response, isLast);
-    if (tls) head += response.body;  // for both to go in one record
+    if (tls) head += response.body;  // so that both go in one TLS record
     return {std::move(head), tls ? "" : std::move(response.body), response.status, isLast};
 }
 
@@ -358,7 +359,7 @@ Task<> Connection::Respond(HttpResponse response, bool isLast) {
     co_await Send(std::move(outgoing));
 }
 
-// Sends what the socket takes without a wait. On whichever thread has the connection.
+// Sends what the socket takes without blocking. Runs on whichever thread has the connection.
 void Connection::SendAtOnce(Outgoing& outgoing) {
     if (tls) return;
     const std::array<asio::const_buffer, 2> parts = {asio::buffer(outgoing.head),
@@ -385,11 +386,11 @@ Task<> Connection::Send(Outgoing outgoing) {
         }
         co_await asio::async_write(socket, parts, Into(failure));
     }
-    if (failure || isTimedOut) throw Lost();
+    if (failure || isTimedOut) throw Disconnected();
 }
 
-// Says goodbye, and reads what the client still sends until it closes: a connection closed with
-// unread bytes is reset, and the client would lose the answer.
+// Shuts the connection down and discards further input until the client closes: closing with unread
+// bytes resets the connection, and the client would lose the answer.
 Task<> Connection::Finish() {
     isWaiting = true;
     waitingSince = Clock::now();

@@ -32,7 +32,7 @@ using Timer = boost::asio::basic_waitable_timer<Clock, boost::asio::wait_traits<
 template <class Result = void>
 using Task = boost::asio::awaitable<Result, Executor>;
 
-// What the connections of a server share. Used by the server's one thread, but for the pool.
+// State shared by a server's connections. Used by the server's one thread, except the thread pool.
 struct Shared {
     const Limits& limits;
     const HttpHandler& handler;
@@ -41,7 +41,7 @@ struct Shared {
     TlsContext tls;
     Turns hashes;
     Turns runs;
-    std::atomic<bool> isStopping = false;             // also read in the pool
+    std::atomic<bool> isStopping = false;             // also read in the thread pool
     std::array<char, std::size_t{64} << 10> block{};  // for what a socket gives at once
 };
 
@@ -51,7 +51,7 @@ public:
 
     // Serves the connection to its end.
     Task<> Serve();
-    // Tells the client to come back later.
+    // Answers 503 and closes the connection.
     Task<> Refuse();
 
     void Interrupt() override;
@@ -63,9 +63,9 @@ private:
     Task<> Handshake();
     Task<bool> ServeOne();
     Task<> ReadHead();
-    Task<bool> LetIn(const HttpRequest& head);
-    Task<bool> Judge(const HttpRequest& head);
-    Task<> Encourage(const std::string& expected);
+    Task<bool> Authorize(const HttpRequest& head);
+    Task<bool> Authenticate(const HttpRequest& head);
+    Task<> Send100Continue(const std::string& expected);
     Task<bool> Answer(const HttpRequest& request);
     Task<HttpResponse> AnswerRun(const HttpRequest& request);
     Task<bool> AwaitTurn(Turns& turns, Turns::Ticket& ticket, Deadline end);

@@ -6,7 +6,7 @@ namespace cimxml {
 
 namespace {
 
-constexpr std::size_t kMostRefused = 4;  // that are told so at once; the others are just closed
+constexpr std::size_t kMostRefused = 4;  // get 503; further ones are closed immediately
 
 }  // namespace
 
@@ -16,7 +16,8 @@ std::size_t ConnectionTable::CountOf(const std::string& machine) const {
                       [&](const Guest* guest) { return guest->machine == machine; }));
 }
 
-// Closes the guest (of that machine, unless null) that has waited longest; false when none waits.
+// Closes the guest (of that machine, unless null) that has been idle longest; false if none is
+// idle.
 bool ConnectionTable::MakeRoom(const std::string* machine) {
     auto oldest = guests.end();
     for (auto at = guests.begin(); at != guests.end(); ++at) {

@@ -1,5 +1,5 @@
-// The connections of a server: how many there may be, which one goes for the sake of another, and
-// whose time is over. Used by one thread.
+// The connections of a server: their limit, which idle one is closed for a new one, and timeouts.
+// Used by one thread.
 #pragma once
 
 #include <cimxml/net/Limits.h>
@@ -19,7 +19,7 @@ class Guest {
 public:
     virtual ~Guest() = default;
 
-    // Ends what the connection waits for; with CloseNow() the connection, too.
+    // Cancels what the connection waits for; CloseNow() also closes the connection.
     virtual void Interrupt() = 0;
     virtual void CloseNow() = 0;
     // True when bytes have come that have not been read.
@@ -45,15 +45,16 @@ public:
         Refused,  // it is in the table, to be told to come back later
         Dropped,  // it is not
     };
-    // Takes a guest in. When there are too many, of all or of its machine, the one that has waited
-    // longest for a request is closed; when none waits, the new one is not served.
+    // Admits a guest. If there are too many, in total or of its machine, the longest idle one is
+    // closed; if none is idle, the new one is refused.
     Admission Admit(Guest& guest);
     void Remove(Guest& guest);
 
-    // Interrupts the guests whose deadline has passed, or who wait for a run and have left.
+    // Interrupts the guests whose deadline has passed, and those that have left while waiting for a
+    // run.
     void Check(Clock::time_point now);
 
-    // Closes all that wait for a request's first byte, and interrupts those that rest.
+    // Closes all idle guests, and interrupts those that are shutting down.
     void Stop();
 
     std::size_t Count() const { return guests.size(); }

@@ -1,4 +1,4 @@
-// Who answers the requests of a server.
+// The handler of a server's requests.
 #pragma once
 
 #include <cimxml/net/HttpMessage.h>
@@ -9,32 +9,32 @@
 
 namespace cimxml {
 
-// What is known of the client at the other end of a connection.
+// What is known about a connection's client.
 struct Client {
     std::string address;                    // "127.0.0.1:40000"
     std::string grantedCredentials;         // the Authorization header that was found right before
     std::shared_ptr<const void> grantedBy;  // the users of that time
 };
 
-// Called from several threads at once, for one connection by one thread. The head of a request goes
-// through the functions in their order, until one of them refuses it.
+// Called from several threads concurrently, for one connection by one thread. The head of a request
+// goes through the functions in their order, until one of them refuses it.
 class HttpHandler {
 public:
     virtual ~HttpHandler() = default;
 
-    enum class Access { Granted, Refused, MustBeJudged };
+    enum class Access { Granted, Refused, MustAuthenticate };
     virtual Access AccessOf(const HttpRequest& head, const Client& client) const = 0;
-    // Judges the credentials, which takes long on purpose; keeps those that are right.
-    virtual bool Judge(const HttpRequest& head, Client& client) const = 0;
+    // Checks the credentials, which is slow on purpose; remembers valid ones.
+    virtual bool Authenticate(const HttpRequest& head, Client& client) const = 0;
     virtual HttpResponse Unauthorized() const = 0;
 
-    // A response that ends the matter before the body is read; nothing when it may go on.
+    // A response that refuses the request before its body is read; nothing if it may continue.
     virtual std::optional<HttpResponse> AnswerHead(const HttpRequest& head) const = 0;
 
-    // True for what may take long, and of which one is carried out at a time.
+    // True for a request that may take long; only one of them runs at a time.
     virtual bool IsRun(const HttpRequest& request) const = 0;
     virtual HttpResponse Answer(const HttpRequest& request) const = 0;
-    // What a run gets whose turn did not come.
+    // The response to a run that timed out waiting for its turn.
     virtual HttpResponse RefuseRun(const HttpRequest& request) const = 0;
 };
 

@@ -29,7 +29,7 @@ struct HttpResponse {
     std::string body = {};
 };
 
-// What makes a request unfit; it is answered with that status and text, and the connection ends.
+// A bad request: it is answered with this status and text, and the connection ends.
 class HttpError : public std::runtime_error {
 public:
     HttpError(int httpStatus, const std::string& text)

@@ -23,7 +23,7 @@ constexpr std::size_t kHashes = 2;  // at once; PasswordFile.h bounds the memory
 constexpr std::size_t kRuns = 1;
 constexpr std::size_t kLeastReaders = 2;
 
-// Hashes and a run never keep all threads from reading instances.
+// Enough threads that hashes and a run never block reading instances.
 std::size_t PoolSize() {
     return kHashes + kRuns +
            std::max<std::size_t>(kLeastReaders, std::thread::hardware_concurrency());
@@ -48,7 +48,7 @@ struct HttpServer::State {
         const auto protocol =
             listener.Family() == AF_INET6 ? asio::ip::tcp::v6() : asio::ip::tcp::v4();
         acceptor.assign(protocol, ::dup(listener.Socket()));
-        // What ends these two is the end of the server, too.
+        // If one of these two ends, so does the server.
         const auto rethrow = [](const std::exception_ptr& failure) {
             if (failure) std::rethrow_exception(failure);
         };
@@ -65,7 +65,7 @@ struct HttpServer::State {
         ++(isServed ? metrics.connectionsAccepted : metrics.connectionsRefused);
         if (admission == ConnectionTable::Admission::Dropped) return;
         metrics.connections = table.Count();
-        // What the coroutine throws only says that the client is gone, or no memory is left.
+        // The coroutine throws only if the client has disconnected or memory is exhausted.
         asio::co_spawn(io, isServed ? connection->Serve() : connection->Refuse(),
                        [this, connection](const std::exception_ptr&) {
                            table.Remove(*connection);
@@ -74,7 +74,7 @@ struct HttpServer::State {
                        });
     }
 
-    // Without memory for one connection the others go on.
+    // If memory is short for one connection, the others continue.
     void TryToServe(Socket socket) {
         try {
             Serve(std::move(socket));

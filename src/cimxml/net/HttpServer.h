@@ -1,5 +1,5 @@
-// Takes connections and has their requests answered: one thread for all of them, which never waits,
-// and a small pool that does the work.
+// The HTTP server: one thread for all connections, which never blocks, and a small thread pool for
+// the work.
 #pragma once
 
 #include <cimxml/load/Metrics.h>
@@ -18,18 +18,18 @@ public:
     HttpServer(const Listener& listener, const Limits& limits, TlsContext tls,
                const HttpHandler& handler, Metrics& metrics);
 
-    // Waits for the requests under way.
+    // Waits for the requests in progress.
     ~HttpServer();
 
     HttpServer(const HttpServer&) = delete;
     HttpServer& operator=(const HttpServer&) = delete;
 
-    // Takes connections until Stop() is called, from whichever thread, and the requests under way
-    // are answered.
+    // Accepts connections until Stop() is called, from any thread, and the requests in progress are
+    // answered.
     void Run();
     void Stop();
 
-    // For the connections that come after this; from whichever thread.
+    // For later connections; from any thread.
     void UseTls(TlsContext tls);
 
 private:

@@ -1,4 +1,4 @@
-// What clients may ask of the server. docs/serve.md tells users what happens past each.
+// Limits for clients. docs/serve.md says what happens beyond each.
 #pragma once
 
 #include <chrono>
@@ -14,7 +14,7 @@ struct Limits {
     std::size_t maxConnectionsPerAddress = 32;
     std::chrono::seconds firstRequestTime{5};  // to the first request's headers, TLS included
     std::chrono::seconds requestTime{30};      // from a request's first byte to its last
-    std::chrono::seconds idleTime{30};         // that a connection may be silent between requests
+    std::chrono::seconds idleTime{30};         // keep-alive timeout between requests
     std::chrono::seconds runWait{20};          // that a run waits for the one under way
     std::chrono::seconds failurePause{1};      // before a wrong password is answered
 };

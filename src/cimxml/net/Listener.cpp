@@ -39,7 +39,7 @@ Addresses Resolve(const std::string& address) {
         machine = machine.substr(1, machine.size() - 2);
     else if (machine.find(':') != std::string::npos)
         machine.clear();
-    // The resolver takes "*" for this machine only, and whoever writes it means the opposite.
+    // The resolver takes "*" for this machine only, but users who write it mean the opposite.
     if (machine.empty() || machine == "*" || !IsPort(port))
         Fail(address, "it must have the form ADDRESS:PORT, as 127.0.0.1:5988 or [::1]:5988");
     addrinfo hints{};

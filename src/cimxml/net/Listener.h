@@ -9,7 +9,7 @@
 
 namespace cimxml {
 
-// A socket that takes connections.
+// A socket that accepts connections.
 class Listener {
 public:
     // "127.0.0.1:5988", "[::1]:5988" or "localhost:5988"; port 0 is any free one. Throws
@@ -19,7 +19,7 @@ public:
     // False when machines other than this one can reach it.
     bool IsLoopback() const;
 
-    // Begins to take connections. Throws SetupError.
+    // Starts to accept connections. Throws SetupError.
     void Listen();
 
     // The address with the port that Listen() found: "127.0.0.1:5988".

@@ -58,7 +58,7 @@ bool NamesVersion(const std::string& head) {
 }
 
 [[noreturn]] void FailTwice(const std::string& name) {
-    throw HttpError(kBadRequest, "The header '" + name + "' stands twice.");
+    throw HttpError(kBadRequest, "The header '" + name + "' appears twice.");
 }
 
 [[noreturn]] void FailLength(const std::string& head, const Limits& limits) {
@@ -67,7 +67,7 @@ bool NamesVersion(const std::string& head) {
     const std::string folded = mof::FoldedName(head);
     constexpr const char* kMark = "\r\ncontent-length:";
     if (folded.find(kMark) != folded.rfind(kMark)) FailTwice("Content-Length");
-    // What is no number of this machine's is too large in any case.
+    // A number that overflows is too large in any case.
     if (IsNumber(RawHeader(head, "Content-Length").value_or(""))) FailTooLarge(limits);
     FailNoNumber();
 }
@@ -80,16 +80,16 @@ bool NamesVersion(const std::string& head) {
             [[fallthrough]];
         case error::bad_method:
         case error::bad_target:
-            throw HttpError(kBadRequest, "The request line has not the form of HTTP.");
+            throw HttpError(kBadRequest, "The request line is not valid HTTP.");
         case error::bad_content_length:
         case error::bad_transfer_encoding:
             FailLength(head, limits);
         default:
-            throw HttpError(kBadRequest, "A header has not the form of HTTP.");
+            throw HttpError(kBadRequest, "A header is not valid HTTP.");
     }
 }
 
-// Of two such headers, a proxy in front of this server might heed the other one.
+// If there were two, a proxy in front of this server might use the other one.
 void CheckStandOnce(const HttpRequest& request) {
     for (const char* name : {"Host", "Content-Length", "Transfer-Encoding", "Authorization"})
         if (std::count_if(request.headers.begin(), request.headers.end(), [&](const auto& header) {
@@ -99,7 +99,7 @@ void CheckStandOnce(const HttpRequest& request) {
 }
 
 [[noreturn]] void FailChunk() {
-    throw HttpError(kBadRequest, "A chunk of the request has not the form of HTTP.");
+    throw HttpError(kBadRequest, "A chunk of the request is not valid HTTP.");
 }
 
 std::size_t SizeOf(const http::fields& fields) {
@@ -112,7 +112,7 @@ std::size_t SizeOf(const http::fields& fields) {
 
 struct RequestParser::State {
     http::request_parser<http::string_body> parser;
-    std::size_t headSize = 0;  // of the headers alone, without those behind the last chunk
+    std::size_t headSize = 0;  // of the headers, without the trailers
 };
 
 RequestParser::RequestParser(const Limits& theLimits)
@@ -150,7 +150,7 @@ bool RequestParser::TakeHead(std::string& bytes) {
 void RequestParser::ParseHead(const std::string& head) {
     // Beast joins folded headers, which other readers take for a header of their own.
     if (head.find("\r\n ") != std::string::npos || head.find("\r\n\t") != std::string::npos)
-        throw HttpError(kBadRequest, "A header has not the form of HTTP.");
+        throw HttpError(kBadRequest, "A header is not valid HTTP.");
     auto& parser = state->parser;
     boost::beast::error_code failure;
     parser.put(boost::asio::buffer(head), failure);
@@ -195,13 +195,13 @@ bool RequestParser::TakeBody(std::string& bytes) {
         if (failure) FailChunk();
         if (bytes.empty()) break;
     }
-    constexpr const char* kTrailers = "The headers behind the request";
+    constexpr const char* kTrailers = "The headers after the request";
     RequireHeaderSize(SizeOf(parser.get()) - state->headSize, kTrailers);
     if (parser.is_done()) {
         request.body = std::move(parser.get().body());
         return true;
     }
-    // Bytes that are left begin a chunk, or are headers behind the last one.
+    // The remaining bytes begin a chunk, or are trailers.
     const bool isBehindChunk = !parser.get().body().empty();
     if (isBehindChunk && bytes.size() >= kLineEnd.size() && !bytes.starts_with(kLineEnd))
         FailChunk();

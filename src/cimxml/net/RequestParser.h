@@ -19,8 +19,8 @@ public:
 
     // Each removes what it uses from the bytes that have come, and returns true when the line and
     // headers (then the body) are complete; to be called again with more bytes until then. Both
-    // throw HttpError. What proxies and clients read in different ways is refused: two lengths,
-    // folded headers, bare line feeds.
+    // throw HttpError. Refuses what proxies and clients interpret differently: two lengths, folded
+    // headers, bare line feeds.
     bool TakeHead(std::string& bytes);
     bool TakeBody(std::string& bytes);
 
@@ -38,7 +38,7 @@ private:
     HttpRequest request;
     std::size_t emptyLines = 0;  // bytes of empty lines before the request
     std::size_t searched = 0;    // bytes in which the end of the head is not
-    bool isLastChunk = false;    // only the headers behind it are missing
+    bool isLastChunk = false;    // only the trailers are missing
     std::unique_ptr<State> state;
 };
 

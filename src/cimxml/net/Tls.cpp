@@ -10,7 +10,7 @@ namespace cimxml {
 
 namespace {
 
-// Those of TLS 1.2 whose keys are agreed anew for each connection; all of TLS 1.3 are such.
+// The TLS 1.2 suites with forward secrecy; all of TLS 1.3 have it.
 constexpr const char* kCiphers = "ECDHE+AESGCM:ECDHE+CHACHA20";
 
 // What OpenSSL says about its last failure on this thread; the system's own reason where that is

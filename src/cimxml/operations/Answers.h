@@ -1,5 +1,5 @@
-// What clients ask for, object by object. Several operations ask for the same and differ only in
-// how they write it.
+// Results of requests, object by object. Several operations return the same objects in different
+// forms.
 #pragma once
 
 #include <cimxml/codec/ClassWriter.h>

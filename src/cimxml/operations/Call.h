@@ -24,9 +24,9 @@ struct Call {
 const host::ClassInfo& ClassNamed(const NameSpace& nameSpace, const std::string& name,
                                   CMPIrc whenUnknown = CMPI_RC_ERR_INVALID_CLASS);
 
-// A path that a client gives, in the name space and with the class as declared. A key without a
-// name is that of a class with one key. Throws host::Failure for an unknown class, and for a key
-// without a name where the class has several.
+// A path that a client gives, in the namespace and with the class as declared. A key without a name
+// is that of a class with one key. Throws host::Failure for an unknown class, and for a key without
+// a name where the class has several.
 host::ObjectPath Located(const NameSpace& nameSpace, host::ObjectPath path);
 
 // The answer, or its status thrown as host::Failure.

@@ -11,7 +11,7 @@ inline constexpr auto kFilteredEnumerationNotSupported = static_cast<CMPIrc>(25)
 inline constexpr auto kContinuationOnErrorNotSupported = static_cast<CMPIrc>(26);
 inline constexpr auto kServerLimitsExceeded = static_cast<CMPIrc>(27);
 
-// CIM knows no codes above this one; CMPI does, for what happens between provider and host.
+// CIM has no codes above this one; CMPI has, for errors between provider and host.
 inline constexpr int kLastCimStatus = 29;
 
 }  // namespace cimxml

@@ -1,8 +1,8 @@
 // Enumerations that clients pull piece by piece.
 //
-// A session exists only while objects are left to be pulled. It ends when they are gone, when its
-// client closes it, or when nobody pulls for the time that its client asked for. Its context, which
-// a client shows at each pull, cannot be guessed.
+// A session exists only while objects are left to be pulled. It ends when all are delivered, when
+// its client closes it, or at the timeout that its client chose. Its context, which the client
+// sends with each pull, cannot be guessed.
 #pragma once
 
 #include <chrono>
@@ -45,13 +45,13 @@ public:
     EnumerationSessions(const EnumerationSessions&) = delete;
     EnumerationSessions& operator=(const EnumerationSessions&) = delete;
 
-    // All of them may be called from several threads at once, and throw host::Failure: for too many
-    // sessions, or for a context that is not that of a session of this kind and name space.
+    // All of them may be called from several threads concurrently, and throw host::Failure: for too
+    // many sessions, or for a context that is not that of a session of this kind and namespace.
 
     // The first objects, `count` at most; opens a session for the others.
     Piece Open(Content content, std::size_t count);
 
-    // The next objects. A count of 0 keeps the session alive.
+    // The next objects. A count of 0 only restarts the timeout.
     Piece Pull(const std::string& context, Kind kind, const std::string& nameSpace,
                std::size_t count);
 
@@ -60,7 +60,7 @@ public:
 private:
     struct Session {
         Content content;
-        Clock::time_point end;  // unless somebody pulls
+        Clock::time_point end;  // unless a client pulls
     };
     using Sessions = std::map<std::string, Session>;  // by context
 

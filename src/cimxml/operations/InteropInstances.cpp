@@ -69,7 +69,7 @@ InteropInstances::InteropInstances(const host::ClassRepository& repository,
     for (const std::string& name : names) objects.push_back(NameSpaceNamed(name));
     objects.push_back(registrationProfile);
     objects.push_back(diagnosticProfile);
-    Conformances({});  // its class must be there, too
+    Conformances({});  // its class must exist, too
 }
 
 // All properties of the class in class order, NULL where none is given; keys make the path.

@@ -1,4 +1,4 @@
-// What a server tells about itself: the instances of its name space root/interop.
+// A server's self-description: the instances of its namespace root/interop.
 #pragma once
 
 #include <host/Value.h>
@@ -14,12 +14,12 @@ inline constexpr const char* kConformance = "CIM_ElementConformsToProfile";
 
 class InteropInstances {
 public:
-    // `names` are those of all name spaces. Throws host::LoadError when the repository lacks a
-    // class of the instances.
+    // `names` are those of all namespaces. Throws host::LoadError when the repository lacks a class
+    // of the instances.
     InteropInstances(const host::ClassRepository& repository, const std::string& version,
                      const std::vector<std::string>& names);
 
-    // The object manager, the name spaces and the profiles.
+    // The object manager, the namespaces and the profiles.
     const std::vector<host::Instance>& Objects() const { return objects; }
 
     // The associations of each profile with what conforms to it: every profile with the profile of

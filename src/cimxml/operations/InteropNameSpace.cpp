@@ -117,8 +117,7 @@ public:
     }
 
 private:
-    // Of all name spaces that have diagnostic services; where they cannot be asked for, there are
-    // none.
+    // Of all namespaces that have diagnostic services; none if their enumeration fails.
     std::vector<ObjectPath> DiagnosticServices() const {
         std::vector<ObjectPath> services;
         for (const NameSpace* const other : nameSpaces) {
@@ -132,7 +131,7 @@ private:
 
     std::vector<Instance> Links() const { return own.Conformances(DiagnosticServices()); }
 
-    // Where the object lives; this name space when nobody else knows it.
+    // The object's namespace; this one if no other has it.
     const NameSpace& Home(const ObjectPath& path) const {
         const auto found =
             std::find_if(nameSpaces.begin(), nameSpaces.end(), [&](const NameSpace* candidate) {
@@ -150,7 +149,7 @@ private:
         return Home(path).GetInstance(path, properties).instances;
     }
 
-    // The class of a filter may be one that only another name space has.
+    // The class of a filter may be one that only another namespace has.
     void RequireClass(const std::string& className) const {
         const auto knows = [&](const NameSpace* nameSpace) {
             return nameSpace->Classes().Find(className) != nullptr;

@@ -1,4 +1,4 @@
-// The name space in which clients look for what a server is, which name spaces it has and which
+// The namespace in which clients look for what a server is, which namespaces it has and which
 // profiles it follows.
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace cimxml {
 
-// The name space root/interop: an object manager, this server, a CIM_Namespace for itself and for
+// The namespace root/interop: an object manager, this server, a CIM_Namespace for itself and for
 // each of the names, and the profiles with what conforms to them. `schema` is the MOF file of its
 // classes. Throws host::LoadError.
 std::unique_ptr<NameSpace> InteropNameSpace(const std::string& schema, const std::string& version,

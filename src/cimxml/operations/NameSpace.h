@@ -1,4 +1,4 @@
-// A CIM name space: its classes, and where its instances come from.
+// A CIM namespace: its classes, and where its instances come from.
 #pragma once
 
 #include <host/Host.h>
@@ -23,11 +23,11 @@ public:
 
     virtual const host::ClassRepository& Classes() const = 0;
 
-    // Tells it of all name spaces of the server, which live as long as it; before any request.
+    // Sets all namespaces of the server, which must outlive it; called before any request.
     virtual void Meet(const std::vector<const NameSpace*>& /*all*/) {}
 
-    // Requests, from several threads at once. Paths lie in this name space and name classes that
-    // it has; `properties` is null for all.
+    // Requests, from several threads concurrently. Paths lie in this namespace and name classes
+    // that it has; `properties` is null for all.
     virtual host::InstancesResult EnumerateInstances(const host::ObjectPath& classPath,
                                                      host::PropertyList properties) const = 0;
     virtual host::NamesResult EnumerateInstanceNames(const host::ObjectPath& classPath) const = 0;

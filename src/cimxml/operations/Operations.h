@@ -18,7 +18,8 @@ public:
     explicit Operations(NameSpaces served);
 
     // The document of the answer; an operation that fails is answered with its CIM error.
-    // `hostName` is how the client calls this server. May be called from several threads at once.
+    // `hostName` is how the client calls this server. May be called from several threads
+    // concurrently.
     std::string Answer(const Request& request, const std::string& hostName) const;
 
 private:

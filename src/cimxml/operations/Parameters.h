@@ -13,11 +13,11 @@ namespace cimxml {
 
 using ParameterNames = std::vector<std::string_view>;
 
-// All members throw host::Failure (CMPI_RC_ERR_INVALID_PARAMETER). A parameter that is NULL is as
-// good as absent.
+// All members throw host::Failure (CMPI_RC_ERR_INVALID_PARAMETER). A NULL parameter counts as
+// absent.
 class Parameters {
 public:
-    // Each name must be one of those and stand once. The request must outlive this.
+    // Each name must be one of those and appear once. The request must outlive this.
     Parameters(const Request& callingRequest, const ParameterNames& known);
 
     bool Flag(std::string_view name, bool whenAbsent) const;
@@ -28,7 +28,7 @@ public:
     std::string Class(std::string_view name) const;
     std::string RequiredClass(std::string_view name) const;
 
-    // A path without name space.
+    // A path without namespace.
     host::ObjectPath RequiredInstance(std::string_view name) const;
 
     // The path of an instance or class.

@@ -64,8 +64,8 @@ public:
     }
 
 private:
-    // A class that is there for others to derive from, and from which none with a provider does,
-    // has no instances: nobody has to be asked.
+    // A base class from which no class with a provider derives has no instances, so no provider is
+    // asked.
     bool IsServed(const ObjectPath& classPath) const {
         const auto& registrations = host.Registrations();
         return std::any_of(registrations.begin(), registrations.end(), [&](const auto& one) {

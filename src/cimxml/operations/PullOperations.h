@@ -15,7 +15,7 @@ void OpenReferenceInstancePaths(const Call& call);
 void PullInstancesWithPath(const Call& call);
 void PullInstancePaths(const Call& call);
 
-// Pulls the results of queries, which this server does not answer: no context fits.
+// Pulls the results of queries, which this server does not support: no context is valid.
 void PullInstances(const Call& call);
 
 void CloseEnumeration(const Call& call);

@@ -12,14 +12,14 @@ protected:
         {{"ann", HashLike("sesame", kQuickHash)}, {"bob", HashLike("open:up", kQuickHash)}}};
 
     bool IsGranted(const std::string& authorization) const {
-        return authenticator.Judge(authorization).isGranted;
+        return authenticator.Authenticate(authorization).isGranted;
     }
 };
 
 TEST_F(AuthenticatorTest, RightPassword_IsGranted) {
     EXPECT_TRUE(IsGranted("Basic YW5uOnNlc2FtZQ=="));  // ann:sesame
     EXPECT_TRUE(IsGranted("basic Ym9iOm9wZW46dXA="));  // bob:open:up
-    EXPECT_EQ(authenticator.Judge("Basic YW5uOnNlc2FtZQ==").user, "'ann'");
+    EXPECT_EQ(authenticator.Authenticate("Basic YW5uOnNlc2FtZQ==").user, "'ann'");
 }
 
 TEST_F(AuthenticatorTest, WrongPassword_IsRefused) {
@@ -30,7 +30,7 @@ TEST_F(AuthenticatorTest, WrongPassword_IsRefused) {
 }
 
 TEST_F(AuthenticatorTest, Stranger_IsRefusedEvenWithAUsersPassword) {
-    const auto verdict = authenticator.Judge("Basic ZXZlOnNlc2FtZQ==");  // eve:sesame
+    const auto verdict = authenticator.Authenticate("Basic ZXZlOnNlc2FtZQ==");  // eve:sesame
     EXPECT_FALSE(verdict.isGranted);
     EXPECT_EQ(verdict.user, "'eve'");
 }
@@ -44,9 +44,10 @@ TEST_F(AuthenticatorTest, WhatIsNotBasic_IsRefused) {
 }
 
 TEST_F(AuthenticatorTest, NameThatCouldForgeALogLine_IsEscaped) {
-    EXPECT_EQ(authenticator.Judge("Basic YQpiOng=").user, "'a\\x0ab'");    // a, line break, b:x
-    EXPECT_EQ(authenticator.Judge("Basic YSdcYjp4").user, "'a\\'\\\\b'");  // a'\b:x
-    EXPECT_EQ(authenticator.Judge("Basic /w==").user, "'\\xff'");
+    EXPECT_EQ(authenticator.Authenticate("Basic YQpiOng=").user,
+              "'a\\x0ab'");  // a, line break, b:x
+    EXPECT_EQ(authenticator.Authenticate("Basic YSdcYjp4").user, "'a\\'\\\\b'");  // a'\b:x
+    EXPECT_EQ(authenticator.Authenticate("Basic /w==").user, "'\\xff'");
 }
 
 TEST_F(AuthenticatorTest, PasswordWithNul_IsRefused) {

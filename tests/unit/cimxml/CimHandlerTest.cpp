@@ -43,23 +43,23 @@ protected:
 };
 
 TEST_F(CimHandlerTest, RightPassword_IsJudgedOnce) {
-    EXPECT_EQ(AccessOf(kRight), Access::MustBeJudged);
-    EXPECT_TRUE(handler.Judge(Head(kRight), client));
+    EXPECT_EQ(AccessOf(kRight), Access::MustAuthenticate);
+    EXPECT_TRUE(handler.Authenticate(Head(kRight), client));
     EXPECT_EQ(AccessOf(kRight), Access::Granted);
-    EXPECT_EQ(AccessOf(kWrong), Access::MustBeJudged);
+    EXPECT_EQ(AccessOf(kWrong), Access::MustAuthenticate);
     EXPECT_EQ(AccessOf(""), Access::Refused);
     EXPECT_THAT(logged, testing::IsEmpty());
 }
 
 TEST_F(CimHandlerTest, NewUsers_AreAskedAnew) {
-    EXPECT_TRUE(handler.Judge(Head(kRight), client));
+    EXPECT_TRUE(handler.Authenticate(Head(kRight), client));
     handler.UseAuthenticator(Users("other"));
-    EXPECT_EQ(AccessOf(kRight), Access::MustBeJudged);
-    EXPECT_FALSE(handler.Judge(Head(kRight), client));
+    EXPECT_EQ(AccessOf(kRight), Access::MustAuthenticate);
+    EXPECT_FALSE(handler.Authenticate(Head(kRight), client));
 }
 
 TEST_F(CimHandlerTest, WrongPassword_IsLogged) {
-    EXPECT_FALSE(handler.Judge(Head(kWrong), client));
+    EXPECT_FALSE(handler.Authenticate(Head(kWrong), client));
     EXPECT_THAT(logged,
                 testing::ElementsAre("The user 'ann' at 192.0.2.1:40000 gave a wrong password."));
 }

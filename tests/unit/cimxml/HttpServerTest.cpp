@@ -19,10 +19,10 @@ using testing::StartsWith;
 class EchoHandler : public HttpHandler {
 public:
     Access AccessOf(const HttpRequest& head, const Client&) const override {
-        return head.Header("Authorization") ? Access::MustBeJudged : Access::Granted;
+        return head.Header("Authorization") ? Access::MustAuthenticate : Access::Granted;
     }
 
-    bool Judge(const HttpRequest& head, Client&) const override {
+    bool Authenticate(const HttpRequest& head, Client&) const override {
         ++judged;
         judged.notify_all();
         if (head.target == "/wait") released.wait(false);

@@ -213,7 +213,7 @@ TEST_F(PasswordFileTest, LongestUserAndPassword_AreRecognised) {
         EVP_EncodeBlock(reinterpret_cast<unsigned char*>(encoded.data()),
                         reinterpret_cast<const unsigned char*>(credentials.data()),
                         static_cast<int>(credentials.size()))));
-    EXPECT_TRUE(Authenticator(ReadPasswordFile(path)).Judge("Basic " + encoded).isGranted);
+    EXPECT_TRUE(Authenticator(ReadPasswordFile(path)).Authenticate("Basic " + encoded).isGranted);
 }
 
 TEST_F(PasswordFileTest, FolderThatIsMissing_IsNamed) {

@@ -148,7 +148,7 @@ TEST(RequestReader, WhatIsNoXml_IsNotWellFormed) {
 
 TEST(RequestReader, WhatIsNearlyXml_IsNotWellFormed) {
     EXPECT_EQ(ErrorOf("<CIM>&a;</CIM>"),
-              (Error{400, kNotWellFormed, "The request is no XML: undefined entity, at byte 5."}));
+              (Error{400, kNotWellFormed, "The request is not XML: undefined entity, at byte 5."}));
     for (const char* text :
          {"<CIM A=\"&#0;\"/>", "<CIM>a&#0;b</CIM>", "<CIM>&#xD800;</CIM>", "<CIM>a & b</CIM>",
           "<CIM A=\"1\" A=\"2\"/>", "<CIM A=\"<\"/>", "<CIM>]]></CIM>", "text<CIM/>", "<CIM/>text",
@@ -240,7 +240,7 @@ TEST(RequestReader, WhatIsMissing_IsNamed) {
     EXPECT_EQ(ErrorOf(Simple("<IMETHODCALL NAME=\"Do\"/>")),
               NotLooselyValid("The element 'IMETHODCALL' lacks the element 'LOCALNAMESPACEPATH'."));
     EXPECT_EQ(ErrorOf(Simple("<IMETHODCALL NAME=\"Do\"><LOCALNAMESPACEPATH/></IMETHODCALL>")),
-              NotLooselyValid("The request names no name space."));
+              NotLooselyValid("The request names no namespace."));
 }
 
 TEST(RequestReader, WhatIsMisplaced_IsNamed) {
@@ -254,7 +254,7 @@ TEST(RequestReader, WhatIsMisplaced_IsNamed) {
     EXPECT_EQ(ErrorOf(Extrinsic("<IPARAMVALUE NAME=\"A\"/>")),
               NotLooselyValid("A method call cannot hold the element 'IPARAMVALUE'."));
     EXPECT_EQ(ErrorOf(Extrinsic("<PARAMVALUE NAME=\"A\"><INSTANCE/></PARAMVALUE>")),
-              NotLooselyValid("The element 'INSTANCE' is no value."));
+              NotLooselyValid("The element 'INSTANCE' is not a value."));
     EXPECT_EQ(ErrorOf(Extrinsic("<PARAMVALUE NAME=\"A\" EmbeddedObject=\"instance\"><VALUE/>"
                                 "</PARAMVALUE>")),
               NotLooselyValid("This server reads no embedded objects as arguments."));
@@ -270,7 +270,7 @@ TEST(RequestReader, KeyOfAWrongKind_IsNamed) {
                       content + "</KEYBINDING></INSTANCENAME></IPARAMVALUE>"));
     };
     EXPECT_EQ(key("<KEYVALUE VALUETYPE=\"numeric\">x</KEYVALUE>"),
-              NotLooselyValid("The key value 'x' is no number."));
+              NotLooselyValid("The key value 'x' is not a number."));
     EXPECT_EQ(key("<KEYVALUE VALUETYPE=\"boolean\">1</KEYVALUE>"),
               NotLooselyValid("The key value '1' is neither TRUE nor FALSE."));
     EXPECT_EQ(key("<KEYVALUE VALUETYPE=\"colour\">1</KEYVALUE>"),
@@ -278,7 +278,7 @@ TEST(RequestReader, KeyOfAWrongKind_IsNamed) {
     EXPECT_EQ(key("<VALUE>1</VALUE>"), NotLooselyValid("A key cannot hold the element 'VALUE'."));
     EXPECT_EQ(key(""), NotLooselyValid("The element 'KEYBINDING' must hold exactly one element."));
     EXPECT_EQ(key("<VALUE.REFERENCE><VALUE/></VALUE.REFERENCE>"),
-              NotLooselyValid("The element 'VALUE' is no object path."));
+              NotLooselyValid("The element 'VALUE' is not an object path."));
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ using NQUVZDX20::kLogTrace;
 
 namespace {
 
-// A message without a text says nothing: the catalog lacks an entry.
+// A message without a text is useless: the catalog lacks an entry.
 std::optional<ResultMessage> Told(ResultMessage message) {
     return message.line.empty() ? std::nullopt : std::optional(std::move(message));
 }
@@ -22,8 +22,9 @@ std::string TextOf(const std::optional<ResultMessage>& message) {
 
 }  // namespace
 
-BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::JudgeSilence(const IpmiExchange& exchange, CurrentRun& run,
-                                                      ControllerResult& controller) {
+BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::JudgeNoResponse(const IpmiExchange& exchange,
+                                                         CurrentRun& run,
+                                                         ControllerResult& controller) {
     controller.outcome = Outcome::NotDelivered;
     if (run.IsStopped()) {
         run.Interrupt(controller);
@@ -34,7 +35,7 @@ BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::JudgeSilence(const IpmiExchange& exchan
     return run.result.interrupted ? Next::EndOfRun : Next::Controller;
 }
 
-// Writes down what came, and judges it.
+// Records the answer and judges it.
 BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::JudgeResponse(const platform::IpmiResponse& response,
                                                        CurrentRun& run,
                                                        ControllerResult& controller) {
@@ -104,7 +105,7 @@ BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::JudgeBusses(const platform::IpmiRespons
     return Next::Controller;
 }
 
-// A pass makes good what an earlier controller's silence did to the state, but not a failed bus.
+// A pass overrides the state that an earlier timeout left, but not a failed bus.
 void BMCI2C_Test_Impl::RecordBusses(const std::string& failures, CurrentRun& run,
                                     ControllerResult& controller) {
     std::string text = failures;

@@ -186,10 +186,10 @@ BMCI2C_Test_Impl::Next BMCI2C_Test_Impl::TestController(CurrentRun& run,
     WriteCoreLog(kLogTrace, "isCmdComplete of sendIPMICommand() is : " + std::to_string(delivered) +
                                 " fIsOXC: " + std::to_string(isOxcMachine));
     return delivered ? JudgeResponse(exchange.Response(), run, controller)
-                     : JudgeSilence(exchange, run, controller);
+                     : JudgeNoResponse(exchange, run, controller);
 }
 
-// A busy controller is asked once more; the second answer counts, whatever it is.
+// One retry if the controller is busy; the second answer counts, whatever it is.
 BMCI2C_Test_Impl::Answer BMCI2C_Test_Impl::AskBusStatus(IpmiExchange& exchange,
                                                         const CurrentRun& run,
                                                         ControllerResult& controller) {

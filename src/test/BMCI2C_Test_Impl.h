@@ -41,8 +41,8 @@ public:
     BMCI2C_Test_Impl();
     ~BMCI2C_Test_Impl() override;
 
-    // Waits for a run that is under way. Lets exceptions of platform and catalog through; the next
-    // run works nevertheless. A busy controller makes it pause for 5 seconds.
+    // Waits for a run in progress. Lets exceptions of platform and catalog through; the next run
+    // still works. Pauses for 5 seconds before the retry at a busy controller.
     RunResult Run(const std::string& name, const RunOptions& options = {});
     // The same for CIM clients, who read the records; always 0.
     std::int32_t RunDiagnostic(cimple::String name) override;
@@ -56,7 +56,7 @@ public:
     // True when the catalog lists this machine. Reads machine type and catalog first.
     bool SupportedMachineType();
 
-    // The steps of a run; they do not exclude a run.
+    // The steps of a run; they do not take runLock.
 
     // Stores the machine type. When there is none it keeps a record and gives its message.
     std::optional<ResultMessage> ReadMachineType();
@@ -86,7 +86,7 @@ public:
     std::int32_t nodeCount = 0;
 
 private:
-    // What is known of the controllers' family when the test is made.
+    // What is known about the controllers' family when the test is created.
     struct Family {
         bool isOxc = false;
         std::optional<platform::Trouble> trouble;  // why it is not known
@@ -123,7 +123,8 @@ private:
     Next TestController(CurrentRun& run, ControllerResult& controller);
     Answer AskBusStatus(IpmiExchange& exchange, const CurrentRun& run,
                         ControllerResult& controller);
-    Next JudgeSilence(const IpmiExchange& exchange, CurrentRun& run, ControllerResult& controller);
+    Next JudgeNoResponse(const IpmiExchange& exchange, CurrentRun& run,
+                         ControllerResult& controller);
     Next JudgeResponse(const platform::IpmiResponse& response, CurrentRun& run,
                        ControllerResult& controller);
     static Next EndRecord(CurrentRun& run, const ControllerResult& controller);
@@ -131,7 +132,7 @@ private:
                      ControllerResult& controller);
     void RecordBusses(const std::string& failures, CurrentRun& run, ControllerResult& controller);
 
-    // What an OXC controller is, and why that is not known.
+    // The generation of an OXC controller, and why it is unknown.
     struct GenerationAnswer {
         Generation generation = Generation::Unknown;
         std::string reason;

@@ -37,8 +37,8 @@ public:
     // later one at the next NUL. A token whose end is one of the last two bytes is not taken.
     std::vector<std::string> MultiStringTok(const char* text, unsigned long length, char separator);
 
-    // Visits the records in list order while holding their lock. So `visit` copies what it needs
-    // and returns; it starts no run and asks nothing of the CIMOM.
+    // Visits the records in list order while holding their lock, so `visit` must only copy what it
+    // needs: it must not start a run or call the CIMOM.
     void ForEachRecord(const std::function<void(const DiagnosticRecord&)>& visit) const;
 
     // Puts a record at the end of the list, which owns it from then on. A record may be appended

@@ -29,7 +29,7 @@ public:
     platform::IpmiResponse Response() const& { return {buffer, length}; }
     platform::IpmiResponse Response() const&& = delete;
 
-    // What the transport told of the last sending; of none before, and without a controller.
+    // The transport's report on the last request; empty before the first, and without a controller.
     const SPExchange& Facts() const { return facts; }
 
 private:

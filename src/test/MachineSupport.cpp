@@ -97,7 +97,7 @@ void BMCI2C_Test_Impl::ReadCatalog(const std::string& path) {
     ParseCatalog(path, {text.get(), length});
 }
 
-// What ends the parse early is remembered: the catalog is not read again.
+// Remembers why the parse ended early, because the catalog is not read again.
 void BMCI2C_Test_Impl::ParseCatalog(const std::string& path, std::span<char> text) {
     try {
         parser.Parse(text.data(), text.size());

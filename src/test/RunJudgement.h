@@ -8,7 +8,7 @@
 // Adds the next controller in node order.
 void AddController(RunResult& result, const std::string& address);
 
-// Gives each controller that was not asked, and has no trouble yet, the reason.
+// Sets the reason for each controller that was not asked and has no trouble yet.
 void ExplainNotAsked(RunResult& result);
 
 // The verdict that the rest of the result stands for.

@@ -59,7 +59,7 @@ void WriteLines(const RunResult& result) {
     }
 }
 
-// A log that fails must not change the outcome of a run.
+// A failing log must not change the outcome of a run.
 template <class Call>
 void WithoutFailure(Call call) noexcept {
     try {

@@ -1,5 +1,5 @@
-// What a run leaves in the core logger beside the test's own lines: for people and log filters that
-// look for failed busses. Each line begins with "Run: ".
+// The log lines of a run besides the test's own, for people and log filters that look for failed
+// busses. Each line begins with "Run: ".
 #pragma once
 
 #include <test/RunResult.h>

@@ -28,8 +28,7 @@ public:
     // Makes the record the only one in the test's list.
     void KeepAlone();
 
-    // Leaves the list as it is from here on: what the run still finds out goes into a record that
-    // is never kept.
+    // Freezes the list: later findings of the run go into a record that is never kept.
     void Close();
     bool IsClosed() const { return closed; }
 

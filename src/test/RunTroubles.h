@@ -1,5 +1,4 @@
-// What a run says of controllers and busses that were not examined: a code, a sentence and what to
-// do.
+// Troubles of controllers and busses that were not examined: code, text and advice.
 #pragma once
 
 #include <platform/diagnostics/Trouble.h>
@@ -31,7 +30,7 @@ platform::Trouble NotAskedOnThisMachine();
 platform::Trouble Interrupted();
 
 // The two generations of OXC controllers mean different busses by the answer; `reason` is why the
-// query for it was of no use.
+// generation query failed.
 platform::Trouble GenerationUnknown(const std::string& reason);
 
 // The answer announces more than fits the buffer; `length` is what the transport returned.

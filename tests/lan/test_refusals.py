@@ -1,4 +1,4 @@
-"""Controllers that refuse the log-in: the trouble says why, and advises nothing beside it."""
+"""Controllers that refuse the login: the trouble says why, and advises nothing beside it."""
 
 import re
 from dataclasses import dataclass

@@ -1,4 +1,4 @@
-// The clock of every time limit here. Tests link a function of their own.
+// The clock of all timeouts and deadlines here. Tests link their own function.
 #pragma once
 
 #include <chrono>

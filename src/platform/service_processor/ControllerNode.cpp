@@ -36,7 +36,7 @@ bool ControllerNode::IsOxcControllerMachine() {
     return answer.isOxc;
 }
 
-// Every command is waited for: nobody asks for an answer later.
+// Every command is synchronous.
 bool ControllerNode::sendIPMICommand(unsigned char* buffer, int* length, int bufferSize, bool) {
     const std::span<unsigned char> room(buffer, static_cast<std::size_t>(std::max(bufferSize, 0)));
     return Deliver([&] { return ReadRequest(room); },

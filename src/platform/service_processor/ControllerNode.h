@@ -42,7 +42,7 @@ public:
     const SPExchange& LastExchange() const override { return lastExchange; }
     void Use(const SPShare& shareOfRun) override { share = shareOfRun; }
 
-    // Who the controller is; nothing, and a log line, when it does not say so.
+    // The controller's Device ID; nothing, and a log line, if it does not answer.
     std::optional<DeviceId> Identify();
 
 private:

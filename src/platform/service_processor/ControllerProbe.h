@@ -1,5 +1,5 @@
-// Asks a controller who it is, and nothing else: Get Device ID is the same for all makes and
-// changes nothing in the controller.
+// Sends Get Device ID to a controller and nothing else: the command is the same for all makes and
+// changes nothing.
 //
 //     for (const ProbedNode& node : NodesToProbe(settings)) {
 //         const ProbeResult result = ProbeController(node.controller, node.number, node.limit);

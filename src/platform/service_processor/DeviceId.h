@@ -1,4 +1,4 @@
-// What a controller says of itself: its answer to Get Device ID.
+// A controller's answer to Get Device ID.
 #pragma once
 
 #include <platform/service_processor/IpmiMessage.h>

@@ -30,7 +30,7 @@ int ReportedLength(const IpmiAnswer& answer) {
     return answer.length.value_or(1 + static_cast<int>(answer.data.size()));
 }
 
-// An answer of good standing with nothing in it is of no use to any command here.
+// A successful answer without data is useless to every command here.
 bool IsTooShort(const IpmiAnswer& answer) {
     return answer.completionCode == kCompleted && ReportedLength(answer) <= 1;
 }

@@ -32,8 +32,8 @@ constexpr std::uint8_t kGetDeviceId = 0x01;
 constexpr std::uint8_t kI2cBusStatus = 0x09;
 constexpr std::uint8_t kControllerGeneration = 0xC1;
 
-// Completion codes that are named in a log line. With kTimeOver the kernel's driver answers in the
-// place of a controller that is silent.
+// Completion codes that are named in a log line. With kTimeOver the kernel's driver reports the
+// controller's timeout.
 constexpr std::uint8_t kCompleted = 0x00;
 constexpr std::uint8_t kNodeBusy = 0xC0;
 constexpr std::uint8_t kInvalidCommand = 0xC1;

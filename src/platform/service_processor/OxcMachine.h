@@ -18,9 +18,9 @@ struct OxcAnswer {
     std::optional<Trouble> trouble;  // why it could not be found out; then `isOxc` is false
 };
 
-// As the settings say it. Where they list products, the first controller of the machine is asked
-// who it is, until it has answered once in this process; one that does not answer is taken for one
-// of another family, and the log tells why.
+// As the settings say it. If they list products, the machine's first controller gets Get Device ID
+// until it has answered once in this process; if it does not answer, another family is assumed, and
+// the log says why.
 OxcAnswer AskOxcFamily(const OxcFamily& family, const ControllerSettings& firstController,
                        std::chrono::milliseconds timeLimit);
 

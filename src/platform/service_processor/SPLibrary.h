@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-// What a command told beyond its answer.
+// Report on a command besides its answer.
 struct SPExchange {
     int attempts = 0;                          // retries included
     std::optional<platform::Trouble> trouble;  // why no answer came

@@ -8,12 +8,12 @@
 
 namespace platform {
 
-// The diagnostic test's pause before it asks a busy controller once more.
+// The test's pause before the retry at a busy controller.
 constexpr std::chrono::milliseconds kBusyPause{5000};
 
-// What a run spends on one controller, in time limits: after that, and the pause, nothing more is
-// begun. A controller that answers every step late reaches it; a silent one is given up long
-// before.
+// What a run spends on one controller, in time limits: after that, and the pause, no request is
+// started. A controller that answers every step late reaches it; one that does not respond times
+// out long before.
 constexpr int kShareInLimits = 5;
 
 struct TimeAllowance {

@@ -20,7 +20,7 @@ public:
     // stays open afterwards. Throws TransportError when no answer came in the time allowed.
     virtual IpmiAnswer Send(const IpmiRequest& request, TimeAllowance allowance) = 0;
 
-    // The way in a few words for a log line: "inband /dev/ipmi0", "lan 192.0.2.1:623".
+    // A short description of the transport for log lines: "inband /dev/ipmi0", "lan 192.0.2.1:623".
     virtual std::string Describe() const = 0;
 };
 

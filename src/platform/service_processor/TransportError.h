@@ -26,7 +26,7 @@ enum class TroubleCode {
     RefusedPassword,        // LAN
     RefusedPrivilege,       // LAN: the user may not work at the privilege level
     RefusedAuthentication,  // LAN: protocol, authentication or cipher suite is not offered
-    RefusedLogin,           // LAN: the log-in failed for another reason
+    RefusedLogin,           // LAN: the login failed for another reason
     Busy,                   // the controller is busy, and said so too late to be asked again
     Refused,                // a completion code other than 0
     UnusableAnswers,        // cut short, or to another request
@@ -34,7 +34,7 @@ enum class TroubleCode {
     Other,
 };
 
-// Where the controller may do better the next time.
+// Errors for which a retry may help.
 inline constexpr char kRetryAdvice[] = "Try again; if that does not help, restart the controller.";
 
 // The name of a code for programs: "no_answer".
@@ -62,7 +62,7 @@ private:
     int attempts;
 };
 
-// Something that is no trouble of the way to the controller kept the request from being sent.
+// The request could not be sent, for a reason other than the transport.
 TransportError CannotBeSent(const std::exception& reason);
 
 // The program was told to stop while a controller was asked.

@@ -79,9 +79,9 @@ TEST_F(Channel, NothingUsable_IsSilenceThatCountsWhatCame) {
             },
             [](ByteView) { return Flaw::Command; });
         FAIL() << "an answer was taken";
-    } catch (const Silence& silence) {
-        EXPECT_EQ(silence.unusable.InWords(), "1 answer to another command");
-        EXPECT_EQ(silence.networkError, 0);
+    } catch (const NoResponse& noResponse) {
+        EXPECT_EQ(noResponse.unusable.InWords(), "1 answer to another command");
+        EXPECT_EQ(noResponse.networkError, 0);
     }
     EXPECT_EQ(packets, 2);
 }
@@ -92,15 +92,15 @@ TEST_F(Channel, PortWithoutAListener_IsSilenceWithTheReason) {
     try {
         channel.Exchange([] { return Bytes{1}; }, [](ByteView) { return std::nullopt; });
         FAIL() << "an answer was taken";
-    } catch (const Silence& silence) {
-        EXPECT_EQ(silence.networkError, ECONNREFUSED);
+    } catch (const NoResponse& noResponse) {
+        EXPECT_EQ(noResponse.networkError, ECONNREFUSED);
     }
 }
 
 TEST_F(Channel, DeadlineThatIsOver_SendsNothing) {
     LanChannel channel("127.0.0.1", port, Allowance(), Now());
     EXPECT_THROW(channel.Exchange([] { return Bytes{1}; }, [](ByteView) { return std::nullopt; }),
-                 Silence);
+                 NoResponse);
     EXPECT_FALSE(controller.Receive());
 }
 

@@ -49,7 +49,7 @@ TEST_P(LanFaults, EverySecondRequestLost_Delivers) {
         << testing::PrintToString(exchange.log);
 }
 
-// The answer that ends the log-in is among the lost ones, each time, and the simulator does not
+// The answer that ends the login is among the lost ones, each time, and the simulator does not
 // repeat it.
 TEST_P(LanFaults, EverySecondPacketLost_IsNamed) {
     const UdpRelay relay(simulator.Port(), {.losesRequests = true, .losesAnswers = true});

@@ -117,7 +117,7 @@ TEST_F(LanTransport, WrongPasswordOfIpmi15_IsSuspected) {
     connection.password = "wrong-password";
     ExpectTrouble(connection,
                   At(connection) +
-                      " did not answer the log-in of the user 'tester'; the password is probably "
+                      " did not answer the login of the user 'tester'; the password is probably "
                       "wrong. Correct the password file.",
                   kTwoAttempts);
 }
@@ -168,7 +168,7 @@ TEST_P(CipherSuite, OfferedByTheController_Works) {
 
 INSTANTIATE_TEST_SUITE_P(Suites, CipherSuite, testing::Values(1, 2, 3, 6, 11));
 
-// FreeIPMI and the simulator derive different keys from the log-in of this suite; the simulator
+// FreeIPMI and the simulator derive different keys from the login of this suite; the simulator
 // takes what it cannot read for nothing.
 TEST_F(LanTransport, CipherSuite12OfTheSimulator_OpensNoSession) {
     const IpmiSimulator simulator("09: 00 01\n");

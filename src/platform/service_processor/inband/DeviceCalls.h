@@ -1,4 +1,4 @@
-// The system calls of the in-band way. Tests link functions of their own, which play a kernel.
+// The system calls of the in-band transport. Tests link functions that simulate the kernel.
 #pragma once
 
 #include <poll.h>

@@ -40,8 +40,8 @@ IpmiAnswer ReadAnswer(const IpmiDevice::Message& message) {
     return answer;
 }
 
-TransportError Silence(const std::string& device, std::chrono::milliseconds time,
-                       const UnusableAnswers& unusable) {
+TransportError NoResponse(const std::string& device, std::chrono::milliseconds time,
+                          const UnusableAnswers& unusable) {
     const std::string subject = "The controller behind " + device;
     const std::string within = " within " + InSeconds(time);
     if (!unusable.IsEmpty()) {
@@ -72,7 +72,7 @@ IpmiAnswer InBandTransport::Send(const IpmiRequest& request, TimeAllowance allow
         unusable.Add(*flaw);
     }
     if (allowance.IsStopped()) throw Interrupted();
-    throw Silence(device, allowance.limit, unusable);
+    throw NoResponse(device, allowance.limit, unusable);
 }
 
 }  // namespace platform

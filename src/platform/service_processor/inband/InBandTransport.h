@@ -12,10 +12,9 @@ public:
     explicit InBandTransport(std::string devicePath,
                              DevicePresence devicePresence = DevicePresence::Named);
 
-    // Opens the device, sends, waits for the answer as long as a silent controller is waited for,
-    // and closes. An answer to something else is ignored, and counted in the error when nothing
-    // better comes. A completion code with which the driver answers in the controller's place is an
-    // answer.
+    // Opens the device, sends, waits for the answer until the timeout, and closes. Answers to other
+    // requests are ignored, and counted in the error if the timeout is reached. A completion code
+    // with which the driver answers in the controller's place is an answer.
     IpmiAnswer Send(const IpmiRequest& request, TimeAllowance allowance) override;
 
     std::string Describe() const override { return "inband " + device; }

@@ -69,7 +69,7 @@ int Repeated(Call call) {
     return result;
 }
 
-// How long a stop flag may go unseen.
+// Poll interval of the stop flag.
 constexpr std::chrono::milliseconds kStopCheck{100};
 
 // At least 0, at most what poll takes. Rounded up, so that poll never ends too early.

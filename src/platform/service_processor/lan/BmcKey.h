@@ -1,4 +1,4 @@
-// The key K_G of a controller, which both sides of a session use beside the password.
+// The key K_G of a controller, which both sides of a session use in addition to the password.
 #pragma once
 
 #include <platform/service_processor/lan/SecretBytes.h>

@@ -1,4 +1,4 @@
-// What travels over the network.
+// Bytes of network packets.
 #pragma once
 
 #include <cstddef>
@@ -28,11 +28,11 @@ inline void AppendNumber(Bytes& bytes, std::uint32_t number) {
     }
 }
 
-// Bytes that nobody can guess, from the system; rand() of the process is left alone. Throws
+// Random bytes from the system that cannot be guessed; rand() of the process is left alone. Throws
 // std::system_error.
 Bytes RandomBytes(std::size_t count);
 
-// Other than 0.
+// Never 0.
 std::uint32_t RandomId();
 
 }  // namespace platform::lan

@@ -1,4 +1,4 @@
-// Packets of IPMI 1.5, which also carry what is said before a session of IPMI 2.0.
+// Packets of IPMI 1.5, which also carry the messages before a session of IPMI 2.0.
 #pragma once
 
 #include <platform/service_processor/lan/LanAccount.h>
@@ -6,7 +6,7 @@
 
 namespace platform::lan {
 
-// What the controller has said of the session.
+// The session's parameters from the controller.
 struct Session15 {
     bool isAuthenticated = false;  // by MD5
     std::uint32_t id = 0;

@@ -14,7 +14,7 @@ struct CipherAlgorithms {
     std::uint8_t confidentiality = 0;
 };
 
-// What both sides have agreed upon.
+// What both sides have negotiated.
 struct Session20 {
     CipherAlgorithms algorithms;
     std::uint32_t ownId = 0;

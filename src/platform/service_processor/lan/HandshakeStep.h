@@ -27,7 +27,7 @@ inline const HandshakeStep kRakp3{IPMI_PAYLOAD_TYPE_RAKP_MESSAGE_3, tmpl_rmcpplu
                                   IPMI_PAYLOAD_TYPE_RAKP_MESSAGE_4, tmpl_rmcpplus_rakp_message_4,
                                   2};
 
-// What tells a session's own answers from others.
+// Identifies a session's own answers.
 struct HandshakeIds {
     std::uint8_t tag;
     std::uint32_t session;

@@ -19,7 +19,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// How often the stop flag is looked at.
+// Poll interval of the stop flag.
 constexpr milliseconds kStopLooks{100};
 
 struct FreeAddresses {
@@ -54,7 +54,7 @@ Addresses AddressInDigits(const std::string& text) {
     return Addresses(found);
 }
 
-// A name on its way through the resolver, which writes into the object until it is over.
+// A name lookup in progress; the resolver writes into the object until it is done.
 class Lookup {
 public:
     explicit Lookup(std::string hostName) : name(std::move(hostName)) {
@@ -89,7 +89,7 @@ private:
     gaicb request{};
 };
 
-// Lookups that were given up. Each stays until the resolver is done with it.
+// Lookups that timed out. Each stays until the resolver is done with it.
 class GivenUp {
 public:
     void Add(std::unique_ptr<Lookup> lookup) {

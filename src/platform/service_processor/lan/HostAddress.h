@@ -1,7 +1,7 @@
 // The address of a controller's host.
 //
-// A resolver whose servers are dead takes half a minute to say so, and more with each server. So a
-// name is resolved in the background, and given up when its time is over.
+// If its servers do not respond, a resolver takes half a minute to fail, and more with each server.
+// So names are resolved in the background, with a timeout.
 #pragma once
 
 #include <platform/service_processor/TimeAllowance.h>

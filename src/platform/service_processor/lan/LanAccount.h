@@ -1,4 +1,4 @@
-// As whom a session is opened, and how.
+// The account and parameters of a session.
 #pragma once
 
 #include <platform/service_processor/lan/BmcKey.h>

@@ -11,7 +11,7 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds kSecond{1000};
 
-// How often the stop flag is looked at.
+// Poll interval of the stop flag.
 constexpr milliseconds kSlice{100};
 
 }  // namespace
@@ -41,14 +41,14 @@ void LanChannel::Finish(const Write& write, const Read& read) {
     const milliseconds moment = std::min(allowance.limit, kSecond);
     try {
         Repeat(write, read, {.first = moment, .limit = moment});
-    } catch (const Silence&) {
+    } catch (const NoResponse&) {
         return;
     }
 }
 
 int LanChannel::Repeat(const Write& write, const Read& read, Pace pace) {
     Time end = std::min(Now() + pace.limit, deadline);
-    Silence silence;
+    NoResponse noResponse;
     socket.ForgetError();
     Time next = Now();
     int sent = 0;
@@ -56,8 +56,8 @@ int LanChannel::Repeat(const Write& write, const Read& read, Pace pace) {
         const Time now = Now();
         if (allowance.IsStopped()) throw Interrupted();
         if (now >= end) {
-            silence.networkError = socket.Error();
-            throw silence;
+            noResponse.networkError = socket.Error();
+            throw noResponse;
         }
         if (now >= next) {
             socket.Send(write());
@@ -74,7 +74,7 @@ int LanChannel::Repeat(const Write& write, const Read& read, Pace pace) {
             end = std::min(Now() + pace.limit, deadline);
             next = std::max(next, Now() + pace.first);
         } else {
-            silence.unusable.Add(*flaw);
+            noResponse.unusable.Add(*flaw);
         }
     }
 }

@@ -1,4 +1,4 @@
-// Requests to one controller and their answers, repeated as UDP demands.
+// Requests to one controller and their answers, with retransmission over UDP.
 #pragma once
 
 #include <platform/service_processor/TimeAllowance.h>
@@ -10,8 +10,8 @@
 
 namespace platform::lan {
 
-// Thrown when no usable answer came in time.
-struct Silence {
+// Thrown on a timeout without a usable answer.
+struct NoResponse {
     UnusableAnswers unusable;
     int networkError = 0;  // what the system reported (errno), if anything
 
@@ -44,7 +44,7 @@ public:
     // Sends until `read` takes an answer, and returns how often it sent. The time before a
     // retransmission doubles each time, and is at least twice that of the slowest answer until
     // now. Answers to repetitions show that the controller is at work, so each restarts the wait.
-    // Throws Silence, and TransportError when it was told to stop.
+    // Throws NoResponse, and TransportError when it was told to stop.
     int Exchange(const Write& write, const Read& read, Patience patience);
 
     // Sends once, and waits for the answer for a moment.

@@ -46,8 +46,8 @@ IpmiAnswer LanSession::Send(const IpmiRequest& request) {
         conversation.End(*format, CloseRequest());
         format.reset();
         return answer;
-    } catch (const Silence& silence) {
-        throw FellSilent(account, stage, silence, allowance.limit);
+    } catch (const NoResponse& noResponse) {
+        throw NoResponseFailure(account, stage, noResponse, allowance.limit);
     }
 }
 

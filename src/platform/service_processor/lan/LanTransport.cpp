@@ -19,7 +19,8 @@ constexpr milliseconds kLongestPause{4000};
 constexpr milliseconds kStopLook{100};
 constexpr milliseconds kSpareSecond{1000};
 
-// Half of the pause to one and a half, so that several programs do not come back together.
+// Backoff with jitter: half of the pause to one and a half, so that several programs do not retry
+// together.
 milliseconds Jittered(milliseconds pause) {
     const auto part = lan::RandomBytes(1).front();
     return pause / 2 + pause * part / 0xFF;
@@ -57,7 +58,7 @@ private:
         }
     }
 
-    // True when another session is to be opened now.
+    // True if another session should be tried now.
     bool MayRetry(const lan::LanFailure& failure) {
         switch (failure.retry) {
             case lan::Retry::Never:
@@ -79,7 +80,7 @@ private:
         return true;
     }
 
-    // A controller that keeps silent is told by how far it had come first.
+    // If both sessions time out, the first one's progress determines the trouble.
     TransportError InWords(const lan::LanFailure& last) const {
         const lan::LanFailure& told = first && last.code == TroubleCode::NoAnswer ? *first : last;
         return {told.code, told.text, told.advice, attempts};

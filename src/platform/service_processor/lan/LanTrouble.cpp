@@ -10,7 +10,7 @@ namespace platform::lan {
 
 namespace {
 
-// Refusals; <reason> is the code in words.
+// Refusals; <reason> explains the code.
 constexpr Fault kNoSession{TroubleCode::NoSession,
                            "The controller at <host> has no session free: <reason>.",
                            "Close one, or try again.", Retry::Later};
@@ -32,12 +32,11 @@ constexpr Fault kSuiteRefused{
     TroubleCode::RefusedAuthentication,
     "The controller at <host> opened no session by cipher suite <number>: <reason>.", kSuiteAdvice};
 constexpr Fault kCapabilitiesRefused{
-    TroubleCode::Refused,
-    "The controller at <host> does not tell how it can be logged in to: <reason>.",
+    TroubleCode::Refused, "The controller at <host> does not tell how to log in: <reason>.",
     "Check that IPMI over LAN is switched on for the privilege_level."};
 constexpr Fault LogInRefused(std::string_view advice, Retry retry = Retry::Never) {
     return {TroubleCode::RefusedLogin,
-            "The controller at <host> refused the log-in of the user '<user>': <reason>.", advice,
+            "The controller at <host> refused the login of the user '<user>': <reason>.", advice,
             retry};
 }
 constexpr Fault kLogInRefused = LogInRefused(kRetryAdvice);
@@ -45,7 +44,7 @@ constexpr Fault kSessionLost = LogInRefused(kRetryAdvice, Retry::Once);
 constexpr Fault kPayloadRefused = LogInRefused(kSuiteAdvice);
 constexpr Fault kParameterRefused = LogInRefused("Try another cipher_suite or privilege_level.");
 
-// Silence, by what the session had reached.
+// Timeouts, by the progress of the session.
 constexpr Fault kNoFirstAnswer{TroubleCode::NoAnswer,
                                "The controller at <host> did not answer within <time>.",
                                "Check the address, the port, and that IPMI over LAN is switched "
@@ -70,7 +69,7 @@ constexpr Fault kUnreachable{
     TroubleCode::Unreachable, "The controller at <host> cannot be reached: <reason>.",
     "Check the address, the port, the network, and that IPMI over LAN is switched on."};
 
-// A code by which a controller refuses, and what it stands for.
+// A controller's refusal code and its meaning.
 struct Refusal {
     std::uint8_t code;
     std::string_view meaning;
@@ -100,7 +99,7 @@ constexpr Refusal kStatuses[] = {
 
 constexpr Refusal kChallengeCodes[] = {
     {0x81, "invalid user name", kUnknownUser},
-    {0x82, "no log-in without a user name", kUnknownUser},
+    {0x82, "no login without a user name", kUnknownUser},
 };
 
 constexpr Refusal kActivationCodes[] = {
@@ -134,7 +133,7 @@ const Refusal* Find(std::span<const Refusal> refusals, std::uint8_t code) {
     return found == refusals.end() ? nullptr : &*found;
 }
 
-// `text` with what stands in its places.
+// `text` with its placeholders filled in.
 std::string Filled(std::string_view text, const Places& places) {
     std::string filled;
     for (std::size_t begin = text.find('<'); begin != text.npos; begin = text.find('<')) {
@@ -146,7 +145,7 @@ std::string Filled(std::string_view text, const Places& places) {
     return filled.append(text);
 }
 
-const Fault& FaultOfSilence(const LanAccount& account, Stage stage) {
+const Fault& FaultOfNoResponse(const LanAccount& account, Stage stage) {
     if (stage == Stage::Asking) return kNoFirstAnswer;
     if (stage == Stage::LoggedIn) return kCommandUnanswered;
     return account.IsProtocol15() ? kLogInStopped15 : kLogInStopped20;
@@ -194,16 +193,17 @@ LanFailure StatusRefused(const LanAccount& account, std::uint8_t status) {
         {{"reason", "status " + Hexadecimal(status) + " (" + std::string(refusal.meaning) + ")"}});
 }
 
-LanFailure FellSilent(const LanAccount& account, Stage stage, const Silence& silence,
-                      std::chrono::milliseconds limit) {
-    const Fault& fault = FaultOfSilence(account, stage);
+LanFailure NoResponseFailure(const LanAccount& account, Stage stage, const NoResponse& noResponse,
+                             std::chrono::milliseconds limit) {
+    const Fault& fault = FaultOfNoResponse(account, stage);
     const std::string time = InSeconds(limit);
-    LanFailure failure = !silence.unusable.IsEmpty()
+    LanFailure failure = !noResponse.unusable.IsEmpty()
                              ? Failure(account, kUnusable,
                                        {{"time and step", time + std::string(WordsOf(stage))},
-                                        {"answers", silence.unusable.InWords()}})
-                         : silence.networkError != 0 ? CannotReach(account, silence.networkError)
-                                                     : Failure(account, fault, {{"time", time}});
+                                        {"answers", noResponse.unusable.InWords()}})
+                         : noResponse.networkError != 0
+                             ? CannotReach(account, noResponse.networkError)
+                             : Failure(account, fault, {{"time", time}});
     failure.retry = fault.retry;
     return failure;
 }

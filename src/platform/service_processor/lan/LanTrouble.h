@@ -1,4 +1,4 @@
-// Failures of a session in words for the people who must fix them.
+// Texts for failures of a session, for the people who must fix them.
 #pragma once
 
 #include <platform/service_processor/TransportError.h>
@@ -12,10 +12,10 @@
 
 namespace platform::lan {
 
-// Whether another session may do better.
+// Whether a retry with another session may help.
 enum class Retry {
     Never,
-    Once,   // the controller fell silent, or lost track of the session
+    Once,   // timeout, or the controller lost track of the session
     Later,  // it has no session free now
 };
 
@@ -27,8 +27,8 @@ struct LanFailure {
     Retry retry = Retry::Never;
 };
 
-// A failure as any controller may have it. <host>, <user>, <level> and <number> (of the cipher
-// suite) in the text are the account's; what else stands like this is known where it happens.
+// A template of a failure. <host>, <user>, <level> and <number> (of the cipher
+// suite) in the text are the account's; other placeholders are filled in where the failure occurs.
 struct Fault {
     TroubleCode code;
     std::string_view text;
@@ -36,7 +36,7 @@ struct Fault {
     Retry retry = Retry::Never;
 };
 
-// What stands in the other places of a fault's text, by the names there.
+// The values of a fault's other placeholders, by name.
 using Places = std::map<std::string_view, std::string>;
 
 LanFailure Failure(const LanAccount& account, const Fault& fault, Places places = {});
@@ -49,16 +49,16 @@ LanFailure Refused(const LanAccount& account, Step step, std::uint8_t completion
 // A step of the RMCP+ handshake was answered by a status code other than 0.
 LanFailure StatusRefused(const LanAccount& account, std::uint8_t status);
 
-// What a session had reached when the controller fell silent.
+// The progress of a session at a timeout.
 enum class Stage { Asking, LoggingIn, LoggedIn };
 
-LanFailure FellSilent(const LanAccount& account, Stage stage, const Silence& silence,
-                      std::chrono::milliseconds limit);
+LanFailure NoResponseFailure(const LanAccount& account, Stage stage, const NoResponse& noResponse,
+                             std::chrono::milliseconds limit);
 
 // There is no way to its address; `reason` is of the system (errno).
 LanFailure CannotReach(const LanAccount& account, int reason);
 
-// An advice that several faults share.
+// Advice that several faults share.
 inline constexpr std::string_view kPasswordAdvice = "Correct the password file.";
 inline constexpr std::string_view kSuiteAdvice = "Try another cipher_suite.";
 
@@ -87,10 +87,10 @@ inline constexpr Fault kOtherKey{
     TroubleCode::RefusedPassword,
     "The controller at <host> has another key K_G, or another password for the user '<user>'.",
     "Correct the file that k_g_file names, or the password file."};
-// Activate Session was not answered, which is how IPMI 1.5 refuses a password.
+// Activate Session timed out, which is how IPMI 1.5 refuses a password.
 inline constexpr Fault kPasswordSuspected{
     TroubleCode::RefusedPassword,
-    "The controller at <host> did not answer the log-in of the user '<user>'; the password is "
+    "The controller at <host> did not answer the login of the user '<user>'; the password is "
     "probably wrong.",
     kPasswordAdvice, Retry::Once};
 inline constexpr Fault kCutShort{

@@ -40,8 +40,8 @@ Bytes Activate(const LanAccount& account, Conversation& conversation, Format15& 
         return conversation.AskStep(format, Step::Activation,
                                     {.netFn = kAppNetFn, .command = kActivateSession, .data = data},
                                     kSequencePlace15 + kIdSize);
-    } catch (const Silence& silence) {
-        if (silence.IsComplete()) throw Failure(account, kPasswordSuspected);
+    } catch (const NoResponse& noResponse) {
+        if (noResponse.IsComplete()) throw Failure(account, kPasswordSuspected);
         throw;
     }
 }

@@ -18,7 +18,7 @@ constexpr unsigned int kShorterPassword = 16;
 
 unsigned int Size(const Bytes& bytes) { return static_cast<unsigned int>(bytes.size()); }
 
-// FreeIPMI asks for this before any of its calculations.
+// FreeIPMI requires this before any cryptographic call.
 bool CanCompute() {
     static const bool isReady = ipmi_rmcpplus_init() == 0;
     return isReady;
@@ -114,8 +114,8 @@ unsigned int RmcpPlusHandshake::PasswordLength() const {
                      : account.password.Length();
 }
 
-// Throws when the controller refuses. One that got the step before twice may have begun anew with
-// the second one, so another session may do better.
+// Throws when the controller refuses. One that got a retransmission of the step before may have
+// restarted the handshake, so a retry with another session may help.
 FiidObject RmcpPlusHandshake::Ask(const HandshakeStep& step, const FiidObject& message) {
     FiidObject answer(step.answerLayout);
     const Bytes packet = HandshakePacket(step.requestType, message.All());
@@ -123,7 +123,8 @@ FiidObject RmcpPlusHandshake::Ask(const HandshakeStep& step, const FiidObject& m
     const LanChannel::Read read = [&](ByteView received) {
         return ReadHandshake(received, step, {.tag = Tag(step), .session = session.ownId}, answer);
     };
-    // A repeated Open Session may take a second slot, a repeated RAKP 1 another random number.
+    // A retransmitted Open Session may take a second slot, a retransmitted RAKP 1 another random
+    // number.
     const bool isLast = step.number == kRakp3.number;
     const int sent = channel.Exchange(
         write, read, isLast ? LanChannel::Patience::Short : LanChannel::Patience::Long);

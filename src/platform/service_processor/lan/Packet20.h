@@ -16,7 +16,7 @@ struct Packet20 {
     ByteView payload;  // with what encryption has added
 };
 
-// A view of the packet, or what is wrong with it.
+// A view of the packet, or its flaw.
 std::variant<Packet20, Flaw> ReadPacket20(ByteView packet);
 
 // A packet of the handshake, which is outside any session.

@@ -35,7 +35,7 @@ struct FileRefusal {
 
 class OpenFile {
 public:
-    // Without waiting, so that a pipe without a writer is refused and not waited for.
+    // Non-blocking, so that a pipe without a writer is refused.
     explicit OpenFile(const std::string& path)
         : descriptor(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {}
     OpenFile(const OpenFile&) = delete;

@@ -28,7 +28,7 @@ public:
     Password() = default;
 
     // An empty name of a file: no password. Throws TransportError when the file cannot be read, is
-    // no regular file, may be read by others than its owner, has an empty first line, or one of
+    // not a regular file, may be read by others than its owner, has an empty first line, or one of
     // more than `longest` bytes.
     Password(const std::string& file, std::size_t longest, SecretKind kind = kPasswordFile);
 

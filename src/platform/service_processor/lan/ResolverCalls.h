@@ -1,4 +1,4 @@
-// The library calls of name resolution. Tests link functions of their own, which play a resolver.
+// The library calls of name resolution. Tests link functions that simulate a resolver.
 #pragma once
 
 #include <netdb.h>

@@ -1,4 +1,4 @@
-// Key material, wiped when it goes.
+// Key material, wiped on destruction.
 #pragma once
 
 #include <string.h>

@@ -34,7 +34,7 @@ public:
     // the I2C status with the profile's code and data; the generation query by any node with two
     // data bytes, bit 0 of the second set for generation 2; Get Device ID like a controller with
     // IPMI 2.0; all else with code 0xC1. The profile's length goes with every answer to the I2C
-    // status. A node that does not answer throws TroubleCode::NoAnswer at once.
+    // status. A node that does not answer throws TroubleCode::NoAnswer immediately.
     IpmiAnswer Send(const IpmiRequest& request, TimeAllowance allowance) override;
 
     std::string Describe() const override { return "simulated"; }

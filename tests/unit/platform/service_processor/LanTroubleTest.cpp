@@ -57,7 +57,7 @@ constexpr char kCloseOne[] = "Close one, or try again.";
 constexpr char kBySuite3[] = "opened no session by cipher suite 3: ";
 constexpr char kLevelRefused[] =
     "does not let the user 'tester' work at the privilege level administrator: ";
-constexpr char kLogInRefused[] = "refused the log-in of the user 'tester': ";
+constexpr char kLogInRefused[] = "refused the login of the user 'tester': ";
 constexpr char kUnknownUser[] = "does not know the user 'tester': ";
 
 struct StatusCase {
@@ -153,7 +153,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(CompletionCodeOfTheOpening, IsPutIntoWords) {
     ExpectFailure(Refused(Account20(), Step::Capabilities, 0xCC),
                   {TroubleCode::Refused,
-                   "does not tell how it can be logged in to: completion code 0xcc (the "
+                   "does not tell how to log in: completion code 0xcc (the "
                    "controller could not carry out the command).",
                    "Check that IPMI over LAN is switched on for the privilege_level."});
     ExpectFailure(Refused(Account15(), Step::Challenge, 0x81),
@@ -163,7 +163,7 @@ TEST(CompletionCodeOfTheOpening, IsPutIntoWords) {
     ExpectFailure(
         Refused(Account15(), Step::Challenge, 0x82),
         {TroubleCode::RefusedUser,
-         std::string(kUnknownUser) + "completion code 0x82 (no log-in without a user name).",
+         std::string(kUnknownUser) + "completion code 0x82 (no login without a user name).",
          "Correct the setting user."});
     ExpectFailure(
         Refused(Account15(), Step::Activation, 0x81),
@@ -224,55 +224,55 @@ TEST(Failure, UserWithTheNameOfAPlace_IsLeftAsItIs) {
                    "Correct the password file."});
 }
 
-TEST(FellSilent, NothingAtAll_IsNotRetried) {
-    ExpectFailure(FellSilent(Account20(), Stage::Asking, {}, kLimit),
+TEST(NoResponseFailure, NothingAtAll_IsNotRetried) {
+    ExpectFailure(NoResponseFailure(Account20(), Stage::Asking, {}, kLimit),
                   {TroubleCode::NoAnswer, "did not answer within 4 s.",
                    "Check the address, the port, and that IPMI over LAN is switched on."});
 }
 
-TEST(FellSilent, WithinTheLogIn_NamesTheCipherSuiteOfProtocol20Only) {
-    ExpectFailure(FellSilent(Account20(), Stage::LoggingIn, {}, kLimit),
+TEST(NoResponseFailure, WithinTheLogIn_NamesTheCipherSuiteOfProtocol20Only) {
+    ExpectFailure(NoResponseFailure(Account20(), Stage::LoggingIn, {}, kLimit),
                   {TroubleCode::NoAnswer, "stopped answering while a session was opened.",
                    "Try again; if that does not help, set another cipher_suite, or restart the "
                    "controller.",
                    Retry::Once});
-    ExpectFailure(FellSilent(Account15(), Stage::LoggingIn, {}, kLimit),
+    ExpectFailure(NoResponseFailure(Account15(), Stage::LoggingIn, {}, kLimit),
                   {TroubleCode::NoAnswer, "stopped answering while a session was opened.", kRestart,
                    Retry::Once});
 }
 
-TEST(FellSilent, InTheSession_IsOfTheCommand) {
-    ExpectFailure(FellSilent(Account20(), Stage::LoggedIn, {}, kLimit),
+TEST(NoResponseFailure, InTheSession_IsOfTheCommand) {
+    ExpectFailure(NoResponseFailure(Account20(), Stage::LoggedIn, {}, kLimit),
                   {TroubleCode::NoAnswer, "opened a session, but did not answer the command.",
                    "If it is slow, raise its time_limit.", Retry::Once});
 }
 
-TEST(FellSilent, UnusableAnswers_AreCounted) {
-    Silence silence;
-    silence.unusable.Add(Flaw::NetworkFunction);
-    silence.unusable.Add(Flaw::NetworkFunction);
-    silence.unusable.Add(Flaw::Checksum);
-    ExpectFailure(FellSilent(Account20(), Stage::LoggedIn, silence, kLimit),
+TEST(NoResponseFailure, UnusableAnswers_AreCounted) {
+    NoResponse noResponse;
+    noResponse.unusable.Add(Flaw::NetworkFunction);
+    noResponse.unusable.Add(Flaw::NetworkFunction);
+    noResponse.unusable.Add(Flaw::Checksum);
+    ExpectFailure(NoResponseFailure(Account20(), Stage::LoggedIn, noResponse, kLimit),
                   {TroubleCode::UnusableAnswers,
                    "sent nothing usable within 4 s in answer to the command, but 1 answer with a "
                    "wrong checksum, 2 answers with another network function.",
                    kRestart, Retry::Once});
 }
 
-TEST(FellSilent, AnswersToEarlierRequests_AreTold) {
-    Silence silence;
-    silence.unusable.Add(Flaw::Late);
-    ExpectFailure(FellSilent(Account20(), Stage::LoggedIn, silence, kLimit),
+TEST(NoResponseFailure, AnswersToEarlierRequests_AreTold) {
+    NoResponse noResponse;
+    noResponse.unusable.Add(Flaw::Late);
+    ExpectFailure(NoResponseFailure(Account20(), Stage::LoggedIn, noResponse, kLimit),
                   {TroubleCode::UnusableAnswers,
                    "sent nothing usable within 4 s in answer to the command, but 1 answer to an "
                    "earlier request.",
                    kRestart, Retry::Once});
 }
 
-TEST(FellSilent, ErrorOfTheNetwork_IsNamed) {
-    Silence silence;
-    silence.networkError = EHOSTUNREACH;
-    ExpectFailure(FellSilent(Account20(), Stage::Asking, silence, kLimit),
+TEST(NoResponseFailure, ErrorOfTheNetwork_IsNamed) {
+    NoResponse noResponse;
+    noResponse.networkError = EHOSTUNREACH;
+    ExpectFailure(NoResponseFailure(Account20(), Stage::Asking, noResponse, kLimit),
                   {TroubleCode::Unreachable, "cannot be reached: No route to host.",
                    "Check the address, the port, the network, and that IPMI over LAN is switched "
                    "on."});

@@ -14,8 +14,8 @@ namespace cli {
 
 namespace {
 
-// The terminal does not show what is typed as long as this lives. Signals that would end the
-// program meanwhile wait until the terminal is as it was.
+// Disables the terminal's echo during its lifetime. Signals that would end the program are blocked
+// until the echo is restored.
 class WithoutEcho {
 public:
     WithoutEcho() {
@@ -47,7 +47,7 @@ std::string ReadLine() {
 }
 
 std::string Ask(const std::string& question) {
-    const WithoutEcho silent;  // before the question: who types ahead is not shown, either
+    const WithoutEcho silent;  // before the prompt, so that typing ahead is hidden, too
     std::cerr << question << ": " << std::flush;
     std::string answer = ReadLine();
     std::cerr << '\n';
@@ -74,7 +74,7 @@ void AddPasswd(CommandSet& commands) {
     commands
         .Add("passwd", "Set a user's password for bmci2c serve",
              [file, user](const Session&) { return Passwd(*file, *user); })
-        .Argument("FILE", *file, "The password file; made when there is none")
+        .Argument("FILE", *file, "The password file; created if missing")
         .Argument("USER", *user, "The user's name")
         .Footer(
             "Asks for the password on the terminal; otherwise the first line of standard input is "

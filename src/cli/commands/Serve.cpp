@@ -29,15 +29,15 @@ constexpr std::chrono::hours kMostTime{24};
 // Beyond the time limit of the controller that a run is asking.
 constexpr std::chrono::seconds kTimeToEnd{5};
 
-// Keeps the signals that the server heeds for Wait(). To be made before other threads are, because
-// they inherit what is blocked.
+// Blocks the signals that the server handles and leaves them to Wait(). Construct it before other
+// threads, which inherit the signal mask.
 class Signals {
 public:
     Signals() {
         sigemptyset(&signals);
         for (const int signal : {SIGTERM, SIGINT, SIGHUP}) sigaddset(&signals, signal);
         ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-        // A client that goes away while it is answered is no reason to end.
+        // A client that disconnects during a response must not end the server.
         std::signal(SIGPIPE, SIG_IGN);
     }
 
@@ -47,7 +47,7 @@ public:
         return signal;
     }
 
-    // Waits for a signal that ends the server, for so long at most; false: none came.
+    // Waits for a signal that ends the server; false after the timeout.
     bool WaitForEnd(std::chrono::milliseconds time) const {
         constexpr long kNanoseconds = 1'000'000;  // of a millisecond
         const timespec span{0, static_cast<long>(time.count()) * kNanoseconds};
@@ -69,7 +69,7 @@ std::chrono::seconds LongestTimeLimit(const platform::Settings& settings) {
     return std::chrono::seconds(longest);
 }
 
-// Waits for the end of the server, which has been told to end.
+// Waits until the server, which was told to stop, has ended.
 void AwaitEnd(const std::future<void>& running, const Signals& signals, cimxml::LogQueue& log,
               std::chrono::seconds time) {
     using namespace std::chrono_literals;
@@ -79,7 +79,7 @@ void AwaitEnd(const std::future<void>& running, const Signals& signals, cimxml::
         if (!isHurried && std::chrono::steady_clock::now() < deadline) continue;
         log.Write(ErrorLine("The server ends without the requests under way."));
         log.Flush();
-        std::_Exit(kSuccess);  // a thread that answers cannot be ended in any other way
+        std::_Exit(kSuccess);  // a thread that runs a request cannot be ended in any other way
     }
 }
 
@@ -122,21 +122,21 @@ void AddServe(CommandSet& commands) {
                "Bytes of a request's line and headers")
         .Limit("--max-depth", "N", limits.maxDepth, kMostDepth, "Maximum nesting depth of elements")
         .Limit("--max-connections", "N", limits.maxConnections, kMostConnections,
-               "Clients that are connected at once")
+               "Simultaneous connections")
         .Limit("--max-connections-per-address", "N", limits.maxConnectionsPerAddress,
-               kMostConnections, "Those of one address")
+               kMostConnections, "Simultaneous connections from one address")
         .Limit("--first-request-time", limits.firstRequestTime, kMostTime,
                "From the connection to the first request's headers")
         .Limit("--request-time", limits.requestTime, kMostTime,
                "From a request's first byte to its last")
-        .Limit("--idle-time", limits.idleTime, kMostTime,
-               "Silence after which a connection is closed")
+        .Limit("--idle-time", limits.idleTime, kMostTime, "Keep-alive timeout between requests")
         .Limit("--run-wait", limits.runWait, kMostTime,
                "How long RunDiagnostic waits for another run to end")
         .Footer(
             "On an address that other machines can reach, TLS and a password file are required.\n"
-            "SIGTERM and SIGINT end the server when the requests under way are answered, a second "
-            "one ends it at once. SIGHUP makes it read certificate, key and password file again.");
+            "SIGTERM and SIGINT end the server when the requests in progress are answered; a "
+            "second "
+            "signal ends it at once. SIGHUP reloads certificate, key and password file.");
 }
 
 }  // namespace cli

@@ -1,4 +1,4 @@
-// What to do about a class that is not there, or that shows nothing.
+// Advice for a class that does not exist or has no instances.
 #pragma once
 
 #include <host/Host.h>
@@ -17,7 +17,7 @@ std::string ClassAdvice(const std::string& className, const host::Status& status
 // The classes that the module registers.
 std::vector<std::string> RegisteredClasses(const host::Host& host);
 
-// Why there is nothing to print: what a run leaves behind lives as long as the process.
+// Why there is nothing to print: the records of a run exist only in its process.
 std::string NoInstanceText(const std::string& className);
 
 }  // namespace cli

@@ -61,7 +61,7 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions& options) {
     AddColourOption(app, options.colour);
 }
 
-// Seen before the line is read: one that cannot be read is answered in the same way.
+// Looked for before the line is parsed, so that a wrong line gets JSON, too.
 bool AsksForJson(const std::vector<std::string>& words) {
     const auto end = std::find(words.begin(), words.end(), "--");
     return std::any_of(words.begin(), end, [](const std::string& word) {

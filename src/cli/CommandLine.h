@@ -1,9 +1,9 @@
-// Reads the command line and carries the command out.
+// Parses the command line and runs the command.
 #pragma once
 
 namespace cli {
 
-// Returns the exit code; what is wrong goes to the standard error output.
+// Returns the exit code; errors go to standard error.
 int Main(int argc, const char* const* argv);
 
 }  // namespace cli

@@ -1,4 +1,4 @@
-// The module's name space and classes, and the call that runs its test.
+// The module's namespace and classes, and the call that runs its test.
 #pragma once
 
 #include <host/Host.h>
@@ -9,7 +9,7 @@ namespace cli {
 
 inline constexpr const char* kServiceClass = "QUVSG_BMCI2C_DiagnosticService";
 
-// The path of a class in the module's name space.
+// The path of a class in the module's namespace.
 host::ObjectPath ClassPath(const std::string& className);
 
 // Invokes RunDiagnostic on the service that the module enumerates. Throws CallError.

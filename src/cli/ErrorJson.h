@@ -1,4 +1,4 @@
-// A problem as scripts read it.
+// An error as JSON.
 #pragma once
 
 #include <cli/Errors.h>

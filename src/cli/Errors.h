@@ -18,7 +18,7 @@ struct Problem {
     std::string Message() const { return advice.empty() ? text : text + " " + advice; }
 };
 
-// A message whose first sentence says what is wrong and whose other ones say what to do.
+// A message whose first sentence is the error and whose other sentences are the advice.
 Problem SplitMessage(const std::string& message);
 
 // what() is the problem's message.
@@ -32,7 +32,7 @@ private:
     Problem problem;
 };
 
-// The command line asks for something that cannot be meant.
+// Wrong usage of the command line.
 class UsageError : public CommandError {
 public:
     using CommandError::CommandError;
@@ -40,8 +40,7 @@ public:
         : CommandError({text, advice}) {}
 };
 
-// What to do when the module, the schema or the registrations cannot be loaded; with a blank before
-// it.
+// Advice if the module, the schema or the registrations cannot be loaded; with a leading blank.
 inline constexpr const char* kLoadAdvice =
     " Run 'bmci2c doctor' to see which files are wrong and what to do.";
 

@@ -1,4 +1,4 @@
-// How the help looks. For the sources that include CLI11.
+// The format of the help. For sources that include CLI11.
 #pragma once
 
 #include <CLI/CLI.hpp>

@@ -14,7 +14,7 @@ std::filesystem::path Executable();
 
 // The module, schema and registrations beside the program in `binFolder`. `module`, when it is not
 // empty, names another module, and BMCI2C_SCHEMA another folder with bmci2c.mof and bmci2c.reg. A
-// file that is nowhere is named at the first place where it could be.
+// file that does not exist gets the first path where it was looked for.
 host::HostFiles FindFiles(const std::filesystem::path& binFolder, const std::string& module);
 
 // The message catalog below a diagnostics root.

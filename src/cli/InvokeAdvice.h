@@ -1,4 +1,4 @@
-// What to do when a method could not be invoked.
+// Advice if a method could not be invoked.
 #pragma once
 
 #include <host/Host.h>

@@ -33,7 +33,7 @@ Session OpenSession(const GlobalOptions& options) {
     session.files = FindFiles(session.executable.parent_path(), options.module);
     session.settings = platform::ReadSettingsOrProblem(session.variables);
 
-    // What is wrong must stay to be seen: a log of the command's own could hide it.
+    // Errors must stay visible: a log chosen by the command could hide them.
     session.choseLog =
         session.settings.problem.empty() && session.settings.log.origin == Origin::Default;
     session.choseLogLevel = session.choseLog && session.settings.logLevel.origin == Origin::Default;
@@ -46,8 +46,8 @@ Session OpenSession(const GlobalOptions& options) {
 std::unique_ptr<host::Host> LoadHost(const Session& session,
                                      std::function<void(const std::string&)> print) {
     for (const auto& [name, value] : session.variables) ::setenv(name.c_str(), value.c_str(), 1);
-    // A module elsewhere has a default of its own; it is to read the catalog that this program
-    // reads.
+    // A module in another place has its own default, but must read the same catalog as this
+    // program.
     if (session.settings.root.origin == Origin::Default)
         ::setenv("BMCI2C_ROOT", session.settings.root.value.c_str(), 1);
     const auto printErrors = [print = std::move(print)](const host::Message& message) {

@@ -1,4 +1,4 @@
-// What a command works with: the files of this installation and the settings in force.
+// The context of a command: the files of this installation and the settings in force.
 #pragma once
 
 #include <cli/ErrorOutput.h>
@@ -29,17 +29,17 @@ struct Session {
     platform::Variables variables;  // what the options and the command itself chose
     platform::Settings settings;
 
-    // The command chose these itself, because nobody had.
+    // Chosen by the command, because the user had not.
     bool choseLog = false;
     bool choseLogLevel = false;
 
-    // BMCI2C_SIMULATE came from whoever started the command.
+    // BMCI2C_SIMULATE came from the caller's environment.
     bool inheritedProfile = false;
 };
 
-// Reads the settings with the options. Where nobody says otherwise, only lines of severity 0 (what
-// is wrong in the catalog) are logged, to the standard error output. Settings that cannot be read
-// are those of platform::ReadSettingsOrProblem().
+// Reads the settings with the options. By default, only lines of severity 0 (errors of the catalog)
+// are logged, to standard error. Settings that cannot be read are those of
+// platform::ReadSettingsOrProblem().
 Session OpenSession(const GlobalOptions& options);
 
 // Loads the module, and sets the session's variables in the environment before, where the module

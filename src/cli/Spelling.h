@@ -1,4 +1,4 @@
-// Which known word was meant by one that is not known.
+// Suggests the known word that a misspelled one probably means.
 #pragma once
 
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace cli {
 
-// The word that differs least; empty when none is close: at most two letters may be wrong, missing
-// or too many, and fewer than the word has.
+// The word that differs least; empty when none is close: at most two letters may differ, be missing
+// or be extra, and fewer than the word has.
 std::string Nearest(const std::string& word, const std::vector<std::string>& known);
 
 // The same without regard to letter case; the word as `known` spells it.

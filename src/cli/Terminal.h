@@ -1,4 +1,4 @@
-// What the standard output can show.
+// Properties of standard output: colours and width.
 #pragma once
 
 #include <cstddef>

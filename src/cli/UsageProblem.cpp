@@ -10,7 +10,7 @@ namespace {
 
 std::string Quoted(const std::string& text) { return "'" + text + "'"; }
 
-// The command that the line names; the program itself when it names none.
+// The command on the line; the program itself if there is none.
 const CLI::App& NamedIn(const CLI::App& program) {
     const std::vector<CLI::App*> named = program.get_subcommands();
     return named.empty() ? program : *named.front();
@@ -53,7 +53,7 @@ std::string ExcessWord(const CLI::App& named, const std::string& word) {
            (arguments.empty() ? "none" : "only " + Listed(arguments)) + ".";
 }
 
-// A word of the line that belongs to nothing.
+// The text for an unexpected argument.
 Problem LeftOver(const CLI::App& program, const std::string& word) {
     const CLI::App& named = NamedIn(program);
     if (IsOption(word)) return {UnknownOption(named, word), SeeHelp(named)};
@@ -80,7 +80,7 @@ const CLI::Option* FindOption(const CLI::App& named, const std::string& name) {
     return own != nullptr || IsProgram(named) ? own : named.get_parent()->get_option_no_throw(name);
 }
 
-// An option with too few values, or with too many.
+// The text for an option with too few or too many values.
 std::string WrongCount(const CLI::App& named, const CLI::Error& error) {
     const std::string name = SubjectOf(error);
     const CLI::Option* const option = FindOption(named, name);
@@ -89,7 +89,7 @@ std::string WrongCount(const CLI::App& named, const CLI::Error& error) {
     return name + " needs a value: " + name + " " + option->get_type_name() + ".";
 }
 
-// The validators' messages go on with the sentence that the name begins.
+// The validators' messages continue a sentence that begins with the name.
 std::string WrongValue(const CLI::Error& error) {
     std::string message = error.what();
     if (const auto colon = message.find(": "); colon != std::string::npos) message.erase(colon, 1);

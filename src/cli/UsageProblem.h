@@ -1,4 +1,4 @@
-// A command line that cannot be read, explained.
+// Explains wrong usage of the command line.
 #pragma once
 
 #include <cli/Errors.h>
@@ -13,10 +13,10 @@ class Error;
 
 namespace cli {
 
-// What is wrong with the line that `program` refused with `error`, and where its help is.
+// Explains the `error` with which `program` refused the line, and names the help.
 Problem UsageProblem(const CLI::App& program, const CLI::Error& error);
 
-// A word that is none of the commands.
+// The text for an unknown command.
 Problem UnknownCommand(const std::string& word, const std::vector<std::string>& commands);
 
 // The commands that the help lists.

@@ -23,7 +23,8 @@ CatalogReports CheckCatalogFile(const std::string& path) {
     reader.Read(platform::ReadFileText(path, std::numeric_limits<std::size_t>::max()));
     CatalogReports reports = reader.Errors();
     Append(reports, reader.Outline().Warnings());
-    // What stands behind a syntax error is not known, so rules over the whole file would be wrong.
+    // After a syntax error the rest of the file is unknown, so rules over the whole file would be
+    // wrong.
     if (reader.SyntaxError().empty()) Append(reports, OutlineWarnings(reader.Outline().Outline()));
     std::ranges::stable_sort(reports, {}, &CatalogReport::place);
     return reports;

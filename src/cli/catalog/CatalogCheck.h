@@ -1,4 +1,4 @@
-// All that can be said of a catalog without a machine.
+// Checks a catalog without a machine.
 #pragma once
 
 #include <cli/catalog/CatalogReport.h>

@@ -26,7 +26,7 @@ void UseBuild(bool isOem) {
     platform::UseSettings(std::move(settings));
 }
 
-// Of one type the last entry counts.
+// If entries have the same type, the last one counts.
 Machines ByType(const std::list<boost::shared_ptr<TMachine>>& entries) {
     Machines machines;
     for (const auto& entry : entries)

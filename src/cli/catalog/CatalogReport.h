@@ -1,4 +1,4 @@
-// What `catalog check` says of one place in a catalog.
+// A report of `catalog check` about one place in a catalog.
 #pragma once
 
 #include <string>
@@ -15,7 +15,8 @@ struct CatalogPlace {
 };
 
 struct CatalogReport {
-    // An error is what the parser reports; a warning what it accepts and hardly anybody means.
+    // An error is what the parser reports; a warning is what it accepts but the author hardly
+    // intends.
     enum class Severity { Error, Warning };
 
     CatalogPlace place;

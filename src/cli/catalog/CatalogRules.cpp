@@ -21,7 +21,7 @@ CatalogReport Warning(const CatalogPlace& place, const std::string& text) {
     return {place, CatalogReport::Severity::Warning, text};
 }
 
-// The entries that count: of one type the last.
+// The entries that count: the last one of each type.
 std::map<std::string, const CatalogEntry*> EntriesInForce(const Entries& entries) {
     std::map<std::string, const CatalogEntry*> inForce;
     for (const CatalogEntry& entry : entries) inForce[entry.type] = &entry;
@@ -77,7 +77,7 @@ void WarnOfTexts(const CatalogEntry& entry, CatalogReports& warnings) {
 void WarnOfEquates(const CatalogOutline& outline, CatalogReports& warnings) {
     std::map<std::string, int> lines;
     for (const CatalogEquate& equate : outline.equates) {
-        if (equate.realType.empty() || equate.catalogType.empty()) continue;  // told as an error
+        if (equate.realType.empty() || equate.catalogType.empty()) continue;  // already an error
         const auto [first, isNew] = lines.emplace(equate.realType, equate.place.line);
         if (!isNew) {
             warnings.push_back(Warning(equate.place, "The machine '" + equate.realType +

@@ -1,4 +1,4 @@
-// What the parser accepts and a catalog's author hardly means: rules over the whole file.
+// Warnings about what the parser accepts but the author hardly intends: rules over the whole file.
 #pragma once
 
 #include <cli/catalog/CatalogOutline.h>

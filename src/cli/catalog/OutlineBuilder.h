@@ -1,4 +1,4 @@
-// Makes the outline of a catalog of its tags, and warns of what is odd about a single one.
+// Builds the outline of a catalog from its tags, and warns about oddities of single tags.
 #pragma once
 
 #include <cli/catalog/CatalogOutline.h>

@@ -24,7 +24,7 @@ struct CatalogOptions {
     bool asJson = false;
 };
 
-// What the function makes of the file; a file that cannot be read is wrong usage.
+// The function's result for the file; an unreadable file is wrong usage.
 template <class Function>
 auto OfFile(const std::string& path, Function function) {
     try {

@@ -1,5 +1,5 @@
-// What the line of a command may hold. Commands do without CLI11, whose headers take ten times as
-// long to compile as a command does.
+// The options and arguments of the commands. Keeps CLI11 out of the commands, because its headers
+// take ten times as long to compile as a command.
 #pragma once
 
 #include <cli/Session.h>
@@ -19,7 +19,7 @@ class App;
 namespace cli {
 
 struct Command {
-    // What it does while the settings cannot be read: not start, or start and show why.
+    // Behaviour if the settings cannot be read: fail, or start and show why.
     enum class BrokenSettings { EndIt, AreShown };
 
     Command() = default;
@@ -31,17 +31,17 @@ struct Command {
     BrokenSettings brokenSettings = BrokenSettings::EndIt;
 };
 
-// What may stand behind the name of one command. Each value is stored when the line is read, so it
-// must live until then; what it holds before is the default. `form` stands for the value in the
+// The options and arguments of one command. Each value is stored when the line is parsed, so it
+// must live until then; its initial content is the default. `form` represents the value in the
 // help.
 class CommandOptions {
 public:
     explicit CommandOptions(CLI::App& app) : command(app) {}
 
-    // A word that must be given, unless it is optional; with choices, one of them.
+    // A required or optional argument; with choices, one of them.
     CommandOptions& Argument(const std::string& name, std::string& value,
                              const std::string& description);
-    // The same, and any number of words more.
+    // The same, with any number of further arguments.
     CommandOptions& Arguments(const std::string& name, std::vector<std::string>& values,
                               const std::string& description);
     CommandOptions& OptionalArgument(const std::string& name, std::string& value,
@@ -52,7 +52,7 @@ public:
     CommandOptions& Flag(const std::string& name, bool& value, const std::string& description);
     CommandOptions& Text(const std::string& name, const std::string& form, std::string& value,
                          const std::string& description);
-    // May be given again, with one value each time.
+    // May be repeated, with one value each time.
     CommandOptions& Texts(const std::string& name, const std::string& form,
                           std::vector<std::string>& values, const std::string& description);
     CommandOptions& Count(const std::string& name, int& value, int least,
@@ -64,7 +64,7 @@ public:
     CommandOptions& Limit(const std::string& name, std::chrono::seconds& value,
                           std::chrono::seconds most, const std::string& description);
 
-    // What the help says at its end.
+    // The last paragraph of the help.
     CommandOptions& Footer(const std::string& text);
 
 private:

@@ -32,7 +32,7 @@ Json SettingsJson(const Session& session) {
     return object;
 }
 
-// A password or key stands in its file only, which is named.
+// Shows the file of a password or key, never its content.
 Json ControllerIdJson(const Controller& controller) {
     Json json = {{"way", controller.way}};
     if (controller.settings.transport != platform::TransportKind::Lan) return json;

@@ -56,7 +56,7 @@ std::string ClassesText(const RegistrationFiles& files, bool hasPublishedClasses
                                 : ", with the base classes, for a namespace that holds none.");
 }
 
-// Tells people of each step at once; scripts get one JSON object at the end.
+// Prints each step immediately for people; scripts get one JSON object at the end.
 class StepPrinter {
 public:
     explicit StepPrinter(const RegisterOptions& itsOptions) : options(itsOptions) {}
@@ -72,7 +72,7 @@ public:
         steps.push_back(step);
     }
 
-    // `note` is what is left to the user.
+    // `note` is what the user must still do.
     void Finish(const std::string& action, const RegistrationFiles& files,
                 const std::string& note) const {
         if (!options.asJson) return;

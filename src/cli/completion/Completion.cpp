@@ -112,7 +112,7 @@ private:
         return completion;
     }
 
-    // What can stand where the help says `form`.
+    // The candidates for a value that the help calls `form`.
     Completion Values(const std::string& form, const SchemaWords& schema) const {
         if (IsChoice(form)) return Words(Choices(form));
         if (form == "FILE" || form == "PROFILE") return {Completion::Kind::Files, {}};

@@ -1,4 +1,4 @@
-// What can stand at the end of a command line that is being typed.
+// Completions of a command line that is being typed.
 #pragma once
 
 #include <cli/completion/SchemaWords.h>

@@ -9,7 +9,7 @@ namespace cli {
 
 namespace {
 
-// Who is typing a command cannot be told what is wrong.
+// Errors are ignored: completion has no way to report them.
 template <class Read>
 std::vector<std::string> NamesOrNone(const Read& read) {
     try {

@@ -8,7 +8,8 @@
 
 namespace cli {
 
-// Reads the files when it is asked; the module is not loaded. What cannot be read has no names.
+// Reads the files when it is asked; the module is not loaded. A file that cannot be read gives no
+// names.
 class SchemaWords {
 public:
     explicit SchemaWords(host::HostFiles itsFiles);

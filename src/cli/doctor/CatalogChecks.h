@@ -1,5 +1,5 @@
-// What `bmci2c doctor` says of the message catalog. It reads the catalog with the module's own
-// parser, so that the two can never judge it differently.
+// The checks of the message catalog by `bmci2c doctor`. They use the module's own parser, so that
+// both always agree.
 #pragma once
 
 #include <cli/doctor/Check.h>

@@ -1,4 +1,4 @@
-// One thing that `bmci2c doctor` looked at.
+// One check of `bmci2c doctor`.
 #pragma once
 
 #include <platform/diagnostics/Trouble.h>

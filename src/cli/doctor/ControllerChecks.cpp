@@ -43,7 +43,7 @@ Check CheckDevice(const ProbedNode& node, const std::string& deviceFolder) {
                          : "Run the test as root, or as a user who may do both.");
 }
 
-// The check that has told already why the controller cannot be asked; empty when there is none.
+// The earlier check that explains why the controller cannot be asked; empty if there is none.
 std::string CheckBefore(const ProbedNode& node, const std::string& code) {
     using enum platform::TroubleCode;
     if (code == NameOf(PasswordFile)) return SecretFileCheck("password", node.number);

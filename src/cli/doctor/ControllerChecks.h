@@ -1,4 +1,4 @@
-// What `bmci2c doctor` says of the controllers and the devices before them.
+// The checks of controllers and their devices by `bmci2c doctor`.
 #pragma once
 
 #include <cli/doctor/Check.h>

@@ -1,4 +1,4 @@
-// All that `bmci2c doctor` looks at.
+// All checks of `bmci2c doctor`.
 #pragma once
 
 #include <cli/Session.h>
@@ -6,8 +6,8 @@
 
 namespace cli {
 
-// In the order in which one depends on another. While the settings cannot be read, what depends on
-// them is not looked at, which is a trouble, too. No controller is asked more than Get Device ID.
+// In order of dependency. If the settings cannot be read, the checks that depend on them fail
+// without looking. Controllers get Get Device ID only.
 Checks Examine(const Session& session);
 
 }  // namespace cli

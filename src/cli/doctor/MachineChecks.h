@@ -1,4 +1,4 @@
-// What `bmci2c doctor` says of SMBIOS.
+// The checks of SMBIOS by `bmci2c doctor`.
 #pragma once
 
 #include <cli/doctor/Check.h>

@@ -32,7 +32,7 @@ std::vector<std::string> FunctionsOf(const std::vector<host::Registration>& regi
     return names;
 }
 
-// A list of all functions hides what is wrong.
+// A list of all functions would hide the cause.
 std::string FirstOf(std::vector<std::string> names) {
     constexpr std::size_t kMostNames = 4;
     if (names.size() <= kMostNames) return Listed(names);
@@ -56,7 +56,7 @@ Check CheckFunctions(const host::Module& module,
                kReinstall);
 }
 
-// What a registration and its class in the MOF disagree on; empty when nothing.
+// The differences between a registration and its class in the MOF; empty if none.
 std::string Disagreement(const mof::Schema& schema, const host::Registration& registration) {
     const mof::Class* const cls = schema.Find(registration.className);
     if (cls == nullptr)

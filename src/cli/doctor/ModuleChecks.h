@@ -1,5 +1,5 @@
-// What `bmci2c doctor` says of the module, its functions and its schema. It knows the module as a
-// CIMOM does: by dlopen, the factories' names, and what the providers answer.
+// The checks of the module, its functions and its schema by `bmci2c doctor`. They see the module as
+// a CIMOM does: by dlopen, factory names and the providers' answers.
 #pragma once
 
 #include <cli/doctor/Check.h>
@@ -7,7 +7,7 @@
 
 namespace cli {
 
-// What to do where module and schema do not fit together.
+// Advice if module and schema do not match.
 inline constexpr const char* kReinstall =
     "Install the module, the MOF and the registrations of one version again.";
 

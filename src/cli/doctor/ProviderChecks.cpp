@@ -26,7 +26,7 @@ public:
           registration(itsRegistration),
           cls(*host.Schema().Find(registration.className)) {}
 
-    // What is wrong with the provider, each a part of a sentence.
+    // The provider's errors, each a part of a sentence.
     std::vector<std::string> Troubles() {
         LookAtInstances();
         LookAtNames();

@@ -1,4 +1,4 @@
-// What `bmci2c doctor` says of the providers, which it asks with a simulated machine behind them.
+// The checks of the providers, on a simulated machine, by `bmci2c doctor`.
 #pragma once
 
 #include <cli/doctor/Check.h>

@@ -41,8 +41,7 @@ Check CheckSettingsFile(const Settings& settings) {
     return Good(kName, "The settings file " + file + " is right.");
 }
 
-// What keeps lines from being appended to a file that may not be there yet; empty when nothing
-// does.
+// Why lines cannot be appended to a file, which may not exist yet; empty if they can.
 std::string ReasonAgainstAppending(const std::string& path) {
     const std::filesystem::path file(path);
     const std::filesystem::path folder = file.has_parent_path() ? file.parent_path() : ".";

@@ -1,4 +1,4 @@
-// What `bmci2c doctor` says of settings and of the files that they name.
+// The checks of the settings, and of the files that they name, by `bmci2c doctor`.
 #pragma once
 
 #include <cli/doctor/Check.h>

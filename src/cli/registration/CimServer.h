@@ -1,5 +1,5 @@
-// Registering the module with the CIM servers that are known. Registering and unregistering can be
-// done again and again: the outcome is the same.
+// Registering the module with the CIM servers that are known. Registering and unregistering are
+// idempotent.
 #pragma once
 
 #include <cli/registration/ServerTools.h>
@@ -33,7 +33,7 @@ public:
     virtual void Register(ServerTools& tools, const RegistrationFiles& files) const = 0;
     virtual void Unregister(ServerTools& tools, const RegistrationFiles& files) const = 0;
 
-    // What is left to the user, in a sentence each.
+    // What the user must still do, one sentence each.
     virtual std::string AfterRegister(const std::string& moduleFolder) const = 0;
     virtual std::string AfterUnregister() const = 0;
 };

@@ -55,7 +55,8 @@ private:
         return tools.Lists({"cimcli", "nc", "-di", "-n", nameSpace}, className, expected);
     }
 
-    // Before anything is changed: a registration that fails halfway leaves the server with none.
+    // Checked before anything is changed: a registration that fails halfway would leave the server
+    // with none.
     void CheckNameSpaces(ServerTools& tools) const {
         if (!HasClass(tools, options.interop, kClassOfRegistrations, true))
             throw RegistrationError(

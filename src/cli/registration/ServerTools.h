@@ -11,7 +11,7 @@
 
 namespace cli {
 
-// What keeps a registration from being made.
+// Why a registration failed.
 class RegistrationError : public CommandError {
 public:
     using CommandError::CommandError;

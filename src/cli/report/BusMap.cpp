@@ -24,7 +24,7 @@ std::string Left(const std::string& text, std::size_t width) {
     return text + std::string(width - std::min(width, text.size()), ' ');
 }
 
-// Nothing stands for a number without a bus.
+// A number without a bus has no mark.
 using Mark = std::optional<BusState>;
 
 struct Meaning {

@@ -10,8 +10,8 @@
 namespace cli {
 
 // A row for each controller and a column for each bus, in blocks that fit into the terminal's
-// width; below them what the marks mean that occur. A controller that was not examined has its
-// reason instead.
+// width; below them a legend of the marks used. A controller that was not examined has the reason
+// instead.
 std::string BusMapText(const std::vector<ControllerResult>& controllers, const Terminal& terminal);
 
 }  // namespace cli

@@ -46,7 +46,7 @@ void AddUnjudged(const RunResult& result, Clauses& clauses) {
     }
 }
 
-// What was not examined at all, in part, or without a judgement.
+// Controllers that were not examined, in part or at all, and busses without a judgement.
 void AddUnexamined(const RunResult& result, Clauses& clauses) {
     std::vector<int> notAtAll;
     std::vector<int> inPart;

@@ -1,4 +1,4 @@
-// What controllers and busses are called in texts.
+// Names of controllers and busses in texts.
 #pragma once
 
 #include <test/RunResult.h>

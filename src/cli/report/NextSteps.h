@@ -1,4 +1,4 @@
-// What to do about the outcome of a run.
+// Advice on the outcome of a run.
 #pragma once
 
 #include <test/RunResult.h>

@@ -70,7 +70,7 @@ std::string ReasonOf(const ControllerResult& controller) {
     return controller.busses.empty() ? "It reports no bus." : UnjudgedText(controller);
 }
 
-// Where no trouble says what helps, the messages of the test may.
+// If no trouble has advice, the test's messages may have some.
 std::string AdviceOf(const ControllerResult& controller) {
     if (controller.trouble && !controller.trouble->advice.empty())
         return controller.trouble->advice;

@@ -1,4 +1,4 @@
-// Why busses were not examined or not judged, and what helps.
+// Why busses were not examined or not judged, and advice.
 #pragma once
 
 #include <test/RunResult.h>
@@ -18,7 +18,7 @@ bool IsWhollyExamined(const ControllerResult& controller);
 // order; a paragraph each. `askedAll`: the run went on where that of a CIM client ends.
 std::vector<std::string> Reasons(const RunResult& result, bool askedAll);
 
-// What helps against the troubles, in the same order.
+// The advice for the troubles, in the same order.
 std::vector<std::string> Advice(const RunResult& result);
 
 }  // namespace cli

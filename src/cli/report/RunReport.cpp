@@ -124,7 +124,7 @@ std::string RunText(const RunReport& report, const Terminal& terminal) {
     text += section("Management controllers", ControllerSection(result));
     if (!result.controllers.empty())
         text += section("I2C busses of each controller", BusMapText(result.controllers, terminal));
-    // Behind the end of a CIM client's run nothing is recorded.
+    // After the end of a CIM client's run nothing is recorded.
     const bool goesBeyondRecord = report.askedAll && result.endOfRecord;
     text += section(goesBeyondRecord ? "What the test found" : "What the test recorded",
                     RecordSection(result, terminal));

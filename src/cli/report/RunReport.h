@@ -1,4 +1,4 @@
-// The result of a run for somebody who does not know how the test is made.
+// The result of a run for users without knowledge of the test's internals.
 #pragma once
 
 #include <cli/Session.h>

@@ -11,7 +11,7 @@ constexpr std::array<int, 3> kSignals = {SIGINT, SIGTERM, SIGHUP};
 
 using Actions = std::array<struct sigaction, kSignals.size()>;
 
-// A handler reaches nothing but what is static.
+// A signal handler can only reach static data.
 std::atomic<bool> requested = false;
 std::atomic<int> received = 0;
 Actions handlersBefore = {};
@@ -25,7 +25,7 @@ void Restore() {
 void OnSignal(int signal) {
     received = signal;
     requested = true;
-    Restore();  // the next one is not held up
+    Restore();  // so that the next one is not blocked
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Ctrl-C and its relatives during a run.
+// Signals during a run: SIGINT, SIGTERM and SIGHUP.
 #pragma once
 
 #include <atomic>

@@ -1,4 +1,4 @@
-// How a run goes on, in one line of the terminal that is redrawn in place.
+// Shows a run's progress in one terminal line that is redrawn in place.
 #pragma once
 
 #include <test/RunOptions.h>

@@ -1,4 +1,4 @@
-// A run as scripts read it: docs/json.md.
+// A run as JSON: docs/json.md.
 #pragma once
 
 #include <cli/Json.h>

@@ -55,9 +55,9 @@ public:
     Host& operator=(const Host&) = delete;
 
     // Requests of a client. `properties`: null for all, else the wanted ones. May be called from
-    // several threads at once.
+    // several threads concurrently.
     //
-    // An unknown name space is answered with CMPI_RC_ERR_INVALID_NAMESPACE, an unknown class with
+    // An unknown namespace is answered with CMPI_RC_ERR_INVALID_NAMESPACE, an unknown class with
     // CMPI_RC_ERR_INVALID_CLASS, and a class without a provider, or whose provider lacks the
     // interface, with CMPI_RC_ERR_NOT_SUPPORTED. Keys, properties and arguments are typed by the
     // class where they are given as text. Enumerating a class also enumerates the registered

@@ -1,4 +1,4 @@
-// What the host has to tell whoever runs it.
+// Messages of the host to whoever runs it.
 #pragma once
 
 #include <cmpi/cmpi.h>

@@ -17,7 +17,7 @@ struct Status {
     bool IsOk() const { return code == CMPI_RC_OK; }
 };
 
-// A status on its way to whoever asked: thrown below a CMPI function or a request, never past it.
+// A status as an exception: thrown below a CMPI function or a request, never through it.
 class Failure : public std::exception {
 public:
     explicit Failure(Status outcome) : status(std::move(outcome)) {}
@@ -28,7 +28,7 @@ public:
     const Status status;
 };
 
-// Makes the answer to a request: `ask` fills it in, and a failure becomes its status.
+// Creates the answer to a request: `ask` fills it in, and a failure becomes its status.
 template <class Answer, class Ask>
 Answer Answered(const Ask& ask) {
     Answer answer{};

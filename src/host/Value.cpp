@@ -24,7 +24,7 @@ std::string RealText(double real) {
     return {std::begin(buffer), end};
 }
 
-// The text of a key's value in an object path. NULL reads as empty text, as CIM servers write it.
+// The text of a key's value in an object path. NULL becomes an empty text, as in other CIM servers.
 struct KeyText {
     std::string operator()(std::monostate) const { return Quoted(""); }
     std::string operator()(bool flag) const { return flag ? "true" : "false"; }

@@ -55,8 +55,8 @@ struct Instance {
     ObjectPath path;
     std::vector<NamedValue> properties;  // in class order
 
-    // Where a provider and the class disagree, for those who check a module against its schema:
-    // what it could not set, each a sentence, and the properties that it did not even set to NULL.
+    // Differences between provider and class, for checks of a module against its schema: failed
+    // assignments, a sentence each, and the properties that were not even set to NULL.
     std::vector<std::string> refused = {};
     std::vector<std::string> untouched = {};
 };

@@ -1,4 +1,4 @@
-// What stands behind a broker's handle.
+// The data behind a broker's handle.
 #pragma once
 
 #include <cmpi/cmpi.h>

@@ -10,8 +10,7 @@
 
 namespace host {
 
-// What the host has to know about an interface: the registration type that promises it, and the
-// last part of its factory's name.
+// The host's view of an interface: its registration type, and the last part of its factory's name.
 template <class Interface>
 struct InterfaceKind;
 

@@ -24,7 +24,7 @@ public:
     // The function of that name, or null.
     void* Find(const std::string& function) const;
 
-    // From now on the module stays in the process, because one of its interfaces asks for it.
+    // Keeps the module in the process from now on, because one of its interfaces asks for it.
     void KeepLoaded() { mayUnload = false; }
 
 private:

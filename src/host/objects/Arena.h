@@ -8,7 +8,7 @@
 
 namespace host {
 
-// What every CMPI object is behind its handle.
+// The common base of the objects behind CMPI handles.
 class ObjectBase {
 public:
     ObjectBase() = default;

@@ -12,7 +12,7 @@ CMPIString* MakeText(const std::string& text) noexcept {
     try {
         return Make<CMPIString>(text);
     } catch (const std::exception&) {
-        return nullptr;  // out of memory: the code alone must do
+        return nullptr;  // out of memory: only the code is left
     }
 }
 

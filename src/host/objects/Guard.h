@@ -7,11 +7,11 @@
 
 namespace host {
 
-// Sets a status that a provider handed in, which may be null. The text becomes an object of the
+// Sets a status that a provider passed, which may be null. The text becomes an object of the
 // current request; without a request there is none.
 void Report(CMPIStatus* rc, const Status& status) noexcept;
 
-// Turns the exception under way into a status and returns its code.
+// Turns the current exception into a status and returns its code.
 CMPIrc ReportException(CMPIStatus* rc) noexcept;
 
 // What a table entry returns when it failed: null, zero, or data whose state says why.

@@ -131,7 +131,7 @@ InstanceData Imported(const ClassRepository& classes, const Instance& instance);
 // The instance as plain data: the properties that it shows, and its path with the keys.
 Instance Exported(const InstanceData& data);
 
-// The instance's path: its name space and class, and the key properties that are not NULL.
+// The instance's path: its namespace and class, and the key properties that are not NULL.
 ObjectPath PathOf(const InstanceData& data);
 
 }  // namespace host

@@ -28,7 +28,7 @@ bool CanHold(const PropertyInfo& end, const ClassInfo& source, const std::string
 void RequireFilterClasses(const ClassRepository& classes, const AssociationQuery& query);
 
 // The registered association classes whose references can hold the source and such another end.
-// Throws Failure for an unknown name space or class.
+// Throws Failure for an unknown namespace or class.
 std::vector<Target> AssociationTargets(const Router& router, const AssociationQuery& query);
 
 // True when the link, an instance of the association class, holds the source in the wanted role.

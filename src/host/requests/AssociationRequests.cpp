@@ -45,7 +45,7 @@ public:
 private:
     InstanceRequests& instances;
     const ContextEntries& context;
-    std::map<std::string, std::vector<Instance>> enumerated;  // by folded name space and class
+    std::map<std::string, std::vector<Instance>> enumerated;  // by folded namespace and class
 };
 
 ProviderCall CallOf(const Router& router, const ContextEntries& context, const Target& target,

@@ -21,7 +21,7 @@ public:
         : router(requestRouter), providers(table) {}
 
     // Calls the method of an instance or class. Arguments of a method that the class has are typed
-    // by it; other methods reach the provider as they are, which knows best. Throws Failure.
+    // by it; other methods reach the provider untyped, which decides. Throws Failure.
     MethodAnswer Invoke(const ContextEntries& context, const ObjectPath& path,
                         const std::string& method, const std::vector<NamedValue>& arguments);
 

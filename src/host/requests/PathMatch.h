@@ -9,8 +9,8 @@
 
 namespace host {
 
-// True when name space, class and keys are the same: names in any letter case, integers by value,
-// strings exactly. A path without a name space lies in the other's, and a key that is missing, NULL
+// True when namespace, class and keys are the same: names in any letter case, integers by value,
+// strings exactly. A path without a namespace lies in the other's, and a key that is missing, NULL
 // or an empty text is the same, because servers write a NULL key as empty text.
 bool SameObject(const ObjectPath& a, const ObjectPath& b);
 

@@ -7,7 +7,7 @@ namespace host {
 
 namespace {
 
-// The provider's own text; where it gave none, one that at least names it and the code.
+// The provider's own text; if there is none, one that names provider and code.
 std::string TextOf(const CMPIStatus& status, const std::string& provider) {
     if (status.msg) return Data(status.msg);
     return "The provider '" + provider + "' answered with code " + std::to_string(status.rc) +

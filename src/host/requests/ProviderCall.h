@@ -20,7 +20,7 @@ using ContextEntries = std::vector<NamedValue>;
 // The properties that a request asks for; null for all.
 using PropertyList = const std::vector<std::string>*;
 
-// The context of a client's request in a name space.
+// The context of a client's request in a namespace.
 ContextEntries ClientContext(const std::string& nameSpace);
 
 class ProviderCall {
@@ -38,7 +38,7 @@ public:
     // What the provider returned.
     std::vector<Value>& Values() const;
 
-    // The same as objects of one kind. A path without a name space gets the request's.
+    // The same as objects of one kind. A path without a namespace gets the request's.
     std::vector<Instance> Instances(const std::string& nameSpace) const;
     std::vector<ObjectPath> Paths(const std::string& nameSpace) const;
 

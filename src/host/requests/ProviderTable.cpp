@@ -7,7 +7,7 @@ namespace {
 
 constexpr const char* kNoNameSpace = "";
 
-// Marks what is under way, until the scope ends in whatever way.
+// Marks work in progress until the scope ends, even by an exception.
 class Marked {
 public:
     explicit Marked(bool& flag) : mark(flag) { mark = true; }

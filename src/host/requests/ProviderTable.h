@@ -24,7 +24,8 @@ public:
     template <class Interface>
     Interface& Get(const std::string& provider);
 
-    // Tells every interface that the host ends. A module that wants to stay in the process stays.
+    // Calls the cleanup of every interface. A module that refuses to be unloaded stays in the
+    // process.
     void CleanUp();
 
 private:

@@ -10,7 +10,7 @@ namespace host {
 
 namespace {
 
-// The keys in the types of the class; what does not fit is left to the provider to judge.
+// The keys in the types of the class; the provider judges values that do not fit.
 std::vector<NamedValue> TypedKeys(const ClassInfo& cls, std::vector<NamedValue> keys) {
     for (NamedValue& key : keys)
         if (const PropertyInfo* const property = cls.FindProperty(key.name))

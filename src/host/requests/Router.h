@@ -1,4 +1,4 @@
-// Finds who serves a request.
+// Finds the providers that serve a request.
 #pragma once
 
 #include <host/Message.h>
@@ -27,7 +27,7 @@ public:
 
     const ClassRepository& Classes() const { return classes; }
 
-    // The class that the path names. Throws Failure for an unknown name space or class.
+    // The class that the path names. Throws Failure for an unknown namespace or class.
     const ClassInfo& ClassOf(const ObjectPath& path) const;
 
     // The path's own class, if its provider has an interface of that type. Throws Failure.
@@ -37,10 +37,10 @@ public:
     // Throws Failure when there are none.
     std::vector<Target> WithSubclasses(const ObjectPath& classPath) const;
 
-    // The class in that name space, or a target without registration.
+    // The class in that namespace, or a target without registration.
     Target Registered(const ClassInfo& cls, const std::string& nameSpace) const;
 
-    // Every class that is registered in that name space.
+    // Every class that is registered in that namespace.
     std::vector<Target> All(const std::string& nameSpace) const;
 
 private:

@@ -1,4 +1,4 @@
-// Finds what has a name, in any letter case.
+// Finds an element by name, in any letter case.
 #pragma once
 
 #include <mof/Names.h>

@@ -19,7 +19,7 @@ namespace cimple {
 
 struct Array_Rep;
 
-// What is done with one element of an array.
+// The operations on one element of an array.
 struct Array_Traits {
     Array_Rep* empty;  // the representation of every array without elements
     std::size_t size;  // of an element, in bytes

@@ -29,7 +29,7 @@ public:
     }
 };
 
-// Answers no question about associations.
+// Supports no association operation.
 template <class T>
 class Default_Association_Operations {
 public:

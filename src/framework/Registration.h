@@ -5,7 +5,7 @@
 
 namespace cimple {
 
-// What a provider is asked to do; the arguments of each are told in dispatch.h.
+// The operations of a provider; dispatch.h lists the arguments of each.
 enum Operation : int {
     OPERATION_GET_META_CLASS = 0,
     OPERATION_CREATE_PROVIDER = 1,

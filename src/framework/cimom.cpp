@@ -33,7 +33,7 @@ Instance_Ptr read_element(const Meta_Repository* repository, const CMPIData& ele
     return isInstance ? read_instance(repository, nullptr, element.value.inst) : nullptr;
 }
 
-// A status says that there is no more, or that the answer breaks off.
+// The status is the end of the answer, or its premature end.
 bool has_next(const CMPIEnumeration* enumeration) {
     CMPIStatus status{CMPI_RC_OK, nullptr};
     const bool hasNext = enumeration->ft->hasNext(enumeration, &status) != 0;

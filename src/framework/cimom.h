@@ -19,7 +19,7 @@ namespace cimom {
 // Asks the CIM server for all instances of the model's class. Returns 0 and fills the enumerator,
 // or a CMPI return code and leaves it empty: outside of a request, when the server refuses, when
 // its answer breaks off, and when that holds a value that does not fit its property. An instance of
-// a class that the model's repository lacks comes as a bare Instance that has only its name space.
+// a class that the model's repository lacks comes as a bare Instance that has only its namespace.
 int enum_instances(const String& nameSpace, const Instance* model, Instance_Enumerator& enumerator);
 
 }  // namespace cimom

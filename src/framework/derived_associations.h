@@ -5,7 +5,8 @@
 
 namespace cimple {
 
-// `wanted` is asked at each such request, from several threads at once; null, as at first: never.
+// `wanted` is asked at each such request, from several threads concurrently; null, as at first:
+// never.
 void derive_associations_if(bool (*wanted)());
 
 bool associations_are_derived();

@@ -9,7 +9,7 @@ namespace cimple {
 
 namespace {
 
-// The class of instances whose own class nobody here knows.
+// The class of instances whose own class is unknown here.
 constexpr Meta_Class kBareClass = {"Instance",
                                    0,
                                    nullptr,
@@ -74,7 +74,7 @@ void for_each_key(const CMPIObjectPath* path, Set set) {
     }
 }
 
-// A key that the class does not have is passed over: the server may know a newer class.
+// A key that the class does not have is ignored: the server may have a newer class.
 void set_keys(Instance& instance, const CMPIObjectPath* path) {
     for_each_key(path, [&](const char* name, const CMPIData& data) {
         const Meta_Feature* const feature = find_feature(*instance.meta_class, name);

@@ -19,8 +19,8 @@ bool is_wanted(const Meta_Feature& feature, Property_List properties) {
     return *properties != nullptr;
 }
 
-// Tells the server what the client wants, so that it adds no default values of other properties.
-// A server without filters takes what it gets.
+// Passes the client's property filter to the server, so that it adds no default values of other
+// properties. Servers without filters ignore it.
 void set_filter(const CMPIInstance* target, const Instance& instance, Property_List properties) {
     if (properties == nullptr || target->ft->setPropertyFilter == nullptr) return;
     std::vector<const char*> keys;

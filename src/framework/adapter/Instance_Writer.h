@@ -13,7 +13,7 @@ using Property_List = const char**;
 
 class Instance_Writer {
 public:
-    // An instance without a name space of its own is given that of the request.
+    // An instance without a namespace of its own is given that of the request.
     Instance_Writer(const CMPIBroker& serverBroker, std::string requestNameSpace);
 
     // The complete path with every key that has a value.

@@ -10,8 +10,8 @@ namespace cimple {
 // restored afterwards.
 class Request_Scope {
 public:
-    // `handler` tells providers apart. Throws Request_Error when the thread is already handling
-    // a request of the same provider: waiting for it would never end.
+    // `handler` tells providers apart. Throws Request_Error when the thread is already handling a
+    // request of the same provider: waiting for it would deadlock.
     Request_Scope(const void* handler, const CMPIBroker* broker, const CMPIContext* context);
     Request_Scope(const Request_Scope&) = delete;
     Request_Scope& operator=(const Request_Scope&) = delete;

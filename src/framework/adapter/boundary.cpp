@@ -8,7 +8,7 @@ namespace cimple {
 
 namespace {
 
-// Without the broker's help there is no text; the code still reaches the client.
+// Without the broker there is no text, but the code still reaches the client.
 CMPIString* make_text(const CMPIBroker* broker, const std::string& text) {
     if (broker->eft == nullptr || broker->eft->newString == nullptr) return nullptr;
     CMPIStatus status{CMPI_RC_OK, nullptr};

@@ -5,7 +5,7 @@
 
 namespace cimple {
 
-// What is being done, for error texts.
+// The operation in progress, for error texts.
 struct Operation_Name {
     const char* provider;
     const char* operation;

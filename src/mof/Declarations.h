@@ -1,4 +1,4 @@
-// What has been declared so far, and whether the next declaration may stand behind it.
+// The declarations so far, and checks of the next one against them.
 #pragma once
 
 #include <mof/Model.h>
@@ -10,7 +10,7 @@
 
 namespace mof {
 
-// More superclasses than any model has; it keeps the work for each property of a class small.
+// More superclasses than any model has; the limit keeps the work for each property small.
 constexpr std::size_t kMaxSuperClasses = 64;
 
 class Declarations {
@@ -20,8 +20,8 @@ public:
     void AddQualifier(QualifierDeclaration declaration, const Place& place);
     void AddClass(Class cls, const Place& place);
 
-    // These throw Error: a class must stand behind its superclass and behind the classes that it
-    // refers to (itself excepted).
+    // These throw Error: a class must follow its superclass and the classes that it refers to
+    // (except itself).
     void CheckSuperClass(const Class& cls, const Place& place) const;
     void CheckReference(const Class& cls, const std::string& member, const TypeName& type,
                         const Place& place) const;

@@ -26,7 +26,7 @@ bool AllAre(std::string_view digits, Predicate isDigit) {
     return !digits.empty() && std::all_of(digits.begin(), digits.end(), isDigit);
 }
 
-// The digits of an integer literal without its sign, or nothing when it is no integer.
+// The digits of an integer literal without its sign; nothing if it is not an integer.
 std::optional<IntegerDigits> SplitInteger(std::string_view unsignedSpelling) {
     const std::string_view text = unsignedSpelling;
     if (text.starts_with("0x") || text.starts_with("0X")) {
@@ -64,7 +64,7 @@ std::optional<Scalar> IntegerValue(const IntegerDigits& integer, bool negative) 
     return magnitude;
 }
 
-// MOF wants digits behind the point; from_chars alone would also take "inf", "nan" and "1.".
+// MOF requires digits after the point; from_chars alone would also accept "inf", "nan" and "1.".
 bool IsReal(std::string_view text) {
     const std::size_t point = text.find('.');
     return point != std::string_view::npos && point + 1 < text.size() && IsDigit(text[point + 1]) &&

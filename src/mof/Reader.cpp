@@ -10,8 +10,8 @@ namespace mof {
 
 namespace {
 
-// Far more than a schema needs; they end what would never end (a file that includes itself, a
-// device) with a message.
+// Far more than a schema needs; they stop endless input (a file that includes itself, a device)
+// with an error.
 constexpr std::size_t kMaxFiles = 100;
 constexpr std::size_t kMaxFileBytes = 4 * 1024 * 1024;
 

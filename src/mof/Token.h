@@ -1,4 +1,4 @@
-// What MOF texts consist of.
+// The tokens of MOF texts.
 #pragma once
 
 #include <mof/Model.h>

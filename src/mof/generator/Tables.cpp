@@ -8,7 +8,7 @@ namespace mof {
 
 namespace {
 
-// What the entry of a class and that of a method's record differ in.
+// The differences between the entries of a class and of a method's record.
 struct TableEntry {
     std::string cppClass;
     std::string name;

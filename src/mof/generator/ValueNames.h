@@ -14,7 +14,7 @@ struct NamedValue {
 };
 
 // In the order of the qualifiers; ranges ("11..32767") have no name. Empty for a property without
-// both qualifiers. Throws std::runtime_error when they do not match or a name is no identifier.
+// both qualifiers. Throws std::runtime_error when they do not match or a name is not an identifier.
 std::vector<NamedValue> NamedValues(const Property& property);
 
 }  // namespace mof

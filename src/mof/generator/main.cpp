@@ -1,4 +1,4 @@
-// mofgen: makes from MOF what the build needs of it.
+// mofgen: generates from MOF what the build needs.
 #include <mof/Reader.h>
 #include <mof/generator/ClassHeader.h>
 #include <mof/generator/OutputFile.h>
@@ -27,7 +27,7 @@ void WriteClasses(const mof::Schema& schema, const std::filesystem::path& output
     mof::WriteIfChanged(folder / "Tables.cpp", mof::Tables(schema));
 }
 
-// What a server's administrator registers the module with.
+// The files with which a server's administrator registers the module.
 void WriteServerFiles(const mof::Schema& schema, const std::filesystem::path& folder) {
     mof::WriteIfChanged(folder / "bmci2c.reg", mof::Registrations(schema));
     mof::WriteIfChanged(folder / "bmci2c-pegasus.mof",
@@ -35,7 +35,7 @@ void WriteServerFiles(const mof::Schema& schema, const std::filesystem::path& fo
     mof::WriteIfChanged(folder / "bmci2c-published.mof", mof::PublishedMof(schema));
 }
 
-// What the module makes its registrations, dispatch procedures and factories from.
+// The list from which the module makes its registrations, dispatch procedures and factories.
 void WriteProviderList(const mof::Schema& schema, const std::filesystem::path& outputFolder) {
     const auto folder = outputFolder / "module";
     mof::WriteIfChanged(folder / "provider_list.h", mof::ProviderList(schema));

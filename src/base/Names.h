@@ -1,4 +1,4 @@
-// What the module and its files are called, for the module itself and for those who look for it.
+// Names of the module and its files, for the module itself and for programs that look for it.
 #pragma once
 
 namespace base {

@@ -5,8 +5,7 @@
 #include <string>
 #include <utility>
 
-// what() is that of the base class, which CIM clients know; line and index are for those who fix
-// the catalog.
+// what() is that of the base class, which CIM clients know; line and index help to fix the catalog.
 class IndexError : public boost::bad_lexical_cast {
 public:
     IndexError(int catalogLine, std::string indexText)

@@ -248,8 +248,8 @@ void TBmcI2cXMLParser::EndMachine() {
 
 void TBmcI2cXMLParser::AddProperties() {
     const TXMessage message = workMessage;
-    // Only a caller's mistake leads here, no catalog does: in well-formed XML a machine starts
-    // before it ends. The process of the CIM server must survive it, so no assertion ends it.
+    // Only a caller's mistake leads here, never a catalog: in well-formed XML a machine starts
+    // before it ends. Throws instead of asserting, because the CIM server's process must survive.
     if (currentMachine == nullptr) {
         throw std::logic_error("No machine was opened that could take the properties: px != 0");
     }
@@ -326,7 +326,7 @@ unsigned int TBmcI2cXMLParser::PropertyNumber() const {
     return *number;
 }
 
-// --- Helpers for catalog readers; reading the catalog itself does without them. ---
+// --- Helpers for catalog readers; not used for reading the catalog itself. ---
 
 unsigned int TBmcI2cXMLParser::HexCast(std::string digits) {
     std::istringstream input("0x" + digits);

@@ -4,9 +4,9 @@
 //     parser.Parse(text, length);
 //     for (const boost::shared_ptr<TMachine>& machine : parser.GetMachineList()) { ... }
 //
-// What is wrong in a catalog is logged with its line at severity 0, and reading goes on. A message
-// number that is not decimal throws IndexError; the machines read until then stay. One parser
-// reads one file: a second Parse adds to the first.
+// Errors in a catalog are logged with their line at severity 0, and reading continues. A message
+// number that is not decimal throws IndexError; the machines read until then stay. One parser reads
+// one file: a second Parse adds to the first.
 #pragma once
 
 #include <catalog/TMachine.h>
@@ -23,7 +23,7 @@
 
 class TBmcI2cXMLParser : public NQUVZDX20::TXmlParser {
 public:
-    // Learns once whether this is an OEM build: it decides which recommendations are read.
+    // Determines once whether this is an OEM build, which decides which recommendations are read.
     TBmcI2cXMLParser();
     ~TBmcI2cXMLParser() override;
 
@@ -47,12 +47,11 @@ public:
     // machine was opened yet.
     void AddProperties();
 
-    // Reads hexadecimal digits without prefix; 0 when there are none, the largest number when the
-    // digits stand for a larger one.
+    // Reads hexadecimal digits without prefix; 0 if there are none, the largest number on overflow.
     unsigned int HexCast(std::string digits);
 
-    // The position of `wanted` among the first 256 strings; reports an error and gives the number
-    // of all strings when it is not there.
+    // The position of `wanted` among the first 256 strings; if it is missing, reports an error and
+    // returns the number of all strings.
     unsigned int SearchVector(std::string wanted, std::vector<std::string> strings);
 
     // Logs a text with the current line.
@@ -60,10 +59,10 @@ public:
 
 private:
     using Attributes = std::map<std::string, std::string>;
-    // What is done with the value of an attribute, by the attribute's name.
+    // Handlers of attribute values, by the attribute's name.
     using AttributeReaders = std::map<std::string_view, std::function<void(const std::string&)>>;
 
-    // What the two tags of an element do; `onEnd` may be null.
+    // Handlers of an element's two tags; `onEnd` may be null.
     struct Element {
         std::string_view name;
         void (TBmcI2cXMLParser::*onStart)(const std::string& name, const Attributes& attributes);

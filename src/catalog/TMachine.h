@@ -10,7 +10,7 @@ class TMachine {
 public:
     explicit TMachine(std::string machineType);
 
-    // Appends, also what is there already.
+    // Appends, even if it is already in the list.
     void AddMachineType(std::string machineType);
     // In the order in which they were added.
     std::vector<std::string> GetMachineTypes() const { return machineTypes; }

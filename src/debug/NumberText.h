@@ -11,5 +11,5 @@ int GetLenOfInt(int value, int base);
 std::string IntToStr(int value, int base);
 
 // The same for the value cut to 32 bits and taken as signed, so that values with bit 31 set come
-// out empty: callers depend on nothing larger, and none checks for it.
+// out empty: no caller needs a larger value or checks for one.
 std::string UIntToStr(unsigned long value, int base);

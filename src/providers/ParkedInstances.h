@@ -9,7 +9,7 @@
 
 #include <cstddef>
 
-// Null counts as none.
+// Null is ignored.
 void ParkInstance(cimple::Instance_Ptr instance);
 
 // The number of instances parked since the process began.

@@ -19,7 +19,7 @@ public:
     // the completion record: every job reads "OK" and completed.
     static QUVSG_BMCI2C_ConcreteJob* BuildConcreteJob();
 
-    // Breaks the time stamp down into its parts; nothing needs them yet.
+    // Splits the time stamp into its parts; nothing needs them yet.
     bool GetTimeStamp() { return timeStamp.BreakDown(); }
 
 private:

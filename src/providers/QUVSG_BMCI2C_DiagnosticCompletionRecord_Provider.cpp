@@ -14,7 +14,7 @@ static_assert(kCompletionOk == Record::CompletionState_OK);
 static_assert(kCompletionMajorError == Record::CompletionState_MajorError);
 static_assert(kCompletionCriticalError == Record::CompletionState_CriticalError);
 
-// Whether every step passed; no steps are no failure.
+// Whether every step passed; a record without steps has not failed.
 bool AllPassed(const cimple::Array<bool>& results) {
     bool passed = true;
     for (std::size_t i = 0; i < results.size(); ++i) passed = passed && results[i];

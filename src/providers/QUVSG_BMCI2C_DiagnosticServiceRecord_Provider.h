@@ -16,7 +16,7 @@ public:
     // A new instance, owned by the caller, as it is while no test keeps a record.
     static QUVSG_BMCI2C_DiagnosticServiceRecord* BuildDiagServiceRecord();
 
-    // Breaks the time stamp down into its parts; nothing needs them yet.
+    // Splits the time stamp into its parts; nothing needs them yet.
     bool GetTimeStamp() { return timeStamp.BreakDown(); }
 
 private:

@@ -8,8 +8,8 @@
 
 namespace NQUVZDX20 {
 
-// spdlog's levels grow with the gravity, severities shrink with it. A number that is no severity is
-// taken as the nearest one.
+// spdlog's levels increase with severity, severity numbers decrease. Other numbers become the
+// nearest severity.
 spdlog::level::level_enum LevelOf(int severity);
 int SeverityOf(spdlog::level::level_enum level);
 

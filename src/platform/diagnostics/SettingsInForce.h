@@ -1,4 +1,4 @@
-// The settings, with a word to the log when they cannot be read.
+// The settings; logs if they cannot be read.
 #pragma once
 
 #include <platform/settings/Settings.h>

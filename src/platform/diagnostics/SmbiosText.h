@@ -1,4 +1,4 @@
-// What SMBIOS says of this machine, as far as the settings let it.
+// The SMBIOS texts of this machine, unless the settings replace them.
 #pragma once
 
 #include <platform/settings/Settings.h>

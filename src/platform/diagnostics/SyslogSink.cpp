@@ -12,8 +12,8 @@ namespace NQUVZDX20 {
 
 namespace {
 
-// How long a line may wait for a syslog that is behind. While it stays behind, only the first line
-// waits: a syslog that hangs must not hang the server.
+// Timeout for a line if syslog is slow. While it stays slow, only the first line waits: a hanging
+// syslog must not hang the server.
 constexpr timeval kPatience{.tv_sec = 1, .tv_usec = 0};
 
 sockaddr_un SyslogAddress() {

@@ -38,7 +38,7 @@ bool Tokenise(XML_Parser tokeniser, std::string_view document) {
     }
 }
 
-// Why a byte that begins no token is wrong, in the words of somebody who looks at the file.
+// Explains why a byte that begins no token is wrong, for people who look at the file.
 std::string InvalidToken(unsigned char byte) {
     constexpr unsigned char kFirstBeyondAscii = 0x80;
     if (byte < kFirstBeyondAscii) return XML_ErrorString(XML_ERROR_INVALID_TOKEN);

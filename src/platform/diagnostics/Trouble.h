@@ -1,4 +1,4 @@
-// What kept something from being done, for programs and for people.
+// Why something could not be done, for programs and for people.
 #pragma once
 
 #include <string>

@@ -6,7 +6,7 @@
 
 namespace platform {
 
-// No file of settings comes near it; a device that never ends is found out by it.
+// Larger than any settings file; it stops reading an endless device.
 inline constexpr std::size_t kLongestFileText = std::size_t{1} << 20;
 
 // The whole text of a file of at most `longest` bytes. Throws std::system_error, whose code is the

@@ -1,4 +1,4 @@
-// What the settings of a LAN controller can ask for: what FreeIPMI supports.
+// The possible settings of a LAN controller: what FreeIPMI supports.
 #pragma once
 
 #include <cstddef>

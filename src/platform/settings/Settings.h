@@ -114,9 +114,9 @@ Settings ReadSettingsOrProblem(const Variables& chosen = {});
 // wrong controllers.
 std::shared_ptr<const Settings> CurrentSettings();
 
-// Makes these, which could be read, the settings that this process works with: for a program that
-// has read them with choices of its own. Settings that are in use already stay in use where they
-// are: the core logger keeps its sinks.
+// Makes these settings, which must have been readable, those of the process: for a program that has
+// read them with its own choices. Settings that are in use already stay in use where they are: the
+// core logger keeps its sinks.
 void UseSettings(Settings settings);
 
 }  // namespace platform

@@ -1,4 +1,4 @@
-// What is wrong in a settings file, a profile or an environment variable.
+// An error in a settings file, a profile or an environment variable.
 #pragma once
 
 #include <stdexcept>

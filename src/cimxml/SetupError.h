@@ -5,7 +5,7 @@
 
 namespace cimxml {
 
-// what() is a full sentence for whoever starts the server.
+// what() is a full sentence for the user who starts the server.
 class SetupError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;

@@ -54,7 +54,7 @@ void LogQueue::Flush() {
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
 }
 
-// Writes what the descriptor takes at once; false when nothing is left.
+// Writes what the descriptor takes without blocking; false when nothing is left.
 bool LogQueue::WriteSome() {
     std::string block;
     {
@@ -64,17 +64,18 @@ bool LogQueue::WriteSome() {
     }
     if (block.empty()) return false;
     const ssize_t count = ::write(descriptor, block.data(), block.size());
-    const bool isLost = count < 0 && errno != EINTR && errno != EAGAIN;  // nobody will read it
+    const bool isLost = count < 0 && errno != EINTR && errno != EAGAIN;  // no reader is left
     const std::lock_guard lock(mutex);
     waiting.erase(0, isLost ? block.size() : static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
     return true;
 }
 
 // Adds a line on the lines that were lost, once there is room for it.
-void LogQueue::TellLost() {
+void LogQueue::ReportLost() {
     const std::lock_guard lock(mutex);
     if (told == lost || waiting.size() > kMostWaiting / 2) return;
-    waiting += prefix + std::to_string(lost - told) + " log lines were lost: nobody took them.\n";
+    waiting += prefix + std::to_string(lost - told) +
+               " log lines were lost: standard error was not read in time.\n";
     told = lost;
 }
 
@@ -86,7 +87,7 @@ void LogQueue::Run() {
         eventfd_t count = 0;
         if (wanted[0].revents != 0 && ::eventfd_read(wakeUp.Get(), &count) == 0) hasLines = true;
         if (wanted[1].revents == 0) continue;
-        TellLost();
+        ReportLost();
         hasLines = WriteSome();
     }
 }

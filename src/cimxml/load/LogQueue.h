@@ -36,7 +36,7 @@ public:
 private:
     void Run();
     bool WriteSome();
-    void TellLost();
+    void ReportLost();
 
     const int descriptor;
     const std::string prefix;

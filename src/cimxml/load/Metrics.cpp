@@ -53,11 +53,13 @@ std::string Metrics::Text(const std::string& version, std::uint64_t logLinesLost
             page.Sample("requests_total{status=\"" + std::to_string(status) + "\"}",
                         requests[status]);
     page.Counter("wrong_passwords", wrongPasswords, "Requests with a wrong user or password.");
-    page.Counter("log_lines_lost", logLinesLost, "Log lines that nobody took in time.");
+    page.Counter("log_lines_lost", logLinesLost,
+                 "Log lines lost because standard error was not read in time.");
     page.Counter("runs", runs, "Calls of RunDiagnostic that were carried out.");
     page.Gauge("runs_under_way", runsUnderWay, "Calls of RunDiagnostic under way.");
     page.Gauge("runs_waiting", runsWaiting, "Calls of RunDiagnostic that wait for their turn.");
-    page.Counter("runs_refused", runsRefused, "Calls of RunDiagnostic that waited in vain.");
+    page.Counter("runs_refused", runsRefused,
+                 "Calls of RunDiagnostic that timed out waiting for their turn.");
     return page.End();
 }
 

@@ -18,8 +18,8 @@ public:
         bool hasTurn = false;
     };
 
-    // True when it is the ticket's turn at once. Otherwise the ticket waits until `wake` is called,
-    // or Leave() takes it out.
+    // True if it is the ticket's turn immediately. Otherwise the ticket waits until `wake` is
+    // called, or Leave() takes it out.
     bool Ask(Ticket& ticket);
     void Leave(const Ticket& ticket);
 

@@ -15,7 +15,7 @@ namespace {
 namespace asio = boost::asio;
 
 constexpr asio::use_awaitable_t<Executor> kAwaitable;
-constexpr std::chrono::seconds kGoodbyeTime{2};
+constexpr std::chrono::seconds kShutdownTime{2};
 constexpr std::size_t kMostDiscarded = std::size_t{4} << 20;  // bytes discarded before closing
 constexpr std::size_t kTlsBlock = std::size_t{4} << 10;
 constexpr int kRequestTimeout = 408;
@@ -139,7 +139,7 @@ Task<> Connection::Serve() {
 }
 
 Task<> Connection::Refuse() {
-    LimitTime(Clock::now(), kGoodbyeTime);
+    LimitTime(Clock::now(), kShutdownTime);
     co_await Handshake();
     HttpResponse response = TextResponse(
         kUnavailable, "The server has as many connections as it takes. Try again later.");
@@ -231,19 +231,19 @@ Task<bool> Connection::Authenticate(const HttpRequest& head) {
     begun += Clock::now() - start;
     if (!isRight) {
         ++shared.metrics.wrongPasswords;
-        co_await Rest(shared.limits.failurePause);
+        co_await Pause(shared.limits.failurePause);
     }
     co_return isRight;
 }
 
 // Waits, but no longer than until the server stops.
-Task<> Connection::Rest(std::chrono::seconds time) {
+Task<> Connection::Pause(std::chrono::seconds time) {
     if (shared.isStopping) co_return;
-    isResting = true;
+    isPausing = true;
     timer.expires_after(time);
     Failure ignored;
     co_await timer.async_wait(Into(ignored));
-    isResting = false;
+    isPausing = false;
     isTimedOut = false;
     if (isClosed) throw Disconnected();
 }
@@ -312,13 +312,13 @@ Task<HttpResponse> Connection::AnswerRun(const HttpRequest& request) {
 Task<bool> Connection::AwaitRun(Turns::Ticket& ticket) {
     if (shared.runs.IsFree()) co_return shared.runs.Ask(ticket);
     waitsForRun = true;
-    isResting = true;
+    isPausing = true;
     ++shared.metrics.runsWaiting;
     co_await AwaitTurn(shared.runs, ticket, Clock::now() + shared.limits.runWait);
     --shared.metrics.runsWaiting;
-    isResting = false;
+    isPausing = false;
     waitsForRun = false;
-    if (!HasLeft()) co_return ticket.hasTurn && !shared.isStopping;
+    if (!HasDisconnected()) co_return ticket.hasTurn && !shared.isStopping;
     if (ticket.hasTurn) shared.runs.End();
     throw Disconnected();
 }
@@ -394,7 +394,7 @@ Task<> Connection::Send(Outgoing outgoing) {
 Task<> Connection::Finish() {
     isWaiting = true;
     waitingSince = Clock::now();
-    LimitTime(waitingSince, kGoodbyeTime);
+    LimitTime(waitingSince, kShutdownTime);
     hasBegun = true;
     Failure failure;
     if (tls) co_await tls->async_shutdown(Into(failure));

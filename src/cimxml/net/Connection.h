@@ -42,7 +42,7 @@ struct Shared {
     Turns hashes;
     Turns runs;
     std::atomic<bool> isStopping = false;             // also read in the thread pool
-    std::array<char, std::size_t{64} << 10> block{};  // for what a socket gives at once
+    std::array<char, std::size_t{64} << 10> block{};  // a shared read buffer
 };
 
 class Connection : public Guest {
@@ -57,7 +57,7 @@ public:
     void Interrupt() override;
     void CloseNow() override;
     bool HasUnread() const override { return HasEvent(POLLIN); }
-    bool HasLeft() const override { return isClosed || HasEvent(POLLRDHUP); }
+    bool HasDisconnected() const override { return isClosed || HasEvent(POLLRDHUP); }
 
 private:
     Task<> Handshake();
@@ -85,7 +85,7 @@ private:
     void SendAtOnce(Outgoing& outgoing);
     Task<> Send(Outgoing outgoing);
     Task<> Finish();
-    Task<> Rest(std::chrono::seconds time);
+    Task<> Pause(std::chrono::seconds time);
     template <class Work>
     Task<std::invoke_result_t<Work>> OnPool(Work work);
 

@@ -52,13 +52,13 @@ void ConnectionTable::Remove(Guest& guest) {
 void ConnectionTable::Check(Clock::time_point now) {
     for (const auto* list : {&guests, &refused})
         for (Guest* guest : std::list(*list))
-            if (now >= guest->deadline || (guest->waitsForRun && guest->HasLeft()))
+            if (now >= guest->deadline || (guest->waitsForRun && guest->HasDisconnected()))
                 guest->Interrupt();
 }
 
 void ConnectionTable::Stop() {
     for (Guest* guest : std::list(guests)) {
-        if (guest->isResting)
+        if (guest->isPausing)
             guest->Interrupt();
         else if (guest->isWaiting && !guest->hasBegun)
             guest->CloseNow();

@@ -25,14 +25,14 @@ public:
     // True when bytes have come that have not been read.
     virtual bool HasUnread() const = 0;
     // True when the client has closed its side.
-    virtual bool HasLeft() const = 0;
+    virtual bool HasDisconnected() const = 0;
 
     std::string machine;                  // the client's address without the port
     Deadline deadline = Deadline::max();  // when Interrupt() is called
     Clock::time_point waitingSince = {};  // for a request that may be answered
     bool isWaiting = true;                // false while such a request is read and answered
     bool hasBegun = false;                // bytes of that request have come
-    bool isResting = false;               // waits for nothing that the client would send
+    bool isPausing = false;               // waits for nothing that the client would send
     bool waitsForRun = false;             // and gives up when its client leaves
 };
 
@@ -50,11 +50,11 @@ public:
     Admission Admit(Guest& guest);
     void Remove(Guest& guest);
 
-    // Interrupts the guests whose deadline has passed, and those that have left while waiting for a
-    // run.
+    // Interrupts the guests whose deadline has passed, and those that disconnected while waiting
+    // for a run.
     void Check(Clock::time_point now);
 
-    // Closes all idle guests, and interrupts those that are shutting down.
+    // Closes all idle guests, and interrupts those that pause.
     void Stop();
 
     std::size_t Count() const { return guests.size(); }

@@ -16,8 +16,8 @@ struct Client {
     std::shared_ptr<const void> grantedBy;  // the users of that time
 };
 
-// Called from several threads concurrently, for one connection by one thread. The head of a request
-// goes through the functions in their order, until one of them refuses it.
+// Called from several threads concurrently, but for each connection by one at a time. A request's
+// head goes through the functions in this order until one refuses it.
 class HttpHandler {
 public:
     virtual ~HttpHandler() = default;

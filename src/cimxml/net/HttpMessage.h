@@ -17,7 +17,7 @@ struct HttpRequest {
     bool isVersion10 = false;
     Headers headers;
     std::string body = {};
-    bool isLast = false;  // the client wants the connection to end behind it
+    bool isLast = false;  // the client does not want keep-alive
 
     // The header of that name in any letter case, or null.
     const std::string* Header(std::string_view name) const;
@@ -41,7 +41,7 @@ public:
 // A response whose body is the text.
 HttpResponse TextResponse(int status, const std::string& text);
 
-// The response's line and headers as bytes. `isLast`: the connection ends behind it.
+// The response's line and headers as bytes. `isLast`: the connection ends after it.
 std::string HeadOf(const HttpResponse& response, bool isLast);
 
 }  // namespace cimxml

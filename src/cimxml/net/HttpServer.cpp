@@ -17,9 +17,9 @@ namespace {
 namespace asio = boost::asio;
 
 constexpr asio::use_awaitable_t<Executor> kAwaitable;
-constexpr std::chrono::milliseconds kTick{250};  // between looks at the deadlines
+constexpr std::chrono::milliseconds kTick{250};  // poll interval of the deadlines
 constexpr std::chrono::milliseconds kPauseWithoutDescriptors{100};
-constexpr std::size_t kHashes = 2;  // at once; PasswordFile.h bounds the memory of one
+constexpr std::size_t kHashes = 2;  // concurrently; PasswordFile.h bounds the memory of one
 constexpr std::size_t kRuns = 1;
 constexpr std::size_t kLeastReaders = 2;
 
@@ -109,7 +109,7 @@ struct HttpServer::State {
     void Stop() {
         shared.isStopping = true;
         boost::system::error_code ignored;
-        // The listener's own descriptor stays open: nobody is to be put in its queue any more.
+        // The listener's descriptor stays open, so shut it down: it must not queue clients.
         ::shutdown(acceptor.native_handle(), SHUT_RDWR);
         acceptor.close(ignored);
         table.Stop();

@@ -148,7 +148,7 @@ bool RequestParser::TakeHead(std::string& bytes) {
 }
 
 void RequestParser::ParseHead(const std::string& head) {
-    // Beast joins folded headers, which other readers take for a header of their own.
+    // Beast joins folded headers, which other parsers treat as separate headers.
     if (head.find("\r\n ") != std::string::npos || head.find("\r\n\t") != std::string::npos)
         throw HttpError(kBadRequest, "A header is not valid HTTP.");
     auto& parser = state->parser;

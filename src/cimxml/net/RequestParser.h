@@ -1,4 +1,4 @@
-// Takes one HTTP request out of the bytes of a connection, as they come.
+// An incremental parser of one HTTP request.
 #pragma once
 
 #include <cimxml/net/HttpMessage.h>
@@ -17,10 +17,10 @@ public:
     RequestParser(const RequestParser&) = delete;
     RequestParser& operator=(const RequestParser&) = delete;
 
-    // Each removes what it uses from the bytes that have come, and returns true when the line and
-    // headers (then the body) are complete; to be called again with more bytes until then. Both
-    // throw HttpError. Refuses what proxies and clients interpret differently: two lengths, folded
-    // headers, bare line feeds.
+    // Each removes the bytes that it uses, and returns true when the line and headers (then the
+    // body) are complete; to be called again with more bytes until then. Both throw HttpError.
+    // Refuses what proxies and clients interpret differently: two lengths, folded headers, bare
+    // line feeds.
     bool TakeHead(std::string& bytes);
     bool TakeBody(std::string& bytes);
 

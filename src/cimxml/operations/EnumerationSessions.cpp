@@ -38,9 +38,9 @@ std::vector<std::string> TakeFirst(std::deque<std::string>& objects, std::size_t
 }
 
 [[noreturn]] void FailUnknown(const std::string& context) {
-    throw host::Failure(kInvalidEnumerationContext,
-                        "No enumeration is open under the context '" + context +
-                            "'. It may have ended, or nobody pulled within its timeout.");
+    throw host::Failure(kInvalidEnumerationContext, "No enumeration is open under the context '" +
+                                                        context +
+                                                        "'. It may have ended, or timed out.");
 }
 
 }  // namespace

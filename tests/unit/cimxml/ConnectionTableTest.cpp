@@ -16,12 +16,12 @@ public:
     void Interrupt() override { ++interrupted; }
     void CloseNow() override { isClosed = true; }
     bool HasUnread() const override { return hasUnread; }
-    bool HasLeft() const override { return hasLeft; }
+    bool HasDisconnected() const override { return hasDisconnected; }
 
     int interrupted = 0;
     bool isClosed = false;
     bool hasUnread = false;
-    bool hasLeft = false;
+    bool hasDisconnected = false;
 };
 
 class ConnectionTableTest : public testing::Test {
@@ -82,8 +82,8 @@ TEST_F(ConnectionTableTest, GuestsThatAreAnswered_AreNotClosed) {
 TEST_F(ConnectionTableTest, PassedDeadlinesAndLostClientsOfRuns_AreInterrupted) {
     for (Guest* guest : {&a1, &a2, &b1}) table.Admit(*guest);
     a1.deadline = Clock::time_point(5s);
-    a2.waitsForRun = a2.hasLeft = true;
-    b1.hasLeft = true;
+    a2.waitsForRun = a2.hasDisconnected = true;
+    b1.hasDisconnected = true;
     table.Check(Clock::time_point(4s));
     EXPECT_EQ(a1.interrupted + b1.interrupted, 0);
     EXPECT_EQ(a2.interrupted, 1);
@@ -94,7 +94,7 @@ TEST_F(ConnectionTableTest, PassedDeadlinesAndLostClientsOfRuns_AreInterrupted) 
 TEST_F(ConnectionTableTest, Stop_ClosesTheSilentAndWakesTheResting) {
     for (Guest* guest : {&a1, &a2, &b1}) table.Admit(*guest);
     a1.hasBegun = true;
-    a2.isResting = true;
+    a2.isPausing = true;
     table.Stop();
     EXPECT_FALSE(a1.isClosed);
     EXPECT_EQ(a2.interrupted, 1);

@@ -140,7 +140,7 @@ TEST_F(PullOperationsTest, ContextBelongsToItsNameSpace) {
     EXPECT_EQ(ErrorIn(Call("PullInstancePaths", {{"EnumerationContext", context}, Count("1")},
                            "root/interop")),
               "21: No enumeration is open under the context '" + context +
-                  "'. It may have ended, or nobody pulled within its timeout.");
+                  "'. It may have ended, or timed out.");
 }
 
 TEST_F(PullOperationsTest, ClosedEnumeration_CannotBePulled) {

@@ -61,7 +61,7 @@ std::vector<Qualifier> ParseQualifierList(TokenStream& tokens) {
     do {
         const Token name = tokens.ExpectName("the name of a qualifier");
         if (!names.insert(FoldedName(name.spelling)).second) {
-            Fail(name.place, "Qualifier '" + name.spelling + "' stands twice in one list.");
+            Fail(name.place, "Qualifier '" + name.spelling + "' appears twice in one list.");
         }
         qualifiers.push_back({name.spelling, ParseQualifierValue(tokens)});
         SkipFlavors(tokens);

@@ -21,7 +21,7 @@ public:
     bool AtSymbol(char symbol) const;
     bool AtKeyword(std::string_view keyword) const;
 
-    // Takes the symbol or keyword if it comes next, and tells whether it did.
+    // Takes the symbol or keyword if it comes next, and returns whether it did.
     bool Accept(char symbol);
     bool AcceptKeyword(std::string_view keyword);
 

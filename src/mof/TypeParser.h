@@ -9,7 +9,7 @@ namespace mof {
 // has the type. Whether the class exists is not looked at. Throws Error.
 TypeName ParseType(TokenStream& tokens);
 
-// Takes "[]" or "[3]" if it comes next, and tells whether it did. The size itself is not kept.
+// Takes "[]" or "[3]" if it comes next, and returns whether it did. The size itself is not kept.
 bool ParseArrayBrackets(TokenStream& tokens);
 
 }  // namespace mof

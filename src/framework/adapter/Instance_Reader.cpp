@@ -49,7 +49,7 @@ Instance_Ptr read_endpoint(const Instance& owner, const Meta_Feature& feature,
         return read_instance(repository, feature.reference_class, data.value.inst);
     }
     refuse("the value of " + quoted(feature.name) + " of " + owner.meta_class->name +
-           " is no reference.");
+           " is not a reference.");
 }
 
 void set_feature(Instance& instance, const Meta_Feature& feature, const CMPIData& data) {

@@ -13,9 +13,9 @@ namespace cimple {
 // for a key that the class does not have, unless it is null or an empty text.
 Instance_Ptr read_target(const Meta_Class& meta_class, const CMPIObjectPath* path);
 
-// A new instance of the path's class with the path's keys. A class that the repository lacks is
-// stood in for by `declared`, the class that a reference is declared with; when that is null, by a
-// bare Instance. Throws Request_Error when the path's class does not derive from `declared`.
+// A new instance of the path's class with the path's keys. If the repository lacks the class,
+// `declared`, a reference's declared class, is used instead; if that is null, a bare Instance.
+// Throws Request_Error when the path's class does not derive from `declared`.
 Instance_Ptr read_reference(const Meta_Repository* repository, const Meta_Class* declared,
                             const CMPIObjectPath* path);
 

@@ -107,7 +107,7 @@ TEST_F(MethodInterface, ArgumentThatDoesNotFit_IsAnInvalidParameterThatIsNamed) 
               "not fit its type uint8.");
     EXPECT_EQ(to_text(invoke("Swap", args()->with("Neighbour", fake::boolean_data(true)))),
               "4: ACME_Fan_Provider: invokeMethod Swap failed: the value of \"Neighbour\" of Swap "
-              "is no reference.");
+              "is not a reference.");
 }
 
 TEST_F(MethodInterface, ReferenceToAClassUnknownHere_BecomesTheDeclaredClass) {

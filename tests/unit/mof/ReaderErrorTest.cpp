@@ -113,7 +113,7 @@ constexpr BadText kBadTexts[] = {
     {"QualifierValueWithoutEnd", "[D(1] class A { };", "a.mof:1:5: Expected ')' but found ']'."},
     {"FlavorWithoutName", "[D : ] class A { };", "a.mof:1:6: Expected a flavor but found ']'."},
     {"QualifierTwice", "[Key, Abstract, KEY] class A { };",
-     "a.mof:1:17: Qualifier 'KEY' stands twice in one list."},
+     "a.mof:1:17: Qualifier 'KEY' appears twice in one list."},
     {"QualifierDeclarationWithoutScope", "Qualifier Q : string = null;",
      "a.mof:1:28: Expected ',' but found ';'."},
     {"ScopeMisspelled", "Qualifier Q : string, Scop(any);",

@@ -65,7 +65,7 @@ constexpr ControllerKey kSimulatedKeys[] = {
 // A key of a table by its full name: "machine.type".
 std::string Key(const std::string& table, const char* key) { return table + "." + key; }
 
-// The option of the command that sets a variable instead of whoever called it.
+// The command-line option that sets a variable in the caller's place.
 std::string OptionOf(const GlobalOptions& options, const std::string& variable) {
     if (variable == "BMCI2C_CONFIG" && !options.config.empty()) return "--config";
     if (variable == "BMCI2C_ROOT" && !options.root.empty()) return "--root";

@@ -14,7 +14,7 @@ struct Message {
     std::string text;
 };
 
-// Takes messages; may be empty. It is called on the threads of the requests, from several at once.
+// Takes messages; may be empty. It is called on the threads of the requests, concurrently.
 using MessageSink = std::function<void(const Message&)>;
 
 }  // namespace host

@@ -156,7 +156,7 @@ void BMCI2C_Test_Impl::TestControllers(CurrentRun& run) {
         }
         const NQUVZDX20::LogNode linesAreAbout(node);
         ControllerResult& controller = run.result.controllers.at(static_cast<std::size_t>(node));
-        run.Tell(
+        run.Notify(
             [&](RunObserver& observer) { observer.OnController(node, count, controller.address); });
         if (TestController(run, controller) == Next::EndOfRun) {
             return;
@@ -205,7 +205,7 @@ BMCI2C_Test_Impl::Answer BMCI2C_Test_Impl::AskBusStatus(IpmiExchange& exchange,
     if (first != Answer::Delivered || !IsBusy(exchange)) {
         return first;
     }
-    run.Tell([&](RunObserver& observer) { observer.OnBusyPause(controller.node, kPause); });
+    run.Notify([&](RunObserver& observer) { observer.OnBusyPause(controller.node, kPause); });
     unsigned int left = static_cast<unsigned int>(kPause.count());
     while (left > 0 && !run.IsStopped()) {
         left = sleep(left);

@@ -109,7 +109,7 @@ private:
         // Ends the run without a judgement of this controller.
         void Interrupt(ControllerResult& controller);
         template <class Call>
-        void Tell(Call call) const {
+        void Notify(Call call) const {
             if (options.observer != nullptr) call(*options.observer);
         }
     };

@@ -1,4 +1,5 @@
-// What the catalog says about a result on one machine: its own entry goes before the generic one.
+// The catalog's texts for a result on one machine: its own entry takes precedence over the generic
+// one.
 #pragma once
 
 #include <catalog/TMachine.h>

@@ -45,7 +45,7 @@ BMCI2C_Test_Impl::GenerationAnswer BMCI2C_Test_Impl::AskGeneration(const SPMachi
     return {.generation = isSecond ? Generation::Second : Generation::First, .reason = ""};
 }
 
-// The query goes to node 0, whose time it takes.
+// The query goes to node 0 and uses its time.
 BMCI2C_Test_Impl::GenerationAnswer BMCI2C_Test_Impl::DetectGeneration(const CurrentRun& run) {
     if (!isOxcMachine) {
         return {.generation = Generation::None, .reason = ""};

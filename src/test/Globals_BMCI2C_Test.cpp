@@ -12,7 +12,7 @@ constexpr int kInstanceIDs = 1000;
 }  // namespace
 
 Globals_BMCI2C_Test* Globals_BMCI2C_Test::Instance() {
-    // The language guards the initialisation and repeats it at the next call when it throws.
+    // The initialisation is thread-safe, and repeated at the next call if it throws.
     static base::NoDestructor<Globals_BMCI2C_Test> registry;
     return &*registry;
 }

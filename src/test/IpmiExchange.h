@@ -1,4 +1,4 @@
-// One question to a controller and its answer.
+// One request to a controller and its answer.
 //
 //     IpmiExchange exchange(platform::kI2cBusStatus, 250);
 //     if (exchange.SendTo(ControllerOfNode(0, machine), share) &&

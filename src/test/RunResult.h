@@ -102,7 +102,7 @@ struct RunResult {
     std::optional<int> endOfRecord;           // the node that ended the run of a CIM client early
     std::chrono::system_clock::time_point begin;
     std::chrono::system_clock::time_point end;
-    std::chrono::milliseconds elapsed{0};  // by a clock that nobody sets
+    std::chrono::milliseconds elapsed{0};  // by a monotonic clock
     bool interrupted = false;              // stopped from outside
     Verdict verdict = Verdict::NotCompleted;
 };

@@ -23,14 +23,14 @@ Check Good(const std::string& name, const std::string& text);
 Check Warning(const std::string& name, const std::string& text, const std::string& advice);
 Check Bad(const std::string& name, const std::string& text, const std::string& advice);
 
-// A trouble whose first sentence says what is wrong and whose other ones say what to do; `advice`
-// stands in where there are no others.
+// A failed check from a text: its first sentence is the error, the others are the advice; without
+// others, `advice` is.
 Check BadFrom(const std::string& name, const std::string& trouble, const std::string& advice);
 
-// As the trouble says; `advice` stands in where it has none.
+// A failed check from a trouble; `advice` is used if the trouble has none.
 Check BadFrom(const std::string& name, const platform::Trouble& trouble, const std::string& advice);
 
-// What was looked at depends on another check, which has failed.
+// A check that depends on another one, which has failed.
 Check NotExamined(const std::string& name, const std::string& why, const std::string& otherCheck);
 
 // The worst of them; OK when there are none.

@@ -53,7 +53,7 @@ void AddUnexamined(const RunResult& result, Clauses& clauses) {
     for (const ControllerResult& controller : result.controllers) {
         if (controller.outcome != Outcome::Examined) {
             notAtAll.push_back(controller.node);
-        } else if (!IsWhollyExamined(controller) &&
+        } else if (!IsFullyExamined(controller) &&
                    BussesIn(controller, BusState::Unjudged).empty()) {
             inPart.push_back(controller.node);
         }

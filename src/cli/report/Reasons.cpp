@@ -74,7 +74,7 @@ std::string ReasonOf(const ControllerResult& controller) {
 std::string AdviceOf(const ControllerResult& controller) {
     if (controller.trouble && !controller.trouble->advice.empty())
         return controller.trouble->advice;
-    if (IsWhollyExamined(controller) || controller.outcome == Outcome::NotAsked) return "";
+    if (IsFullyExamined(controller) || controller.outcome == Outcome::NotAsked) return "";
     const bool isRecommended = controller.message && !controller.message->recommendations.empty();
     return isRecommended ? "Follow its recommendations above, then run the test again."
                          : "Find out why it was not examined in full, then run the test again.";
@@ -100,7 +100,7 @@ std::string Undelivered(const ControllerResult& controller) {
 
 }  // namespace
 
-bool IsWhollyExamined(const ControllerResult& controller) {
+bool IsFullyExamined(const ControllerResult& controller) {
     return controller.outcome == Outcome::Examined && !controller.trouble &&
            !controller.busses.empty() && BussesIn(controller, BusState::Unjudged).empty();
 }

@@ -12,7 +12,7 @@ namespace cli {
 std::string ShortReason(const ControllerResult& controller);
 
 // True when each of its busses was judged.
-bool IsWhollyExamined(const ControllerResult& controller);
+bool IsFullyExamined(const ControllerResult& controller);
 
 // What is wrong with the run as a whole, then what was not examined or not judged and why, in node
 // order; a paragraph each. `askedAll`: the run went on where that of a CIM client ends.

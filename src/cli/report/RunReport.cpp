@@ -88,7 +88,7 @@ std::string RecordSection(const RunResult& result, const Terminal& terminal) {
 }
 
 bool IsWhole(const RunResult& result) {
-    return !result.controllers.empty() && std::ranges::all_of(result.controllers, IsWhollyExamined);
+    return !result.controllers.empty() && std::ranges::all_of(result.controllers, IsFullyExamined);
 }
 
 std::string Coloured(const std::string& text, Verdict verdict, const Terminal& terminal) {

@@ -15,8 +15,8 @@ namespace NQUVZDX20 {
 
 // Safe from any thread. Opens its sinks at the first line, and again when settings that could not
 // be read have become readable. A sink that cannot be opened is replaced by syslog, which gets a
-// line that says why; a line that cannot be written is lost, which syslog is told once. So Log
-// never fails for a sink's sake.
+// line that says why; a line that cannot be written is lost, which is reported to syslog once. So
+// Log never fails because of a sink.
 class CoreLogger final : public ILogger {
 public:
     CoreLogger();

@@ -34,8 +34,8 @@ public:
     bool IsOxcControllerMachine() override;
     std::optional<Trouble> FamilyTrouble() const override { return familyTrouble; }
 
-    // Every trouble becomes a log line; only std::bad_alloc leaves. The command begins only
-    // within the controller's share.
+    // Troubles are logged; only std::bad_alloc is thrown. The command begins only within the
+    // controller's share.
     bool sendIPMICommand(unsigned char* buffer, int* length, int bufferSize,
                          bool waitForCompletion) override;
 

@@ -41,7 +41,7 @@ Trouble NoControllerTrouble(const Settings& settings,
 // to do.
 std::string NoDeviceText(const std::string& deviceFolder = kDeviceFolder);
 
-// The way that a controller's settings ask for. `node` is the controller's number, from 0.
+// The transport that a controller's settings select. `node` is the controller's number, from 0.
 std::unique_ptr<Transport> MakeTransport(const ControllerSettings& controller, int node);
 
 // The controllers at one moment, and the settings that they were found by.

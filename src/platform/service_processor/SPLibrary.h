@@ -24,8 +24,8 @@ struct SPExchange {
     std::optional<platform::Trouble> trouble;  // why no answer came
 };
 
-// What a run spends on one controller: made when the run turns to it, and handed to every command
-// for its sake.
+// A controller's share of a run's time: created when the run reaches the controller, and passed to
+// every command for it.
 struct SPShare {
     std::chrono::steady_clock::time_point begin;
     const std::atomic<bool>* stop = nullptr;  // commands end early once it is true

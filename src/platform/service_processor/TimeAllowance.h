@@ -18,7 +18,7 @@ constexpr int kShareInLimits = 5;
 
 struct TimeAllowance {
     std::chrono::milliseconds limit;          // how long one request may go unanswered
-    Time end;                                 // nothing is begun later
+    Time end;                                 // no request starts later
     const std::atomic<bool>* stop = nullptr;  // once true, the command ends early
 
     bool IsStopped() const { return stop != nullptr && *stop; }

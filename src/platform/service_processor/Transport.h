@@ -1,4 +1,4 @@
-// One way to one controller.
+// The transport to one controller.
 #pragma once
 
 #include <platform/service_processor/IpmiMessage.h>

@@ -19,15 +19,15 @@ enum class TroubleCode {
     PasswordFile,           // LAN: the password cannot or must not be read
     KeyFile,                // LAN: the key K_G cannot or must not be read
     NameNotFound,           // LAN: the address of the host cannot be found
-    Unreachable,            // LAN: the network says that nobody is there
-    NoAnswer,               // nothing came in time
+    Unreachable,            // LAN: the network reports the address as unreachable
+    NoAnswer,               // timeout
     NoSession,              // LAN: no session is free
     RefusedUser,            // LAN: the controller does not know the user
     RefusedPassword,        // LAN
     RefusedPrivilege,       // LAN: the user may not work at the privilege level
     RefusedAuthentication,  // LAN: protocol, authentication or cipher suite is not offered
     RefusedLogin,           // LAN: the login failed for another reason
-    Busy,                   // the controller is busy, and said so too late to be asked again
+    Busy,                   // the controller is busy, too late for a retry
     Refused,                // a completion code other than 0
     UnusableAnswers,        // cut short, or to another request
     Interrupted,            // the program was told to stop

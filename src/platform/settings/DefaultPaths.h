@@ -1,4 +1,4 @@
-// Where things are when no setting says so.
+// Default locations.
 #pragma once
 
 #include <filesystem>

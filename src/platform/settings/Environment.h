@@ -11,7 +11,7 @@ namespace platform {
 // The value of a variable; nothing when it is not set or empty.
 std::optional<std::string> EnvironmentText(const char* variable);
 
-// The same, but a chosen variable goes before the one of the process.
+// The same, but a chosen variable takes precedence over the one of the process.
 std::optional<std::string> VariableText(const Variables& chosen, const char* variable);
 
 // Applies BMCI2C_ROOT, BMCI2C_LOG and BMCI2C_LOG_LEVEL. Throws SettingsError, whose text begins

@@ -1,4 +1,4 @@
-// How a source of settings goes before another.
+// Precedence between sources of settings.
 #pragma once
 
 #include <platform/settings/Settings.h>

@@ -2,9 +2,9 @@
 // environment (BMCI2C_CONFIG, BMCI2C_ROOT, BMCI2C_SIMULATE, BMCI2C_LOG and BMCI2C_LOG_LEVEL; an
 // empty variable counts as unset).
 //
-// The environment goes before the file, the file before the defaults. A profile that
-// BMCI2C_SIMULATE names is the whole machine: what it says of machine type, BIOS identifier, OXC
-// family, OEM build and controllers goes before the file.
+// The environment takes precedence over the file, the file over the defaults. A profile that
+// BMCI2C_SIMULATE names is the whole machine: its machine type, BIOS identifier, OXC family, OEM
+// build and controllers take precedence over the file.
 //
 // A relative path in the settings file starts at that file's folder, one in the environment at the
 // working directory.
@@ -101,7 +101,7 @@ struct Settings {
 // Variables by name, instead of those of the process.
 using Variables = std::map<std::string, std::string>;
 
-// Reads what the environment names; a variable that was `chosen` goes before the one of the
+// Reads what the environment names; a `chosen` variable takes precedence over the one of the
 // process. Throws SettingsError.
 Settings ReadSettings(const Variables& chosen = {});
 

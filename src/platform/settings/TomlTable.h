@@ -1,4 +1,4 @@
-// A table of a TOML file, read key by key; says exactly what is wrong with it.
+// A table of a TOML file, read key by key; with exact error messages.
 //
 //     platform::TomlTable file = platform::TomlTable::Read("/etc/bmci2c/platform.toml");
 //     if (std::optional<platform::TomlTable> machine = file.Table("machine")) {

@@ -11,7 +11,7 @@ namespace platform {
 
 namespace {
 
-// Different for each command of this process, so that no late answer is taken for another's.
+// Unique for each command of this process, so that no late answer is mistaken for another's.
 long NextMessageId() {
     static std::atomic<long> next = 1;
     return next++;

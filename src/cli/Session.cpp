@@ -51,8 +51,7 @@ std::unique_ptr<host::Host> LoadHost(const Session& session,
     if (session.settings.root.origin == Origin::Default)
         ::setenv("BMCI2C_ROOT", session.settings.root.value.c_str(), 1);
     const auto printErrors = [print = std::move(print)](const host::Message& message) {
-        if (message.severity == CMPI_SEV_ERROR)
-            print(message.component + ": " + message.text);
+        if (message.severity == CMPI_SEV_ERROR) print(message.component + ": " + message.text);
     };
     return std::make_unique<host::Host>(session.files, printErrors);
 }

@@ -141,7 +141,7 @@ def test_class_without_its_prefix_is_told_with_it(good, command):
     result = good(command[0], "DiagnosticService", *command[1:])
     assert result.code == 3
     assert result.err.endswith(
-        "There is no class 'DiagnosticService' in the name space 'root/QUVSD'. Did you mean "
+        "There is no class 'DiagnosticService' in the namespace 'root/QUVSD'. Did you mean "
         f"{SERVICE}? Run 'bmci2c info' to see the classes.\n"
     )
 

@@ -28,7 +28,7 @@ const host::ClassInfo& ClassNamed(const NameSpace& nameSpace, const std::string&
                                   CMPIrc whenUnknown) {
     const host::ClassInfo* const cls = nameSpace.Classes().Find(name);
     if (!cls)
-        throw host::Failure(whenUnknown, "There is no class '" + name + "' in the name space '" +
+        throw host::Failure(whenUnknown, "There is no class '" + name + "' in the namespace '" +
                                              nameSpace.name + "'.");
     return *cls;
 }

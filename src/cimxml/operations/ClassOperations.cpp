@@ -67,9 +67,9 @@ void GetQualifier(const Call& call) {
     const auto* const declaration =
         host::FindByName(call.nameSpace.Classes().Schema().qualifiers, name);
     if (!declaration)
-        throw host::Failure(CMPI_RC_ERR_NOT_FOUND, "There is no qualifier '" + name +
-                                                       "' in the name space '" +
-                                                       call.nameSpace.name + "'.");
+        throw host::Failure(
+            CMPI_RC_ERR_NOT_FOUND,
+            "There is no qualifier '" + name + "' in the namespace '" + call.nameSpace.name + "'.");
     WriteQualifierDeclaration(call.xml, *declaration);
 }
 

@@ -71,7 +71,7 @@ const NameSpace& Operations::NameSpaceOf(const Request& request) const {
     for (const auto& nameSpace : nameSpaces)
         if (mof::SameName(nameSpace->name, request.nameSpace)) return *nameSpace;
     throw host::Failure(CMPI_RC_ERR_INVALID_NAMESPACE,
-                        "There is no name space '" + request.nameSpace + "'.");
+                        "There is no namespace '" + request.nameSpace + "'.");
 }
 
 void Operations::AnswerIntrinsic(const Request& request, const std::string& hostName,

@@ -1,6 +1,6 @@
 #include <framework/adapter/Provider_State.h>
-#include <framework/adapter/interface_tables.h>
 #include <framework/adapter/cmpi_adapter.h>
+#include <framework/adapter/interface_tables.h>
 
 #include <algorithm>
 #include <new>

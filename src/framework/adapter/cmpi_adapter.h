@@ -22,7 +22,8 @@ inline constexpr std::size_t kStaticDataSize = 2048;
 // `staticData` is one block per provider: kStaticDataSize bytes, zero at first, aligned for any
 // type. All interfaces of a provider share it, and with it one provider object, which is created
 // and loaded before its first request. A provider with data members handles one request at a time,
-// one without handles them in parallel. Everything passed must outlive the interfaces. A later broker replaces an earlier one.
+// one without handles them in parallel. Everything passed must outlive the interfaces. A later
+// broker replaces an earlier one.
 int cmpi_adapter(int mark, void* staticData, const Registration* registration,
                  const CMPIBroker* broker, const CMPIContext* context, const char* providerName,
                  int kind, void** result);

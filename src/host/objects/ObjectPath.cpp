@@ -9,7 +9,7 @@ namespace {
 constexpr const char* kKey = "key";
 
 CMPIStatus SetNameSpace(const CMPIObjectPath* op, const char* ns) {
-    return GuardStatus([&] { Data(op).path.nameSpace = Required(ns, "The name space"); });
+    return GuardStatus([&] { Data(op).path.nameSpace = Required(ns, "The namespace"); });
 }
 
 CMPIString* GetNameSpace(const CMPIObjectPath* op, CMPIStatus* rc) {

@@ -20,7 +20,7 @@ std::vector<NamedValue> TypedKeys(const ClassInfo& cls, std::vector<NamedValue> 
 
 [[noreturn]] void FailUnserved(const ObjectPath& path) {
     throw Failure(CMPI_RC_ERR_NOT_SUPPORTED, "No provider serves the class '" + path.className +
-                                                 "' in the name space '" + path.nameSpace + "'.");
+                                                 "' in the namespace '" + path.nameSpace + "'.");
 }
 
 }  // namespace
@@ -34,11 +34,11 @@ const ClassInfo& Router::ClassOf(const ObjectPath& path) const {
                     [&](const Registration& one) { return one.IsIn(path.nameSpace); });
     if (!isServed)
         throw Failure(CMPI_RC_ERR_INVALID_NAMESPACE,
-                      "There is no name space '" + path.nameSpace + "'.");
+                      "There is no namespace '" + path.nameSpace + "'.");
     const ClassInfo* const cls = classes.Find(path.className);
     if (!cls)
         throw Failure(CMPI_RC_ERR_INVALID_CLASS, "There is no class '" + path.className +
-                                                     "' in the name space '" + path.nameSpace +
+                                                     "' in the namespace '" + path.nameSpace +
                                                      "'.");
     return *cls;
 }

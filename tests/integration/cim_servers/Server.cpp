@@ -298,7 +298,7 @@ fake::Path* Server::PathIn(Request& request, const Path& path) const {
 
 void Server::CheckPath(const char* nameSpace, const char* className) {
     if (strcasecmp(nameSpace, personality.nameSpace) != 0)
-        Complain(std::string("A path names the unknown name space '") + nameSpace + "'.");
+        Complain(std::string("A path names the unknown namespace '") + nameSpace + "'.");
     if (classes.Find(className) == nullptr)
         Complain(std::string("A path names the unknown class '") + className + "'.");
 }

@@ -51,7 +51,7 @@ TEST_F(DoctorOfAController, Controller_IsReachedAndNeverSentTheTestsCommand) {
 TEST_F(DoctorOfAController, WrongPassword_IsToldButNotShown) {
     const std::string said =
         OutputOf(BMCI2C_BIN " --config " + WriteSettings("sesame") + " doctor --json");
-    EXPECT_THAT(said, HasSubstr("is not reached: "));
+    EXPECT_THAT(said, HasSubstr(" answers, but does not identify itself: "));
     EXPECT_THAT(said, HasSubstr("password"));
     EXPECT_THAT(said, Not(HasSubstr("sesame")));
 }

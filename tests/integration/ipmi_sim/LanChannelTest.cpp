@@ -5,6 +5,7 @@
 #include <platform/service_processor/lan/LanChannel.h>
 
 #include <cerrno>
+#include <thread>
 
 namespace platform::lan {
 namespace {
@@ -13,6 +14,7 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds kLimit{400};
 constexpr Time kNever = Time::max();
+constexpr auto kPatience = LanChannel::Patience::Long;  // half of the limit
 
 TimeAllowance Allowance(const std::atomic<bool>* stop = nullptr) {
     return {.limit = kLimit, .end = kNever, .stop = stop};
@@ -43,7 +45,8 @@ TEST_F(Channel, AnswerToTheFirstPacketAfterTheSecondOne_IsTaken) {
         [&](ByteView packet) -> std::optional<Flaw> {
             taken.assign(packet.begin(), packet.end());
             return std::nullopt;
-        });
+        },
+        kPatience);
     EXPECT_EQ(sent, 2);
     EXPECT_EQ(taken, Bytes{7});
 }
@@ -64,8 +67,42 @@ TEST_F(Channel, AnswerBehindAnUnusableOne_IsTaken) {
             }
             taken.assign(packet.begin(), packet.end());
             return std::nullopt;
-        });
+        },
+        kPatience);
     EXPECT_EQ(taken, Bytes{9});
+}
+
+// A controller that works one request at a time answers the repetition, then the next request: the
+// second answer comes later than a limit after its request.
+TEST_F(Channel, AnswerToARepetition_RestartsTheWait) {
+    LanChannel channel("127.0.0.1", port, Allowance(), kNever);
+    const auto take = [](ByteView) { return std::nullopt; };
+    int packets = 0;
+    channel.Exchange(
+        [&] {
+            if (++packets == 2) Answer(1);
+            return Bytes{1};
+        },
+        take, kPatience);
+    const auto repetition = controller.Receive();
+    ASSERT_TRUE(repetition);
+
+    std::thread slow([&] {
+        for (const std::uint8_t answer : Bytes{1, 2}) {
+            std::this_thread::sleep_for(kLimit * 3 / 4);
+            controller.Send(repetition->from, Bytes{answer});
+        }
+    });
+    int sent = 0;
+    EXPECT_NO_THROW(sent = channel.Exchange([] { return Bytes{2}; },
+                                            [](ByteView packet) {
+                                                return packet.front() == 2
+                                                           ? std::nullopt
+                                                           : std::optional(Flaw::Late);
+                                            },
+                                            kPatience));
+    slow.join();
+    EXPECT_GE(sent, 1);
 }
 
 TEST_F(Channel, NothingUsable_IsSilenceThatCountsWhatCame) {
@@ -77,7 +114,7 @@ TEST_F(Channel, NothingUsable_IsSilenceThatCountsWhatCame) {
                 if (++packets > 1) Answer(1);
                 return Bytes{1};
             },
-            [](ByteView) { return Flaw::Command; });
+            [](ByteView) { return Flaw::Command; }, kPatience);
         FAIL() << "an answer was taken";
     } catch (const NoResponse& noResponse) {
         EXPECT_EQ(noResponse.unusable.InWords(), "1 answer to another command");
@@ -90,7 +127,7 @@ TEST_F(Channel, PortWithoutAListener_IsSilenceWithTheReason) {
     const std::uint16_t closedPort = LoopbackSocket().BindAnyPort();
     LanChannel channel("127.0.0.1", closedPort, Allowance(), kNever);
     try {
-        channel.Exchange([] { return Bytes{1}; }, [](ByteView) { return std::nullopt; });
+        channel.Exchange([] { return Bytes{1}; }, [](ByteView) { return std::nullopt; }, kPatience);
         FAIL() << "an answer was taken";
     } catch (const NoResponse& noResponse) {
         EXPECT_EQ(noResponse.networkError, ECONNREFUSED);
@@ -99,8 +136,9 @@ TEST_F(Channel, PortWithoutAListener_IsSilenceWithTheReason) {
 
 TEST_F(Channel, DeadlineThatIsOver_SendsNothing) {
     LanChannel channel("127.0.0.1", port, Allowance(), Now());
-    EXPECT_THROW(channel.Exchange([] { return Bytes{1}; }, [](ByteView) { return std::nullopt; }),
-                 NoResponse);
+    EXPECT_THROW(
+        channel.Exchange([] { return Bytes{1}; }, [](ByteView) { return std::nullopt; }, kPatience),
+        NoResponse);
     EXPECT_FALSE(controller.Receive());
 }
 
@@ -113,7 +151,7 @@ TEST_F(Channel, StopFlag_EndsTheWaiting) {
                 stop = true;
                 return Bytes{1};
             },
-            [](ByteView) { return std::nullopt; });
+            [](ByteView) { return std::nullopt; }, kPatience);
         FAIL() << "an answer was taken";
     } catch (const TransportError& error) {
         EXPECT_EQ(error.AsTrouble().code, "interrupted");

@@ -36,12 +36,12 @@ TEST_F(ClassOperationsTest, ClassNames_OfAClass_AreThoseDirectlyBelow) {
 TEST_F(ClassOperationsTest, UnknownClass_IsAnInvalidClassToEnumerate) {
     for (const char* operation : {"EnumerateClasses", "EnumerateClassNames"})
         EXPECT_EQ(ErrorIn(Call(operation, {Class("T_No")})),
-                  "5: There is no class 'T_No' in the name space 'root/test'.");
+                  "5: There is no class 'T_No' in the namespace 'root/test'.");
 }
 
 TEST_F(ClassOperationsTest, UnknownClass_IsNotFoundToGet) {
     EXPECT_EQ(ErrorIn(Call("GetClass", {Class("T_No")})),
-              "6: There is no class 'T_No' in the name space 'root/test'.");
+              "6: There is no class 'T_No' in the namespace 'root/test'.");
 }
 
 TEST_F(ClassOperationsTest, Class_IsLocalWithQualifiersByDefault) {
@@ -128,7 +128,7 @@ TEST_F(ClassOperationsTest, Qualifier_IsDeclaredWithScopeAndFlavors) {
 
 TEST_F(ClassOperationsTest, UnknownQualifier_IsNotFound) {
     EXPECT_EQ(ErrorIn(Call("GetQualifier", {{"QualifierName", std::string("No")}})),
-              "6: There is no qualifier 'No' in the name space 'root/test'.");
+              "6: There is no qualifier 'No' in the namespace 'root/test'.");
 }
 
 TEST_F(ClassOperationsTest, Qualifiers_AreAllEnumerated) {
@@ -139,7 +139,7 @@ TEST_F(ClassOperationsTest, Qualifiers_AreAllEnumerated) {
 TEST_F(ClassOperationsTest, UnknownNameSpace_IsInvalid) {
     for (const char* operation : {"EnumerateClasses", "EnumerateQualifiers", "GetInstance"})
         EXPECT_EQ(ErrorIn(Call(operation, {}, "root/none")),
-                  "3: There is no name space 'root/none'.");
+                  "3: There is no namespace 'root/none'.");
 }
 
 TEST_F(ClassOperationsTest, OtherOperations_AreNotSupported) {

@@ -34,7 +34,7 @@ TEST_F(InstanceOperationsTest, ClassThatNobodyServes_HasNone) {
 
 TEST_F(InstanceOperationsTest, UnknownClass_IsInvalid) {
     EXPECT_EQ(ErrorIn(Call("EnumerateInstances", {Class("T_No")})),
-              "5: There is no class 'T_No' in the name space 'root/test'.");
+              "5: There is no class 'T_No' in the namespace 'root/test'.");
 }
 
 TEST_F(InstanceOperationsTest, Instance_HasNameAndListedProperties) {
@@ -98,7 +98,7 @@ TEST_F(InstanceOperationsTest, GetInstance_IsTheProvidersAnswer) {
     EXPECT_EQ(ErrorIn(get({"", "T_Element", {{"Name", {CMPI_string, std::string("two")}}}})),
               "6: There is no instance 'root/test:T_Element.Name=\"two\"'.");
     EXPECT_EQ(ErrorIn(get({"", "T_No", {}})),
-              "5: There is no class 'T_No' in the name space 'root/test'.");
+              "5: There is no class 'T_No' in the namespace 'root/test'.");
 }
 
 TEST_F(InstanceOperationsTest, KeyWithoutName_IsTheOnlyOne) {
@@ -207,7 +207,7 @@ TEST_F(InstanceOperationsTest, ClassesAroundAClass_HavePathsOnThisServer) {
 
 TEST_F(InstanceOperationsTest, UnknownClasses_AroundAClass_AreInvalid) {
     EXPECT_EQ(ErrorIn(Call("References", {Class("T_No", "ObjectName")})),
-              "5: There is no class 'T_No' in the name space 'root/test'.");
+              "5: There is no class 'T_No' in the namespace 'root/test'.");
     EXPECT_EQ(
         ErrorIn(Call("References", {Class("T_Thing", "ObjectName"), Class("T_No", "ResultClass")})),
         "4: The association class 'T_No' does not exist.");

@@ -85,7 +85,7 @@ TEST_F(InteropNameSpaceTest, SchemaThatCannotBeRead_IsALoadError) {
                  host::LoadError);
 }
 
-// A name space with one diagnostic service.
+// A namespace with one diagnostic service.
 class ServiceNameSpace : public NameSpace {
 public:
     ServiceNameSpace() : NameSpace("root/service"), classes(mof::ReadFile(INTEROP_SCHEMA)) {}

@@ -48,9 +48,9 @@ TEST_F(MethodCallTest, ProvidersError_IsPassedOn) {
 
 TEST_F(MethodCallTest, UnknownTarget_IsRefused) {
     EXPECT_EQ(ErrorIn(Invoke({"root/none", "T_Thing", {}}, "Echo")),
-              "3: There is no name space 'root/none'.");
+              "3: There is no namespace 'root/none'.");
     EXPECT_EQ(ErrorIn(Invoke({"root/test", "T_No", {}}, "Echo")),
-              "5: There is no class 'T_No' in the name space 'root/test'.");
+              "5: There is no class 'T_No' in the namespace 'root/test'.");
     EXPECT_EQ(ErrorIn(Invoke({"root/test", "T_Widget", {}}, "Echo")),
               "7: The provider of the class 'T_Widget' has no method interface.");
 }

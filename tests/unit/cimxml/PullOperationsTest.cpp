@@ -189,7 +189,7 @@ TEST_F(PullOperationsTest, FailureOfTheProvider_OpensNothing) {
     EXPECT_EQ(ErrorIn(Call("OpenEnumerateInstances", {Class("T_Broken")})),
               "1: The store is locked.");
     EXPECT_EQ(ErrorIn(Call("OpenEnumerateInstances", {Class("T_No")})),
-              "5: There is no class 'T_No' in the name space 'root/test'.");
+              "5: There is no class 'T_No' in the namespace 'root/test'.");
     EXPECT_EQ(ErrorIn(Call("OpenAssociatorInstances", {})),
               "4: The parameter 'InstanceName' is missing.");
 }

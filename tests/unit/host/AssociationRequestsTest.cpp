@@ -205,9 +205,9 @@ TEST_F(AssociationRequestsTest, UnknownFilterClass_IsAnInvalidParameter) {
 TEST_F(AssociationRequestsTest, UnknownSource_IsAnswered) {
     EXPECT_THAT(host.References(PathTo("T_Nothing"), "", "").status,
                 IsFailure(CMPI_RC_ERR_INVALID_CLASS,
-                          "There is no class 'T_Nothing' in the name space 'root/test'."));
+                          "There is no class 'T_Nothing' in the namespace 'root/test'."));
     EXPECT_THAT(host.ReferenceNames({"root/none", "T_Thing", {}}, "", "").status,
-                IsFailure(CMPI_RC_ERR_INVALID_NAMESPACE, "There is no name space 'root/none'."));
+                IsFailure(CMPI_RC_ERR_INVALID_NAMESPACE, "There is no namespace 'root/none'."));
 }
 
 }  // namespace

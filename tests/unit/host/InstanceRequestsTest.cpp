@@ -106,14 +106,14 @@ TEST_F(InstanceRequestsTest, NameSpaceOfTheRequest_ReachesTheInstances) {
 
 TEST_F(InstanceRequestsTest, UnknownNameSpace_IsAnswered) {
     EXPECT_THAT(host.EnumerateInstances({"root/none", "T_Thing", {}}).status,
-                IsFailure(CMPI_RC_ERR_INVALID_NAMESPACE, "There is no name space 'root/none'."));
+                IsFailure(CMPI_RC_ERR_INVALID_NAMESPACE, "There is no namespace 'root/none'."));
     EXPECT_THAT(host.GetInstance({"root/none", "T_Thing", {}}).status,
-                IsFailure(CMPI_RC_ERR_INVALID_NAMESPACE, "There is no name space 'root/none'."));
+                IsFailure(CMPI_RC_ERR_INVALID_NAMESPACE, "There is no namespace 'root/none'."));
 }
 
 TEST_F(InstanceRequestsTest, UnknownClass_IsAnswered) {
     const auto unknown = IsFailure(CMPI_RC_ERR_INVALID_CLASS,
-                                   "There is no class 'T_Nothing' in the name space 'root/test'.");
+                                   "There is no class 'T_Nothing' in the namespace 'root/test'.");
     EXPECT_THAT(host.EnumerateInstances(PathTo("T_Nothing")).status, unknown);
     EXPECT_THAT(host.EnumerateInstanceNames(PathTo("T_Nothing")).status, unknown);
     EXPECT_THAT(host.GetInstance(PathTo("T_Nothing")).status, unknown);
@@ -122,7 +122,7 @@ TEST_F(InstanceRequestsTest, UnknownClass_IsAnswered) {
 TEST_F(InstanceRequestsTest, ClassWithoutProvider_IsAnswered) {
     const auto unserved =
         IsFailure(CMPI_RC_ERR_NOT_SUPPORTED,
-                  "No provider serves the class 'T_Orphan' in the name space 'root/test'.");
+                  "No provider serves the class 'T_Orphan' in the namespace 'root/test'.");
     EXPECT_THAT(host.EnumerateInstances(PathTo("T_Orphan")).status, unserved);
     EXPECT_THAT(host.EnumerateInstanceNames(PathTo("T_Orphan")).status, unserved);
     EXPECT_THAT(host.GetInstance(PathTo("T_Orphan", "x")).status, unserved);
@@ -131,7 +131,7 @@ TEST_F(InstanceRequestsTest, ClassWithoutProvider_IsAnswered) {
 TEST_F(InstanceRequestsTest, ClassRegisteredInAnotherNameSpace_IsNotServed) {
     EXPECT_THAT(host.EnumerateInstances({"root/other", "T_Widget", {}}).status,
                 IsFailure(CMPI_RC_ERR_NOT_SUPPORTED,
-                          "No provider serves the class 'T_Widget' in the name space "
+                          "No provider serves the class 'T_Widget' in the namespace "
                           "'root/other'."));
 }
 
@@ -141,7 +141,7 @@ TEST_F(InstanceRequestsTest, ProviderWithoutInstanceInterface_IsAnswered) {
                           "The provider of the class 'T_MethodOnly' has no instance interface."));
     EXPECT_THAT(host.EnumerateInstances(PathTo("T_MethodOnly")).status,
                 IsFailure(CMPI_RC_ERR_NOT_SUPPORTED,
-                          "No provider serves the class 'T_MethodOnly' in the name space "
+                          "No provider serves the class 'T_MethodOnly' in the namespace "
                           "'root/test'."));
 }
 

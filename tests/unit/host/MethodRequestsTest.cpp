@@ -86,7 +86,7 @@ TEST_F(MethodRequestsTest, ProviderWithoutMethodInterface_IsAnswered) {
 TEST_F(MethodRequestsTest, UnknownClass_IsAnswered) {
     EXPECT_THAT(host.InvokeMethod(PathTo("T_Nothing"), "Echo", {}).status,
                 IsFailure(CMPI_RC_ERR_INVALID_CLASS,
-                          "There is no class 'T_Nothing' in the name space 'root/test'."));
+                          "There is no class 'T_Nothing' in the namespace 'root/test'."));
 }
 
 TEST_F(MethodRequestsTest, ErrorWithText_IsQuoted) {

@@ -32,7 +32,7 @@ TEST_F(ObjectPathObjectTest, NullTexts_AreRefused) {
     InProvider([](const ProviderSide& provider) {
         CMPIObjectPath* const path = provider.NewPath("T_Thing");
         EXPECT_THAT(path->ft->setNameSpace(path, nullptr),
-                    IsError(CMPI_RC_ERR_INVALID_PARAMETER, "The name space is NULL."));
+                    IsError(CMPI_RC_ERR_INVALID_PARAMETER, "The namespace is NULL."));
         EXPECT_THAT(path->ft->setClassName(path, nullptr),
                     IsError(CMPI_RC_ERR_INVALID_PARAMETER, "The class name is NULL."));
         EXPECT_THAT(path->ft->setHostname(path, nullptr),

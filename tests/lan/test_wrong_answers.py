@@ -32,6 +32,7 @@ def test_wrong_answer_in_the_handshake_opens_no_session(runs, name):
 def test_wrong_answers_alone_are_not_judged(runs, name):
     run = runs[name]
     assert_not_delivered(run)
+    assert run.trouble["code"] == "unusable_answers", str(run)
     assert run.peer.answers(Step.COMMAND) > 0
 
 

@@ -54,6 +54,9 @@ struct KeyRoom {
 class RmcpPlusHandshake {
 public:
     RmcpPlusHandshake(const LanAccount& lanAccount, LanChannel& lanChannel);
+    RmcpPlusHandshake(const RmcpPlusHandshake&) = delete;
+    RmcpPlusHandshake& operator=(const RmcpPlusHandshake&) = delete;
+    ~RmcpPlusHandshake();
 
     std::unique_ptr<LanFormat> Run();
 
@@ -84,6 +87,8 @@ private:
     Bytes random;              // of the controller
     Bytes guid;                // of the controller
     bool wasRepeated = false;  // the last step
+    bool isComplete = false;
+    std::uint8_t abortStatus = RMCPPLUS_STATUS_INSUFFICIENT_RESOURCES_TO_CREATE_A_SESSION;
     SecretBytes sessionKey;
     Session20 session;
 };
@@ -102,6 +107,16 @@ RmcpPlusHandshake::RmcpPlusHandshake(const LanAccount& lanAccount, LanChannel& l
                              static_cast<std::uint8_t>(account.controller.cipherSuite),
                              &by.authentication, &by.integrity, &by.confidentiality) < 0) {
         throw Failure(account, kCannotCompute);
+    }
+}
+
+// A handshake that ends early frees the session in the controller.
+RmcpPlusHandshake::~RmcpPlusHandshake() {
+    if (isComplete || session.controllerId == 0) return;
+    try {
+        channel.Send(HandshakePacket(kRakp3.requestType, Proof(abortStatus, {}).All()));
+    } catch (...) {
+        return;  // the controller's own timeout frees it
     }
 }
 
@@ -181,9 +196,7 @@ void RmcpPlusHandshake::CheckController(FiidObject& answer) {
         guid.data(), Size(guid), IPMI_NAME_ONLY_LOOKUP, privilege, User(), UserLength(),
         answer.Get());
     if (check == 1) return;
-    // Frees the session in the controller.
-    channel.Send(HandshakePacket(kRakp3.requestType,
-                                 Proof(RMCPPLUS_STATUS_INVALID_INTEGRITY_CHECK_VALUE, {}).All()));
+    abortStatus = RMCPPLUS_STATUS_INVALID_INTEGRITY_CHECK_VALUE;
     throw Failure(account, check == 0 ? kOtherPassword : kCannotCompute);
 }
 
@@ -255,6 +268,7 @@ std::unique_ptr<LanFormat> RmcpPlusHandshake::Run() {
     OpenSession();
     SwapRandomNumbers();
     ProveOneself();
+    isComplete = true;
     return std::make_unique<Format20>(account, session);
 }
 

@@ -6,7 +6,6 @@
 #include <base/Names.h>
 #include <framework/Instance_Ptr.h>
 #include <framework/cimom.h>
-#include <providers/ParkedInstances.h>
 
 #include <cstddef>
 #include <utility>
@@ -18,6 +17,14 @@ inline constexpr const char* g_szCIMNameSpace = base::kNameSpace;
 // failed enumeration gives none.
 std::vector<cimple::Instance_Ptr> LookUpEndpoints(const cimple::Meta_Class& endpointClass);
 
+// An association that was delivered may still be in use when its provider refills its lists, so
+// dropped endpoints stay allocated: parked in one process-wide list, where leak checkers see them
+// and their growth can be measured. Null is ignored.
+void ParkInstance(cimple::Instance_Ptr instance);
+
+// The number of instances parked since the process began.
+std::size_t ParkedInstanceCount();
+
 template <class Endpoint>
 class EndpointList {
 public:
@@ -26,7 +33,7 @@ public:
     EndpointList& operator=(const EndpointList&) = delete;
     ~EndpointList() { Clear(); }
 
-    // The dropped instances stay allocated (ParkedInstances.h).
+    // The dropped instances stay allocated.
     void Clear() {
         for (cimple::Instance_Ptr& entry : entries) ParkInstance(std::move(entry));
         entries.clear();

@@ -1,6 +1,6 @@
 // The endpoint lists of the computed associations: how they are filled, what fails them, and what
 // they leave behind.
-#include <providers/ParkedInstances.h>
+#include <providers/EndpointList.h>
 #include <schema/QUVSG_BMCI2C_HelpService.h>
 
 #include "AssociationFixture.h"

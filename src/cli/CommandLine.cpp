@@ -112,7 +112,7 @@ void Describe(CLI::App& app, GlobalOptions& options) {
     app.formatter(std::make_shared<HelpFormatter>(StandardOutput().width));
     app.set_version_flag("-V,--version", "bmci2c " BMCI2C_VERSION, "Print the version");
     app.set_help_flag("-h,--help", "Print help; after a command, help for that command");
-    app.fallthrough();  // options of the program may stand after the command, too
+    app.fallthrough();  // global options go before or after the command
     app.require_subcommand(1);
     app.footer(
         "Exit codes of run: 0 passed, 1 a bus has failed, 2 not completed, 3 the run itself "

@@ -1,8 +1,8 @@
 // The header that every CIM instance begins with, and what is done with whole instances.
 //
 // Instances are counted. create and clone give an instance with a count of one; a reference
-// property holds one count of the instance it points to, so that one endpoint may stand in many
-// associations and is freed once.
+// property holds one count of the instance it points to, so that many associations can share
+// one endpoint, which is freed once.
 #pragma once
 
 #include <framework/Meta_Class.h>

@@ -9,7 +9,7 @@
 namespace mof {
 
 enum class TokenKind {
-    Name,    // identifiers and keywords: MOF's keywords are no names only where they matter
+    Name,    // identifiers and keywords: the parser tells keywords from names by their place
     Text,    // a string or character literal; `value` holds the text
     Number,  // `value` holds the number
     Symbol,  // one of { } [ ] ( ) : ; , = $ #

@@ -152,7 +152,7 @@ CALLS = {
     "other-namespace": (
         call(parameters=CLASS, namespace="root/none"),
         "3",
-        "There is no namespace 'root/none'.",
+        "Unknown namespace 'root/none'.",
     ),
 }
 

@@ -56,7 +56,7 @@ private:
     ProtocolError SyntaxError() const {
         if (!IsXmlText(text))
             return {kBadRequest, kNotWellFormed,
-                    "The request holds bytes that are no characters of XML in UTF-8."};
+                    "The request holds bytes that are not characters of XML in UTF-8."};
         return {kBadRequest, kNotWellFormed,
                 "The request is not XML: " +
                     std::string(XML_ErrorString(XML_GetErrorCode(parser.get()))) + ", at byte " +

@@ -1,6 +1,6 @@
 #include <cimxml/codec/ProtocolError.h>
 #include <cimxml/codec/RequestReader.h>
-#include <cimxml/codec/XmlWriter.h>
+#include <cimxml/codec/ResponseDocument.h>
 #include <cimxml/http/CimHandler.h>
 #include <cimxml/http/CimHeaders.h>
 #include <mof/Names.h>
@@ -77,19 +77,10 @@ std::optional<HttpResponse> RefuseForm(const HttpRequest& head) {
 }
 
 std::string RunUnderWayDocument(const Request& request) {
-    XmlWriter xml;
-    xml.Raw("<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n");
-    {
-        const auto cim = xml.Open("CIM", {{"CIMVERSION", "2.0"}, {"DTDVERSION", "2.0"}});
-        const auto message =
-            xml.Open("MESSAGE", {{"ID", request.messageId}, {"PROTOCOLVERSION", "1.0"}});
-        const auto response = xml.Open("SIMPLERSP");
-        const auto call = xml.Open(request.isIntrinsic ? "IMETHODRESPONSE" : "METHODRESPONSE",
-                                   {{"NAME", request.method}});
+    return ResponseDocument(request, [](XmlWriter& xml) {
         xml.EmptyElement("ERROR",
                          {{"CODE", std::to_string(kFailed)}, {"DESCRIPTION", kRunUnderWay}});
-    }
-    return xml.Take();
+    });
 }
 
 HttpResponse CimResponse(const CimHeaders& headers, std::string document) {

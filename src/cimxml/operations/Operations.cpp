@@ -1,3 +1,4 @@
+#include <cimxml/codec/ResponseDocument.h>
 #include <cimxml/codec/ValueWriter.h>
 #include <cimxml/codec/XmlWriter.h>
 #include <cimxml/operations/Call.h>
@@ -48,30 +49,21 @@ Operations::Operations(NameSpaces served) : nameSpaces(std::move(served)) {
 }
 
 std::string Operations::Answer(const Request& request, const std::string& hostName) const {
-    XmlWriter xml;
-    xml.Raw("<?xml version=\"1.0\" encoding=\"utf-8\" ?>\n");
-    {
-        const auto cim = xml.Open("CIM", {{"CIMVERSION", "2.0"}, {"DTDVERSION", "2.0"}});
-        const auto message =
-            xml.Open("MESSAGE", {{"ID", request.messageId}, {"PROTOCOLVERSION", "1.0"}});
-        const auto response = xml.Open("SIMPLERSP");
-        const auto call = xml.Open(request.isIntrinsic ? "IMETHODRESPONSE" : "METHODRESPONSE",
-                                   {{"NAME", request.method}});
+    return ResponseDocument(request, [&](XmlWriter& xml) {
         WriteOutcome(xml, [&](XmlWriter& content) {
             if (request.isIntrinsic)
                 AnswerIntrinsic(request, hostName, content);
             else
                 AnswerExtrinsic(request, content);
         });
-    }
-    return xml.Take();
+    });
 }
 
 const NameSpace& Operations::NameSpaceOf(const Request& request) const {
     for (const auto& nameSpace : nameSpaces)
         if (mof::SameName(nameSpace->name, request.nameSpace)) return *nameSpace;
     throw host::Failure(CMPI_RC_ERR_INVALID_NAMESPACE,
-                        "There is no namespace '" + request.nameSpace + "'.");
+                        "Unknown namespace '" + request.nameSpace + "'.");
 }
 
 void Operations::AnswerIntrinsic(const Request& request, const std::string& hostName,

@@ -14,8 +14,8 @@ namespace cli {
 
 class CatalogReader : public TBmcI2cXMLParser {
 public:
-    // Reads a whole file. An index that is no number is reported and its values are left out; the
-    // parser alone would stop there.
+    // Reads a whole file. An index that is not a number is reported and its values are left out;
+    // the parser alone would stop there.
     void Read(std::string text);
 
     // In the order of reading.

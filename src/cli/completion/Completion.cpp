@@ -127,7 +127,7 @@ private:
 
     const CLI::App& program;
     const CLI::App* command = nullptr;
-    bool isLost = false;  // behind a word that is no command
+    bool isLost = false;  // after an unknown command
     bool takesOptions = true;
     const CLI::Option* awaiting = nullptr;  // the option whose value comes next
     std::vector<std::string> arguments;

@@ -8,8 +8,8 @@
 
 namespace cli {
 
-// The settings file (or that there is none), the profile, the log's file, and the password and k_g
-// files of each controller that has one. Of settings that cannot be read: only why.
+// The settings file (or that it is missing), the profile, the log's file, and the password and k_g
+// files of each controller that has one. If the settings cannot be read, only the reason.
 Checks CheckSettings(const platform::Settings& settings);
 
 // The name of the check of a controller's "password" or "k_g" file.

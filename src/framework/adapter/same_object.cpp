@@ -19,7 +19,7 @@ bool is_same_value(const T& a, const T& b) {
     if constexpr (std::is_arithmetic_v<T>) return a == b;
     if constexpr (std::is_same_v<T, String> || std::is_same_v<T, Datetime>)
         return std::strcmp(a.c_str(), b.c_str()) == 0;
-    return false;  // arrays are no keys
+    return false;  // arrays cannot be keys
 }
 
 enum class Match { empty, same, different };

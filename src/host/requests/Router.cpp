@@ -33,8 +33,7 @@ const ClassInfo& Router::ClassOf(const ObjectPath& path) const {
         std::any_of(registrations.begin(), registrations.end(),
                     [&](const Registration& one) { return one.IsIn(path.nameSpace); });
     if (!isServed)
-        throw Failure(CMPI_RC_ERR_INVALID_NAMESPACE,
-                      "There is no namespace '" + path.nameSpace + "'.");
+        throw Failure(CMPI_RC_ERR_INVALID_NAMESPACE, "Unknown namespace '" + path.nameSpace + "'.");
     const ClassInfo* const cls = classes.Find(path.className);
     if (!cls)
         throw Failure(CMPI_RC_ERR_INVALID_CLASS, "There is no class '" + path.className +

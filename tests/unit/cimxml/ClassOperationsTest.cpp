@@ -139,7 +139,7 @@ TEST_F(ClassOperationsTest, Qualifiers_AreAllEnumerated) {
 TEST_F(ClassOperationsTest, UnknownNameSpace_IsInvalid) {
     for (const char* operation : {"EnumerateClasses", "EnumerateQualifiers", "GetInstance"})
         EXPECT_EQ(ErrorIn(Call(operation, {}, "root/none")),
-                  "3: There is no namespace 'root/none'.");
+                  "3: Unknown namespace 'root/none'.");
 }
 
 TEST_F(ClassOperationsTest, OtherOperations_AreNotSupported) {

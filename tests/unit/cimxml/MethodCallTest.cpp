@@ -48,7 +48,7 @@ TEST_F(MethodCallTest, ProvidersError_IsPassedOn) {
 
 TEST_F(MethodCallTest, UnknownTarget_IsRefused) {
     EXPECT_EQ(ErrorIn(Invoke({"root/none", "T_Thing", {}}, "Echo")),
-              "3: There is no namespace 'root/none'.");
+              "3: Unknown namespace 'root/none'.");
     EXPECT_EQ(ErrorIn(Invoke({"root/test", "T_No", {}}, "Echo")),
               "5: There is no class 'T_No' in the namespace 'root/test'.");
     EXPECT_EQ(ErrorIn(Invoke({"root/test", "T_Widget", {}}, "Echo")),

@@ -141,7 +141,7 @@ TEST(RequestReader, WhatIsNoXml_IsNotWellFormed) {
     EXPECT_EQ(ErrorOf("<CIM><MESSAGE></CIM>").cimError, kNotWellFormed);
     EXPECT_EQ(ErrorOf("<CIM>\xFF</CIM>"),
               (Error{400, kNotWellFormed,
-                     "The request holds bytes that are no characters of XML in UTF-8."}));
+                     "The request holds bytes that are not characters of XML in UTF-8."}));
     EXPECT_EQ(ErrorOf("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><CIM/>"),
               (Error{400, kNotWellFormed, "The request is not encoded in UTF-8."}));
 }
@@ -181,7 +181,7 @@ TEST(RequestReader, BytesThatNoCharacterHas_AreRefused) {
           "\xED\xA0\x80", "\xEF\xBF\xBE", "\xEF\xBF\xBF", "\xF0\x80\x80\x80", "\xF4\x90\x80\x80",
           "\xF8\x88\x80\x80\x80", "\xFF"}) {
         const Error refused{400, kNotWellFormed,
-                            "The request holds bytes that are no characters of XML in UTF-8."};
+                            "The request holds bytes that are not characters of XML in UTF-8."};
         EXPECT_EQ(ErrorOf("<CIM>" + std::string(bytes) + "</CIM>"), refused);
         EXPECT_EQ(ErrorOf("<CIM A=\"" + std::string(bytes) + "\"/>"), refused);
         EXPECT_EQ(ErrorOf("<CIM><!--" + std::string(bytes) + "--></CIM>"), refused);

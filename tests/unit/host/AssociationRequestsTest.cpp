@@ -207,7 +207,7 @@ TEST_F(AssociationRequestsTest, UnknownSource_IsAnswered) {
                 IsFailure(CMPI_RC_ERR_INVALID_CLASS,
                           "There is no class 'T_Nothing' in the namespace 'root/test'."));
     EXPECT_THAT(host.ReferenceNames({"root/none", "T_Thing", {}}, "", "").status,
-                IsFailure(CMPI_RC_ERR_INVALID_NAMESPACE, "There is no namespace 'root/none'."));
+                IsFailure(CMPI_RC_ERR_INVALID_NAMESPACE, "Unknown namespace 'root/none'."));
 }
 
 }  // namespace

@@ -106,9 +106,9 @@ TEST_F(InstanceRequestsTest, NameSpaceOfTheRequest_ReachesTheInstances) {
 
 TEST_F(InstanceRequestsTest, UnknownNameSpace_IsAnswered) {
     EXPECT_THAT(host.EnumerateInstances({"root/none", "T_Thing", {}}).status,
-                IsFailure(CMPI_RC_ERR_INVALID_NAMESPACE, "There is no namespace 'root/none'."));
+                IsFailure(CMPI_RC_ERR_INVALID_NAMESPACE, "Unknown namespace 'root/none'."));
     EXPECT_THAT(host.GetInstance({"root/none", "T_Thing", {}}).status,
-                IsFailure(CMPI_RC_ERR_INVALID_NAMESPACE, "There is no namespace 'root/none'."));
+                IsFailure(CMPI_RC_ERR_INVALID_NAMESPACE, "Unknown namespace 'root/none'."));
 }
 
 TEST_F(InstanceRequestsTest, UnknownClass_IsAnswered) {
